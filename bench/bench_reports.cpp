@@ -1,0 +1,78 @@
+// Times the reader and every built report on the largest history the reports can hold.
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "data/drawings_file.h"
+#include "reports/report_registry.h"
+#include "shell/command_table.h"
+
+namespace {
+
+using namespace numarel;
+
+// A deterministic synthetic history of `count` drawings, as a drawings file's bytes.
+std::string SyntheticFile(int count) {
+    std::string bytes;
+    std::uint32_t state = 12345;
+    for (int i = 0; i < count; ++i) {
+        bytes += std::to_string(1000001 + i);
+        for (int k = 0; k < 3; ++k) {
+            state = state * 1664525u + 1013904223u;
+            bytes += ' ';
+            bytes += static_cast<char>('0' + (state >> 16) % 10);
+        }
+        bytes += "\r\n";
+    }
+    return bytes;
+}
+
+const std::string& LargestFile() {
+    static const std::string bytes = SyntheticFile(static_cast<int>(kMaxDrawings));
+    return bytes;
+}
+
+const std::vector<DrawRecord>& LargestHistory() {
+    static const std::vector<DrawRecord> drawings = ParseDrawings(LargestFile());
+    return drawings;
+}
+
+void BM_ReadDrawings(benchmark::State& state) {
+    for (auto _ : state) {
+        std::vector<DrawRecord> records = ParseDrawings(LargestFile());
+        benchmark::DoNotOptimize(records.data());
+    }
+    state.counters["drawings"] = static_cast<double>(kMaxDrawings);
+}
+BENCHMARK(BM_ReadDrawings)->Unit(benchmark::kMillisecond);
+
+void BM_Report(benchmark::State& state, std::string_view object) {
+    const auto& drawings = LargestHistory();
+    double bytesPerCell = 0;
+    for (auto _ : state) {
+        ReportSheet sheet;
+        BuildReport(object, drawings, sheet);
+        state.PauseTiming();
+        bytesPerCell = static_cast<double>(sheet.MemoryBytes()) /
+                       (static_cast<double>(sheet.Rows()) * sheet.Cols());
+        state.ResumeTiming();
+    }
+    state.counters["bytes_per_cell"] = bytesPerCell;
+}
+
+// Registers one benchmark per built report of the command table.
+const int kRegistered = [] {
+    for (const CommandEntry& e : CommandTable()) {
+        if (e.IsSeparator() || !FindReport(e.report)) continue;
+        std::string name = "BM_Report/" + std::string(e.report);
+        benchmark::RegisterBenchmark(name.c_str(), BM_Report, e.report)
+            ->Unit(benchmark::kMillisecond);
+    }
+    return 0;
+}();
+
+}  // namespace
+
+BENCHMARK_MAIN();

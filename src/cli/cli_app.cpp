@@ -1,0 +1,139 @@
+#include "cli/cli_app.h"
+
+#include <CLI/CLI.hpp>
+#include <fstream>
+#include <ostream>
+#include <sstream>
+
+#include "cli/sheet_format.h"
+#include "data/lottery_catalog.h"
+#include "reports/report_registry.h"
+#include "shell/command_table.h"
+
+namespace numarel {
+namespace {
+
+// Where a command's result goes: standard output, or a file written only when all went well.
+struct Destination {
+    std::string outputFile;
+
+    int Deliver(const std::string& text, std::ostream& out, std::ostream& err) const {
+        if (outputFile.empty()) {
+            out << text;
+            return 0;
+        }
+        std::ofstream file(outputFile, std::ios::binary | std::ios::trunc);
+        if (file) file << text;
+        if (!file) {
+            err << "numarel-cli: cannot write \"" << outputFile << "\"\n";
+            return 1;
+        }
+        return 0;
+    }
+};
+
+std::string ListCommands() {
+    std::ostringstream os;
+    os << "Group\tCaption\tReport\tHelp page\tBuilt\n";
+    for (const CommandEntry& e : CommandTable()) {
+        const GroupButton* group = FindGroup(e.menu);
+        std::string_view groupCaption = group ? group->caption : e.menu;
+        if (e.IsSeparator()) {
+            os << groupCaption << "\t(separator)\t\t\t\n";
+            continue;
+        }
+        os << groupCaption << '\t' << e.caption << '\t' << e.report << '\t' << e.helpPage << '\t'
+           << (FindReport(e.report) ? "yes" : "no") << '\n';
+    }
+    return os.str();
+}
+
+// The drawings file named by --data, or the current lottery of the selection file.
+bool ResolveDataFile(const std::string& data, const ProgramFolder& folder,
+                     std::filesystem::path& path, std::ostream& err) {
+    if (!data.empty()) {
+        path = data;
+        return true;
+    }
+    CurrentLottery current = ResolveCurrentLottery(folder);
+    if (!current.notice.empty()) err << "numarel-cli: " << current.notice << '\n';
+    if (current.drawingsPath.empty()) return false;
+    path = current.drawingsPath;
+    return true;
+}
+
+}  // namespace
+
+int RunCli(int argc, const char* const* argv, const std::filesystem::path& programFolder,
+           std::ostream& out, std::ostream& err) {
+    CLI::App app{"Numarel reports without a window.", "numarel-cli"};
+    app.require_subcommand(1);
+    ProgramFolder folder{programFolder};
+
+    CLI::App* list = app.add_subcommand("list", "Print the command table of the main window");
+
+    std::string object;
+    std::string data;
+    std::string formatName = "text";
+    std::string output;
+    int tail = 30;
+    CLI::App* report = app.add_subcommand("report", "Print the sheet of one report");
+    report->add_option("object", object, "The report's window object, such as frmbjiouhe")
+        ->required();
+    report->add_option("--data", data, "A drawings file instead of the current lottery");
+    report->add_option("--format", formatName, "text, csv, html or json")
+        ->check(CLI::IsMember({"text", "csv", "html", "json"}));
+    report->add_option("--output", output, "Write to this file instead of standard output");
+    report->add_option("--tail", tail, "Drawings shown by the text format")
+        ->check(CLI::NonNegativeNumber);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        out << app.help();
+        return 0;
+    } catch (const CLI::CallForAllHelp&) {
+        out << app.help("", CLI::AppFormatMode::All);
+        return 0;
+    } catch (const CLI::ParseError& e) {
+        err << "numarel-cli: " << e.what() << '\n';
+        return 2;
+    }
+
+    if (*list) {
+        out << ListCommands();
+        return 0;
+    }
+
+    if (*report) {
+        std::filesystem::path path;
+        if (!ResolveDataFile(data, folder, path, err)) return 1;
+        ReportSheet sheet;
+        Status s = RunReport(object, path, sheet);
+        if (!s.ok()) {
+            err << "numarel-cli: " << s.message() << '\n';
+            return 1;
+        }
+        SheetFormat format = SheetFormat::Text;
+        ParseSheetFormat(formatName, format);
+        std::string text;
+        switch (format) {
+            case SheetFormat::Text:
+                text = FormatSheetText(sheet, tail);
+                break;
+            case SheetFormat::Csv:
+                text = FormatSheetCsv(sheet);
+                break;
+            case SheetFormat::Html:
+                text = FormatSheetHtml(sheet, object);
+                break;
+            case SheetFormat::Json:
+                text = FormatSheetJson(sheet, object);
+                break;
+        }
+        return Destination{output}.Deliver(text, out, err);
+    }
+    return 2;
+}
+
+}  // namespace numarel

@@ -1,0 +1,108 @@
+#include "data/basic_text.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+namespace numarel {
+namespace {
+
+bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Parses sign, digits, fraction and exponent from `s` starting at `pos`; returns the length
+// consumed (0 when no digit was seen) and the value.
+std::size_t ParseNumber(std::string_view s, double& value) {
+    std::string buf;
+    std::size_t i = 0;
+    if (i < s.size() && (s[i] == '+' || s[i] == '-')) buf += s[i++];
+    bool digits = false;
+    while (i < s.size() && IsDigit(s[i])) {
+        buf += s[i++];
+        digits = true;
+    }
+    if (i < s.size() && s[i] == '.') {
+        buf += s[i++];
+        while (i < s.size() && IsDigit(s[i])) {
+            buf += s[i++];
+            digits = true;
+        }
+    }
+    if (!digits) return 0;
+    if (i < s.size() && (s[i] == 'e' || s[i] == 'E' || s[i] == 'd' || s[i] == 'D')) {
+        std::size_t j = i + 1;
+        std::string exp = "e";
+        if (j < s.size() && (s[j] == '+' || s[j] == '-')) exp += s[j++];
+        if (j < s.size() && IsDigit(s[j])) {
+            while (j < s.size() && IsDigit(s[j])) exp += s[j++];
+            buf += exp;
+            i = j;
+        }
+    }
+    value = std::strtod(buf.c_str(), nullptr);
+    if (!std::isfinite(value)) value = 0;
+    return i;
+}
+
+}  // namespace
+
+std::string_view Trim(std::string_view text) {
+    std::size_t b = 0, e = text.size();
+    while (b < e && text[b] == ' ') ++b;
+    while (e > b && text[e - 1] == ' ') --e;
+    return text.substr(b, e - b);
+}
+
+double LeadingValue(std::string_view text) {
+    std::string packed;
+    packed.reserve(text.size());
+    for (char c : text)
+        if (!IsSpace(c)) packed += c;
+    double value = 0;
+    if (ParseNumber(packed, value) == 0) return 0;
+    return value;
+}
+
+std::optional<double> WholeNumber(std::string_view text) {
+    std::string_view s = text;
+    while (!s.empty() && IsSpace(s.front())) s.remove_prefix(1);
+    while (!s.empty() && IsSpace(s.back())) s.remove_suffix(1);
+    if (s.empty()) return std::nullopt;
+    double value = 0;
+    std::size_t used = ParseNumber(s, value);
+    if (used == 0 || used != s.size()) return std::nullopt;
+    return value;
+}
+
+short RoundToInt16(double value) {
+    double r = std::nearbyint(value);  // default rounding mode: half to even
+    if (r < std::numeric_limits<short>::min()) return std::numeric_limits<short>::min();
+    if (r > std::numeric_limits<short>::max()) return std::numeric_limits<short>::max();
+    return static_cast<short>(r);
+}
+
+std::optional<short> ToInt16(std::string_view text) {
+    auto value = WholeNumber(text);
+    if (!value) return std::nullopt;
+    double r = std::nearbyint(*value);
+    if (r < std::numeric_limits<short>::min() || r > std::numeric_limits<short>::max())
+        return std::nullopt;
+    return static_cast<short>(r);
+}
+
+std::string NumberToText(double value) {
+    char buf[64];
+    if (value == std::floor(value) && std::fabs(value) < 1e15) {
+        std::snprintf(buf, sizeof buf, "%.0f", value);
+    } else {
+        std::snprintf(buf, sizeof buf, "%.15G", value);
+        // The classic rule writes exponents as E+20, E-05 without padding beyond two digits.
+    }
+    std::string out = buf;
+    if (out == "-0") out = "0";
+    if (!out.empty() && out[0] != '-') out.insert(out.begin(), ' ');
+    return out;
+}
+
+}  // namespace numarel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace numarel {
+
+// Text rules of the classic BASIC runtime that the drawings files and the sheets depend on.
+
+// The number at the start of a text: blanks, tabs and line ends are ignored anywhere, reading
+// stops at the first character that cannot continue a number; no number gives 0.
+double LeadingValue(std::string_view text);
+
+// The value of a text that is wholly a number (blanks around it allowed); nullopt otherwise.
+std::optional<double> WholeNumber(std::string_view text);
+
+// Conversion to a 16-bit signed integer: a whole number, rounded half to even, in range.
+std::optional<short> ToInt16(std::string_view text);
+
+// Rounds half to even and clamps to the 16-bit range, as an assignment to a 16-bit counter.
+short RoundToInt16(double value);
+
+// The standard number-to-text rule: a blank in front of a non-negative number.
+std::string NumberToText(double value);
+
+// Blanks trimmed from both ends.
+std::string_view Trim(std::string_view text);
+
+}  // namespace numarel

@@ -1,0 +1,173 @@
+#include "data/drawings_file.h"
+
+#include <fstream>
+#include <system_error>
+
+#include "data/basic_text.h"
+
+namespace numarel {
+namespace {
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
+
+// A cursor over the bytes that hands out one field at a time.
+class FieldReader {
+public:
+    explicit FieldReader(std::string_view bytes) : s_(bytes) {}
+
+    // End of data: nothing but blanks and line ends remain.
+    bool AtEnd() {
+        while (pos_ < s_.size() && (IsBlank(s_[pos_]) || IsLineEnd(s_[pos_]))) ++pos_;
+        return pos_ >= s_.size();
+    }
+
+    // Reads the next field; false at end of data.
+    bool Next(std::string& field) {
+        if (AtEnd()) return false;
+        field.clear();
+        if (s_[pos_] == '"') {
+            ++pos_;
+            std::size_t close = s_.find('"', pos_);
+            if (close == std::string_view::npos) close = s_.size();
+            field.assign(s_.substr(pos_, close - pos_));
+            pos_ = close < s_.size() ? close + 1 : close;
+            // Anything between the closing quote and the next separator is dropped.
+            while (pos_ < s_.size() && !IsBlank(s_[pos_]) && !IsLineEnd(s_[pos_]) &&
+                   s_[pos_] != ',')
+                ++pos_;
+        } else if (s_[pos_] != ',') {
+            std::size_t start = pos_;
+            while (pos_ < s_.size() && !IsBlank(s_[pos_]) && !IsLineEnd(s_[pos_]) &&
+                   s_[pos_] != ',')
+                ++pos_;
+            field.assign(s_.substr(start, pos_ - start));
+        }
+        // One comma after the field (blanks before it allowed) belongs to this field, so that
+        // two commas in a row make an empty field.
+        std::size_t p = pos_;
+        while (p < s_.size() && IsBlank(s_[p])) ++p;
+        if (p < s_.size() && s_[p] == ',') pos_ = p + 1;
+        return true;
+    }
+
+private:
+    std::string_view s_;
+    std::size_t pos_ = 0;
+};
+
+}  // namespace
+
+std::vector<DrawRecord> ParseDrawings(std::string_view bytes) {
+    std::vector<DrawRecord> records;
+    records.reserve(bytes.size() / 16 + 1);
+    FieldReader reader(bytes);
+    DrawRecord current;
+    while (!reader.AtEnd()) {
+        std::string* fields[4] = {&current.date, &current.h, &current.t, &current.u};
+        for (std::string* field : fields) {
+            std::string value;
+            if (!reader.Next(value)) break;  // a short last record keeps the earlier values
+            *field = std::move(value);
+        }
+        records.push_back(current);
+    }
+    return records;
+}
+
+bool IsEndMarker(const DrawRecord& record) {
+    if (Trim(record.date).empty()) return true;
+    auto value = WholeNumber(record.date);
+    return value && *value == 0;
+}
+
+std::size_t ReportDrawCount(std::span<const DrawRecord> records) {
+    std::size_t n = 0;
+    while (n < records.size() && !IsEndMarker(records[n])) ++n;
+    return n;
+}
+
+Status ReadFileBytes(const std::filesystem::path& path, std::string& bytes) {
+    std::error_code ec;
+    if (!std::filesystem::exists(path, ec))
+        return Status::NotFound("The drawings file \"" + path.string() + "\" does not exist.");
+    if (std::filesystem::is_directory(path, ec))
+        return Status::IoError("\"" + path.string() + "\" is a folder, not a drawings file.");
+    std::ifstream in(path, std::ios::binary);
+    if (!in) return Status::IoError("The file \"" + path.string() + "\" cannot be opened.");
+    in.seekg(0, std::ios::end);
+    std::streamoff size = in.tellg();
+    in.seekg(0, std::ios::beg);
+    bytes.assign(size > 0 ? static_cast<std::size_t>(size) : 0, '\0');
+    if (size > 0 && !in.read(bytes.data(), size))
+        return Status::IoError("The file \"" + path.string() + "\" cannot be read.");
+    return Status::Ok();
+}
+
+Status ReadAllRecords(const std::filesystem::path& path, std::vector<DrawRecord>& records) {
+    std::string bytes;
+    Status s = ReadFileBytes(path, bytes);
+    if (!s.ok()) return s;
+    records = ParseDrawings(bytes);
+    return Status::Ok();
+}
+
+Status ReadHistory(const std::filesystem::path& path, std::vector<DrawRecord>& drawings) {
+    Status s = ReadAllRecords(path, drawings);
+    if (!s.ok()) return s;
+    drawings.resize(ReportDrawCount(drawings));
+    if (drawings.size() > kMaxDrawings) {
+        std::size_t n = drawings.size();
+        drawings.clear();
+        return Status::TooManyDrawings("The file \"" + path.filename().string() + "\" holds " +
+                                       std::to_string(n) + " drawings; at most " +
+                                       std::to_string(kMaxDrawings) + " can be shown.");
+    }
+    return Status::Ok();
+}
+
+std::string FormatDrawingsTable(std::span<const DrawRecord> rows) {
+    auto digit = [](const std::string& cell) -> std::string {
+        if (Trim(cell).empty()) return "0";
+        double v = LeadingValue(cell);
+        if (v < 1 || v > 9) return "0";
+        return cell;
+    };
+    std::string out;
+    out.reserve(rows.size() * 16);
+    for (const DrawRecord& row : rows) {
+        out += Trim(row.date).empty() ? std::string("0") : row.date;
+        for (const std::string* cell : {&row.h, &row.t, &row.u}) {
+            out += ' ';
+            out += digit(*cell);
+        }
+        out += "\r\n";
+    }
+    return out;
+}
+
+Status WriteFileSafely(const std::filesystem::path& path, std::string_view bytes) {
+    std::filesystem::path temp = path;
+    temp += ".saving";
+    {
+        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
+        if (!out) return Status::IoError("The file \"" + path.string() + "\" cannot be written.");
+        out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        out.flush();
+        if (!out) {
+            out.close();
+            std::error_code ignored;
+            std::filesystem::remove(temp, ignored);
+            return Status::IoError("The file \"" + path.string() + "\" could not be written.");
+        }
+    }
+    std::error_code ec;
+    std::filesystem::rename(temp, path, ec);
+    if (ec) {
+        std::filesystem::remove(temp, ec);
+        return Status::IoError("The file \"" + path.string() + "\" could not be replaced.");
+    }
+    return Status::Ok();
+}
+
+}  // namespace numarel

@@ -1,0 +1,119 @@
+#include "frame/frame_passes.h"
+
+#include <algorithm>
+
+#include "data/basic_text.h"
+
+namespace numarel {
+
+std::string DrawingLabel(const DrawRecord& record) {
+    auto date = WholeNumber(record.date);
+    if (!date) return {};
+    std::string label = NumberToText(*date);
+    label += ':';
+    label += Trim(record.h);
+    label += Trim(record.t);
+    label += Trim(record.u);
+    return label;
+}
+
+int CountDrawings(std::span<const DrawRecord> drawings) {
+    return static_cast<int>(std::min(drawings.size(), kMaxDrawings));
+}
+
+void ResetSheet(ReportSheet& sheet, int drawCount, int rows, int lastBlankCol) {
+    sheet.SetDrawCount(drawCount);
+    sheet.SetRows(rows);
+    for (int c = 0; c <= lastBlankCol; ++c) sheet.SetText(drawCount + 1, c, "");
+}
+
+void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work,
+               DigitColumns columns) {
+    CurrentDigits digits{0, 0, 0};
+    int row = 1;
+    for (const DrawRecord& record : drawings) {
+        if (row > static_cast<int>(kMaxDrawings)) break;
+        sheet.SetText(row, 0, DrawingLabel(record));
+        const std::string* fields[3] = {&record.h, &record.t, &record.u};
+        for (int i = 0; i < 3; ++i)
+            if (auto v = ToInt16(*fields[i])) digits[static_cast<std::size_t>(i)] = *v;
+        sheet.SetNumber(row, columns.h, digits[0]);
+        sheet.SetNumber(row, columns.t, digits[1]);
+        sheet.SetNumber(row, columns.u, digits[2]);
+        if (work) work(row, digits);
+        ++row;
+    }
+}
+
+void FinishLoad(ReportSheet& sheet, std::string title) {
+    sheet.SetCurrentCell(sheet.DrawCount() + 1, 1);
+    sheet.SetTitle(std::move(title));
+    sheet.SetTopRow(sheet.Rows() - 1);
+}
+
+void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {
+    const int drawCount = sheet.DrawCount();
+    for (int c = firstCol; c <= lastCol; ++c) {
+        short counter = 1;
+        for (int r = 1; r <= drawCount; ++r) {
+            if (sheet.IsEmpty(r, c)) {
+                sheet.SetNumber(r, c, counter);
+                ++counter;
+            } else {
+                counter = 1;
+            }
+        }
+    }
+}
+
+void AddStatisticRows(ReportSheet& sheet, int lastHitCol, std::string_view hitMarker,
+                      AverageRule rule, int firstHitCol) {
+    const int n = sheet.DrawCount();
+    sheet.SetVisible(false);
+    sheet.SetRows(n + 6);
+    sheet.SetText(n + 2, 0, "Amount");
+    sheet.SetText(n + 3, 0, "Max Miss");
+    sheet.SetText(n + 4, 0, "Current Miss");
+    sheet.SetText(n + 5, 0, "Average");
+    sheet.SetTopRow(sheet.Rows() - 1);
+
+    for (int c = firstHitCol; c <= lastHitCol; ++c) {
+        short amount = 0;
+        for (int r = 1; r <= n; ++r)
+            if (sheet.TextIs(r, c, hitMarker)) ++amount;
+        sheet.SetNumber(n + 2, c, amount);
+    }
+    for (int c = firstHitCol; c <= lastHitCol; ++c) {
+        if (sheet.TextIs(n, c, hitMarker))
+            sheet.SetText(n + 4, c, "0");
+        else
+            sheet.SetText(n + 4, c, sheet.Text(n, c));
+    }
+    for (int c = firstHitCol; c <= lastHitCol; ++c) {
+        short maxMiss = 0;
+        for (int r = 1; r <= n - 1; ++r)
+            if (!sheet.TextIs(r, c, hitMarker)) maxMiss = std::max(maxMiss, sheet.CellNumber(r, c));
+        sheet.SetNumber(n + 3, c, maxMiss);
+    }
+    for (int r = n + 2; r <= n + 5; ++r) {
+        for (int c = 1; c <= lastHitCol; ++c) {
+            sheet.SetBackColor(r, c, colours::kStatisticBack);
+            sheet.SetForeColor(r, c, colours::kStatisticFore);
+        }
+    }
+    for (int c = firstHitCol; c <= lastHitCol; ++c) {
+        short amount = sheet.CellNumber(n + 2, c);
+        if (rule == AverageRule::DrawCountWhenNoHit && amount == 0) amount = 1;
+        if (amount != 0) sheet.SetNumber(n + 5, c, n / amount);
+    }
+    sheet.SetVisible(true);
+}
+
+void ToggleCellMark(ReportSheet& sheet, int row, int col, Rgb markColour) {
+    if (sheet.BackColor(row, col) != markColour)
+        sheet.SetBackColor(row, col, markColour);
+    else
+        sheet.SetBackColor(row, col, kDefaultColour);
+}
+
+}  // namespace numarel

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "data/drawings_file.h"
+#include "frame/report_sheet.h"
+
+namespace numarel {
+
+// H, T and U of the drawing in hand, as 16-bit numbers.
+using CurrentDigits = std::array<short, 3>;
+
+// Colours that recur across reports.
+namespace colours {
+inline constexpr Rgb kHit = MakeRgb(255, 0, 0);
+inline constexpr Rgb kStatisticBack = MakeRgb(231, 225, 239);
+inline constexpr Rgb kStatisticFore = MakeRgb(0, 0, 255);
+inline constexpr Rgb kSumWidth = MakeRgb(43, 218, 255);
+inline constexpr Rgb kFirstTrace = MakeRgb(182, 219, 170);
+inline constexpr Rgb kFoundDigit = MakeRgb(255, 223, 157);
+}  // namespace colours
+
+// Column 0's text for a drawing: the date by the number-to-text rule (a blank before a
+// non-negative number), ":", then H, T and U trimmed, with no separators. Empty when the date is
+// not a number.
+std::string DrawingLabel(const DrawRecord& record);
+
+// The number of drawings a report holds: one per record it is given.
+int CountDrawings(std::span<const DrawRecord> drawings);
+
+// Sizes the sheet to `rows`, records `drawCount`, and blanks columns 0 to `lastBlankCol` of the
+// next drawing's row.
+void ResetSheet(ReportSheet& sheet, int drawCount, int rows, int lastBlankCol = 4);
+
+// Where FillSheet writes H, T and U; a column of -1 is not written.
+struct DigitColumns {
+    int h = 1;
+    int t = 2;
+    int u = 3;
+};
+
+// Called per drawing with its row (1 for the oldest) and the digits in hand, which the report
+// may change (a report that sorts them sorts them here).
+using RowWork = std::function<void(int row, CurrentDigits& digits)>;
+
+// The second pass over the drawings: per drawing, the label into column 0, the converted digits
+// into `columns`, then the report's own work. A digit that cannot be converted keeps the value of
+// the drawing before, as a failed statement leaves it.
+void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work = {},
+               DigitColumns columns = {});
+
+// The close of the first load order: current cell to the next drawing's row, column 1, the
+// title, and the view scrolled to the last row.
+void FinishLoad(ReportSheet& sheet, std::string title);
+
+// For each column from `firstCol` to `lastCol`, rows 1 to DrawCount: an empty cell gets the
+// number of drawings since the last hit, counting this one; a cell with any text is a hit and
+// starts the count again.
+void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol);
+
+// How AddStatisticRows fills Average where a column has no hit.
+enum class AverageRule {
+    EmptyWhenNoHit,     // the division fails and the cell stays empty
+    DrawCountWhenNoHit  // DrawCount divided by Amount + 1, that is DrawCount itself
+};
+
+// Appends the rows Amount, Max Miss, Current Miss and Average under the drawings (Rows becomes
+// DrawCount + 6) for the hit columns `firstHitCol` to `lastHitCol`, whose hit cells hold exactly
+// `hitMarker`, colours them and scrolls to the last row.
+void AddStatisticRows(ReportSheet& sheet, int lastHitCol, std::string_view hitMarker,
+                      AverageRule rule = AverageRule::EmptyWhenNoHit, int firstHitCol = 5);
+
+// A mouse-down mark: a cell whose back colour is not `markColour` gets it; a marked cell goes back
+// to the default colour.
+void ToggleCellMark(ReportSheet& sheet, int row, int col, Rgb markColour);
+
+}  // namespace numarel

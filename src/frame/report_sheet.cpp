@@ -1,0 +1,174 @@
+#include "frame/report_sheet.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "data/basic_text.h"
+
+namespace numarel {
+namespace {
+
+constexpr std::uint32_t kNumberTag = 0x80000000u;
+constexpr long kNumberBias = 1L << 30;  // numbers in [-2^30, 2^30) are kept inline
+
+bool IsInlineNumber(std::uint32_t h) { return (h & kNumberTag) != 0; }
+long InlineValue(std::uint32_t h) { return static_cast<long>(h & ~kNumberTag) - kNumberBias; }
+
+// Plain decimal text with no leading zeros or blanks, the form SetNumber writes.
+bool ParsePlainNumber(std::string_view text, long& value) {
+    if (text.empty() || text.size() > 11) return false;
+    std::size_t i = text[0] == '-' ? 1 : 0;
+    if (i == text.size()) return false;
+    if (text[i] == '0' && (text.size() > i + 1 || i == 1)) return false;  // "07", "-0"
+    for (std::size_t k = i; k < text.size(); ++k)
+        if (text[k] < '0' || text[k] > '9') return false;
+    auto [ptr, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return ec == std::errc() && ptr == text.data() + text.size() && value >= -kNumberBias &&
+           value < kNumberBias;
+}
+
+}  // namespace
+
+void ReportSheet::Resize(int rows, int cols) {
+    rows = std::max(rows, 0);
+    cols = std::max(cols, 0);
+    if (cols == cols_) {
+        cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols));
+    } else {
+        std::vector<Cell> next(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols));
+        int keepRows = std::min(rows, rows_);
+        int keepCols = std::min(cols, cols_);
+        for (int r = 0; r < keepRows; ++r)
+            std::copy_n(cells_.begin() + static_cast<std::ptrdiff_t>(Index(r, 0)), keepCols,
+                        next.begin() + static_cast<std::ptrdiff_t>(r) * cols);
+        cells_ = std::move(next);
+    }
+    rows_ = rows;
+    cols_ = cols;
+    colWidths_.resize(static_cast<std::size_t>(cols), -1);
+    rowHeights_.resize(static_cast<std::size_t>(rows), -1);
+}
+
+std::uint32_t ReportSheet::Intern(std::string_view text) {
+    auto it = poolIndex_.find(text);
+    if (it != poolIndex_.end()) return it->second;
+    pool_.emplace_back(text);
+    poolValues_.push_back(LeadingValue(text));
+    auto handle = static_cast<std::uint32_t>(pool_.size());
+    poolIndex_.emplace(pool_.back(), handle);
+    return handle;
+}
+
+void ReportSheet::SetText(int row, int col, std::string_view text) {
+    if (!Contains(row, col)) return;
+    std::uint32_t handle = 0;
+    long value = 0;
+    if (text.empty()) {
+        handle = 0;
+    } else if (ParsePlainNumber(text, value)) {
+        handle = kNumberTag | static_cast<std::uint32_t>(value + kNumberBias);
+    } else {
+        handle = Intern(text);
+    }
+    cells_[Index(row, col)].text = handle;
+}
+
+void ReportSheet::SetNumber(int row, int col, long value) {
+    if (!Contains(row, col)) return;
+    if (value >= -kNumberBias && value < kNumberBias) {
+        cells_[Index(row, col)].text =
+            kNumberTag | static_cast<std::uint32_t>(value + kNumberBias);
+    } else {
+        SetText(row, col, std::to_string(value));
+    }
+}
+
+std::string ReportSheet::Text(int row, int col) const {
+    std::uint32_t h = Handle(row, col);
+    if (h == 0) return {};
+    if (IsInlineNumber(h)) return std::to_string(InlineValue(h));
+    return pool_[h - 1];
+}
+
+bool ReportSheet::TextIs(int row, int col, std::string_view text) const {
+    std::uint32_t h = Handle(row, col);
+    if (h == 0) return text.empty();
+    if (IsInlineNumber(h)) {
+        long value = 0;
+        return ParsePlainNumber(text, value) && value == InlineValue(h);
+    }
+    return pool_[h - 1] == text;
+}
+
+double ReportSheet::CellValue(int row, int col) const {
+    std::uint32_t h = Handle(row, col);
+    if (h == 0) return 0;
+    if (IsInlineNumber(h)) return static_cast<double>(InlineValue(h));
+    return poolValues_[h - 1];
+}
+
+short ReportSheet::CellNumber(int row, int col) const { return RoundToInt16(CellValue(row, col)); }
+
+std::uint16_t ReportSheet::PaletteIndex(Rgb colour) {
+    if (colour == kDefaultColour) return 0;
+    for (std::size_t i = 1; i < palette_.size(); ++i)
+        if (palette_[i] == colour) return static_cast<std::uint16_t>(i);
+    if (palette_.size() >= 0xFFFF) return 0;  // a sheet never needs this many colours
+    palette_.push_back(colour);
+    return static_cast<std::uint16_t>(palette_.size() - 1);
+}
+
+void ReportSheet::SetBackColor(int row, int col, Rgb colour) {
+    if (!Contains(row, col)) return;
+    cells_[Index(row, col)].back = PaletteIndex(colour);
+}
+
+void ReportSheet::SetForeColor(int row, int col, Rgb colour) {
+    if (!Contains(row, col)) return;
+    cells_[Index(row, col)].fore = PaletteIndex(colour);
+}
+
+Rgb ReportSheet::BackColor(int row, int col) const {
+    return Contains(row, col) ? palette_[cells_[Index(row, col)].back] : kDefaultColour;
+}
+
+Rgb ReportSheet::ForeColor(int row, int col) const {
+    return Contains(row, col) ? palette_[cells_[Index(row, col)].fore] : kDefaultColour;
+}
+
+void ReportSheet::SetColWidth(int col, int twips) {
+    if (col >= 0 && col < cols_) colWidths_[static_cast<std::size_t>(col)] = twips;
+}
+
+int ReportSheet::ColWidth(int col) const {
+    return col >= 0 && col < cols_ ? colWidths_[static_cast<std::size_t>(col)] : -1;
+}
+
+void ReportSheet::SetRowHeight(int row, int twips) {
+    if (row >= 0 && row < rows_) rowHeights_[static_cast<std::size_t>(row)] = twips;
+}
+
+int ReportSheet::RowHeight(int row) const {
+    return row >= 0 && row < rows_ ? rowHeights_[static_cast<std::size_t>(row)] : -1;
+}
+
+std::vector<std::pair<int, int>> ReportSheet::SetRowHeights() const {
+    std::vector<std::pair<int, int>> out;
+    for (int r = 0; r < rows_; ++r)
+        if (rowHeights_[static_cast<std::size_t>(r)] >= 0)
+            out.emplace_back(r, rowHeights_[static_cast<std::size_t>(r)]);
+    return out;
+}
+
+std::size_t ReportSheet::MemoryBytes() const {
+    std::size_t bytes = cells_.capacity() * sizeof(Cell);
+    bytes += palette_.capacity() * sizeof(Rgb);
+    bytes += (colWidths_.capacity() + rowHeights_.capacity()) * sizeof(int);
+    bytes += pool_.size() * sizeof(std::string) + poolValues_.capacity() * sizeof(double);
+    for (const std::string& s : pool_) bytes += s.capacity() > 15 ? s.capacity() + 1 : 0;
+    bytes += poolIndex_.size() * (sizeof(std::string_view) + sizeof(std::uint32_t) + 16) +
+             poolIndex_.bucket_count() * sizeof(void*);
+    return bytes;
+}
+
+}  // namespace numarel

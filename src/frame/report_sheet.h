@@ -1,0 +1,152 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace numarel {
+
+// A colour as 0xRRGGBB. 0 stands for "the sheet's default" wherever a cell colour is stored.
+using Rgb = std::uint32_t;
+constexpr Rgb MakeRgb(int r, int g, int b) {
+    return (static_cast<Rgb>(r & 0xFF) << 16) | (static_cast<Rgb>(g & 0xFF) << 8) |
+           static_cast<Rgb>(b & 0xFF);
+}
+inline constexpr Rgb kDefaultColour = 0;
+
+// A report's table: text cells with back and fore colours, column widths and row heights in
+// twips, row 0 and column 0 fixed. It is both what a report shows and the report's working
+// memory: passes read back with CellNumber what earlier passes wrote.
+//
+// Every cell costs 8 bytes: texts are interned once per sheet (numbers are kept inline),
+// colours are indices into a small per-sheet palette. Reads outside the sheet give an empty
+// text and colour 0; writes outside the sheet do nothing.
+class ReportSheet {
+public:
+    ReportSheet() = default;
+    ReportSheet(int rows, int cols) { Resize(rows, cols); }
+    // The text index points into the pool, so a sheet moves but is not copied.
+    ReportSheet(const ReportSheet&) = delete;
+    ReportSheet& operator=(const ReportSheet&) = delete;
+    ReportSheet(ReportSheet&&) = default;
+    ReportSheet& operator=(ReportSheet&&) = default;
+
+    // --- size ------------------------------------------------------------------------------
+    int Rows() const { return rows_; }
+    int Cols() const { return cols_; }
+    // Sets the size; cells that still fit keep their contents, new cells are empty.
+    void Resize(int rows, int cols);
+    void SetRows(int rows) { Resize(rows, cols_); }
+    void SetCols(int cols) { Resize(rows_, cols); }
+    bool Contains(int row, int col) const {
+        return row >= 0 && col >= 0 && row < rows_ && col < cols_;
+    }
+
+    // --- text ------------------------------------------------------------------------------
+    void SetText(int row, int col, std::string_view text);
+    // Writes a number as plain decimal text.
+    void SetNumber(int row, int col, long value);
+    std::string Text(int row, int col) const;
+    bool IsEmpty(int row, int col) const { return Handle(row, col) == 0; }
+    // True when the cell's text is exactly `text`.
+    bool TextIs(int row, int col, std::string_view text) const;
+    // The number at the start of the cell's text, blanks ignored; 0 for an empty or non-numeric
+    // text.
+    double CellValue(int row, int col) const;
+    // CellValue as a 16-bit counter: rounded half to even, clamped.
+    short CellNumber(int row, int col) const;
+
+    // --- colours ---------------------------------------------------------------------------
+    void SetBackColor(int row, int col, Rgb colour);
+    void SetForeColor(int row, int col, Rgb colour);
+    Rgb BackColor(int row, int col) const;
+    Rgb ForeColor(int row, int col) const;
+
+    // --- geometry, in twips ----------------------------------------------------------------
+    // -1 means the report left the width or height at the default.
+    void SetColWidth(int col, int twips);
+    int ColWidth(int col) const;
+    void SetRowHeight(int row, int twips);
+    int RowHeight(int row) const;
+    // The rows whose height was set, ascending, with their heights.
+    std::vector<std::pair<int, int>> SetRowHeights() const;
+
+    // --- view state --------------------------------------------------------------------------
+    int FixedRows() const { return 1; }
+    int FixedCols() const { return 1; }
+    int CurrentRow() const { return row_; }
+    int CurrentCol() const { return col_; }
+    void SetCurrentCell(int row, int col) {
+        row_ = row;
+        col_ = col;
+    }
+    int TopRow() const { return topRow_; }
+    void SetTopRow(int row) { topRow_ = row; }
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible) { visible_ = visible; }
+
+    // --- report attributes -------------------------------------------------------------------
+    const std::string& Title() const { return title_; }
+    void SetTitle(std::string title) { title_ = std::move(title); }
+    // The number of drawings the sheet was filled with; row DrawCount + 1 is the next drawing.
+    int DrawCount() const { return drawCount_; }
+    void SetDrawCount(int count) { drawCount_ = count; }
+    // Font size in tenths of a point (75 = 7.5 pt).
+    int FontDecipoints() const { return fontDecipoints_; }
+    void SetFontDecipoints(int decipoints) { fontDecipoints_ = decipoints; }
+
+    // Texts shown under the sheet, in order (most reports have none).
+    const std::vector<std::string>& Labels() const { return labels_; }
+    void SetLabels(std::vector<std::string> labels) { labels_ = std::move(labels); }
+
+    // Bytes held by the cells, palette and text pool.
+    std::size_t MemoryBytes() const;
+
+private:
+    struct Cell {
+        std::uint32_t text = 0;  // 0 empty; high bit set: inline number; else pool index + 1
+        std::uint16_t back = 0;  // palette index, 0 = default
+        std::uint16_t fore = 0;
+    };
+    static_assert(sizeof(Cell) == 8);
+
+    struct PoolHash {
+        std::size_t operator()(std::string_view s) const {
+            return std::hash<std::string_view>{}(s);
+        }
+    };
+
+    std::uint32_t Handle(int row, int col) const {
+        return Contains(row, col) ? cells_[Index(row, col)].text : 0;
+    }
+    std::size_t Index(int row, int col) const {
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
+               static_cast<std::size_t>(col);
+    }
+    std::uint32_t Intern(std::string_view text);
+    std::uint16_t PaletteIndex(Rgb colour);
+
+    int rows_ = 0;
+    int cols_ = 0;
+    std::vector<Cell> cells_;
+    std::deque<std::string> pool_;  // stable addresses: the index keys view into it
+    std::vector<double> poolValues_;
+    std::unordered_map<std::string_view, std::uint32_t, PoolHash> poolIndex_;
+    std::vector<Rgb> palette_{kDefaultColour};
+    std::vector<int> colWidths_;
+    std::vector<int> rowHeights_;
+    int row_ = 0;
+    int col_ = 0;
+    int topRow_ = 0;
+    bool visible_ = true;
+    std::string title_;
+    int drawCount_ = 0;
+    int fontDecipoints_ = 75;
+    std::vector<std::string> labels_;
+};
+
+}  // namespace numarel

@@ -1,0 +1,154 @@
+#include <gtest/gtest.h>
+
+#include "data/drawings_file.h"
+#include "data/lottery_catalog.h"
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::ReadAll;
+using testing::TempDir;
+
+DrawRecord R(std::string d, std::string h, std::string t, std::string u) {
+    return {std::move(d), std::move(h), std::move(t), std::move(u)};
+}
+
+TEST(DrawingsReader, SeparatorsInAnyMixReadTheSame) {
+    auto blanks = ParseDrawings("2020001 1 2 3\r\n2020002 4 5 6\r\n");
+    auto commas = ParseDrawings("2020001,1,2,3\r\n2020002,4,5,6");
+    auto mixed = ParseDrawings("2020001 1\n2,3 2020002\r\n4 , 5   6");
+    std::vector<DrawRecord> expected = {R("2020001", "1", "2", "3"), R("2020002", "4", "5", "6")};
+    EXPECT_EQ(blanks, expected);
+    EXPECT_EQ(commas, expected);
+    EXPECT_EQ(mixed, expected);
+}
+
+TEST(DrawingsReader, QuotedFieldsLoseTheirQuotesAndKeepBlanks) {
+    auto r = ParseDrawings("\"2020 001\",\"1\",2,3\r\n");
+    ASSERT_EQ(r.size(), 1u);
+    EXPECT_EQ(r[0], R("2020 001", "1", "2", "3"));
+}
+
+TEST(DrawingsReader, ALineWithAFieldTooManyShiftsLaterRecords) {
+    auto r = ParseDrawings("1 1 2 3 9\r\n2 4 5 6\r\n");
+    ASSERT_EQ(r.size(), 3u);
+    EXPECT_EQ(r[1], R("9", "2", "4", "5"));
+    // The short last record keeps the earlier values of the fields it lacks.
+    EXPECT_EQ(r[2], R("6", "2", "4", "5"));
+}
+
+TEST(DrawingsReader, ShortLastRecordKeepsTheEarlierValues) {
+    auto r = ParseDrawings("2020001 1 2 3\r\n2020002 7\r\n");
+    ASSERT_EQ(r.size(), 2u);
+    EXPECT_EQ(r[1], R("2020002", "7", "2", "3"));
+}
+
+TEST(DrawingsReader, TwoCommasMakeAnEmptyField) {
+    auto r = ParseDrawings("2020001,,2,3");
+    ASSERT_EQ(r.size(), 1u);
+    EXPECT_EQ(r[0], R("2020001", "", "2", "3"));
+}
+
+TEST(DrawingsReader, EndMarkerComparesNumerically) {
+    for (const char* marker : {"0", "00", "0.0"}) {
+        auto r = ParseDrawings(std::string("1 1 2 3\r\n") + marker + " 0 0 0\r\n2 4 5 6\r\n");
+        EXPECT_EQ(r.size(), 3u) << marker;
+        EXPECT_EQ(ReportDrawCount(r), 1u) << marker;
+    }
+    EXPECT_FALSE(IsEndMarker(R("abc", "1", "2", "3")));
+    EXPECT_FALSE(IsEndMarker(R("2020001", "0", "0", "0")));
+}
+
+TEST(DrawingsReader, EmptyAndMarkerOnlyFiles) {
+    EXPECT_TRUE(ParseDrawings("").empty());
+    EXPECT_TRUE(ParseDrawings(" \r\n\r\n").empty());
+    auto zeros = ParseDrawings("0 0 0 0\r\n");
+    EXPECT_EQ(zeros.size(), 1u);  // the editor shows the marker
+    EXPECT_EQ(ReportDrawCount(zeros), 0u);
+}
+
+TEST(DrawingsReader, ReadHistoryReportsMissingFilesAndTheDrawingLimit) {
+    TempDir dir;
+    std::vector<DrawRecord> drawings;
+    Status missing = ReadHistory(dir.path() / "none.txt", drawings);
+    EXPECT_EQ(missing.code(), Status::Code::NotFound);
+
+    std::string big;
+    for (std::size_t i = 0; i < kMaxDrawings; ++i) big += "1 1 2 3\r\n";
+    auto exact = dir.Write("exact.txt", big);
+    EXPECT_TRUE(ReadHistory(exact, drawings).ok());
+    EXPECT_EQ(drawings.size(), kMaxDrawings);
+
+    auto over = dir.Write("over.txt", big + "2 4 5 6\r\n");
+    Status s = ReadHistory(over, drawings);
+    EXPECT_EQ(s.code(), Status::Code::TooManyDrawings);
+    EXPECT_NE(s.message().find("32767"), std::string::npos);
+    // What stands after a marker does not count.
+    auto hidden = dir.Write("hidden.txt", big + "0 0 0 0\r\n2 4 5 6\r\n");
+    EXPECT_TRUE(ReadHistory(hidden, drawings).ok());
+}
+
+TEST(DrawingsWriter, SaveRulesForDatesAndDigits) {
+    std::vector<DrawRecord> rows = {
+        R("2020001", "1", "0", "9"), R("2020002", "12", "-1", "5x"), R(" ", "", " ", ""),
+        R("2020003", " 4", "0.5", "9.5")};
+    EXPECT_EQ(FormatDrawingsTable(rows),
+              "2020001 1 0 9\r\n"
+              "2020002 0 0 5x\r\n"
+              "0 0 0 0\r\n"
+              "2020003  4 0 0\r\n");
+}
+
+TEST(DrawingsWriter, WriteFileSafelyReplacesTheWholeFile) {
+    TempDir dir;
+    auto path = dir.Write("lottery.txt", "old contents that are longer");
+    ASSERT_TRUE(WriteFileSafely(path, "new").ok());
+    EXPECT_EQ(ReadAll(path), "new");
+    EXPECT_FALSE(std::filesystem::exists(dir.path() / "lottery.txt.saving"));
+    // A folder that does not exist cannot be written and says so.
+    EXPECT_FALSE(WriteFileSafely(dir.path() / "no" / "such.txt", "x").ok());
+}
+
+TEST(SelectionFile, RoundTripAndLastStringWins) {
+    TempDir dir;
+    auto ini = dir.path() / "Numarel" / "shujuwenjian.ini";
+    ASSERT_TRUE(WriteSelection(ini, "My Lottery.txt").ok());
+    EXPECT_EQ(ReadAll(ini), "\"My Lottery.txt\"\r\n");
+    std::string name;
+    ASSERT_TRUE(ReadSelection(ini, name).ok());
+    EXPECT_EQ(name, "My Lottery.txt");
+    dir.Write("Numarel/shujuwenjian.ini", "\"a.txt\"\r\n\"b.txt\"\r\n");
+    ASSERT_TRUE(ReadSelection(ini, name).ok());
+    EXPECT_EQ(name, "b.txt");
+}
+
+TEST(SelectionFile, LotteryLabelCutsAfterTheLastDot) {
+    EXPECT_EQ(LotteryLabel("Pick3.txt"), "Lottery:Pick3.");
+    EXPECT_EQ(LotteryLabel("a.b.txt"), "Lottery:a.b.");
+    EXPECT_EQ(LotteryLabel("nodot"), "Lottery:");
+}
+
+TEST(SelectionFile, FirstStartFallsBackToTheSampleAndSaysSo) {
+    TempDir dir;
+    ProgramFolder folder{dir.path()};
+    CurrentLottery none = ResolveCurrentLottery(folder);
+    EXPECT_TRUE(none.drawingsPath.empty());
+    EXPECT_FALSE(none.notice.empty());
+
+    dir.Write("data/Other.txt", "");
+    dir.Write(std::string("data/") + std::string(kSampleLotteryFile), "1 1 2 3\r\n");
+    CurrentLottery sample = ResolveCurrentLottery(folder);
+    EXPECT_EQ(sample.fileName, kSampleLotteryFile);
+    EXPECT_FALSE(sample.notice.empty());
+    // The fallback is written back, so the next start is quiet.
+    CurrentLottery again = ResolveCurrentLottery(folder);
+    EXPECT_EQ(again.fileName, kSampleLotteryFile);
+    EXPECT_TRUE(again.notice.empty());
+
+    WriteSelection(folder.SelectionFile(), "Other.txt");
+    EXPECT_EQ(ResolveCurrentLottery(folder).label, "Lottery:Other.");
+}
+
+}  // namespace
+}  // namespace numarel
