@@ -62,6 +62,19 @@ bool ResolveDataFile(const std::string& data, const ProgramFolder& folder,
     return true;
 }
 
+// Builds `object` on the drawings of --data or the current lottery; false after saying why.
+bool BuildSheet(const std::string& object, const std::string& data, const ProgramFolder& folder,
+                ReportSheet& sheet, std::ostream& err) {
+    std::filesystem::path path;
+    if (!ResolveDataFile(data, folder, path, err)) return false;
+    Status s = RunReport(object, path, sheet);
+    if (!s.ok()) {
+        err << "numarel-cli: " << s.message() << '\n';
+        return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 int RunCli(int argc, const char* const* argv, const std::filesystem::path& programFolder,
@@ -86,6 +99,24 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
     report->add_option("--output", output, "Write to this file instead of standard output");
     report->add_option("--tail", tail, "Drawings shown by the text format")
         ->check(CLI::NonNegativeNumber);
+
+    int column = 0;
+    CLI::App* missLengths = app.add_subcommand(
+        "miss-lengths", "Print the closed Miss lengths of a column, as a double click copies them");
+    missLengths->add_option("object", object, "Form1zu3zh or frmzu3leixing2")->required();
+    missLengths->add_option("column", column, "The column, counted from 0")->required();
+    missLengths->add_option("--data", data, "A drawings file instead of the current lottery");
+    missLengths->add_option("--output", output, "Write to this file instead of standard output");
+
+    CLI::App* nextBox = app.add_subcommand(
+        "next-box-numbers", "Print the Box Numbers for the next drawing of Cold Warm Hot");
+    nextBox->add_option("--data", data, "A drawings file instead of the current lottery");
+    nextBox->add_option("--output", output, "Write to this file instead of standard output");
+
+    CLI::App* export320 = app.add_subcommand(
+        "export320", "Print the export of Recommend 320 Straight Numbers");
+    export320->add_option("--data", data, "A drawings file instead of the current lottery");
+    export320->add_option("--output", output, "Write to this file instead of standard output");
 
     try {
         app.parse(argc, argv);
@@ -132,6 +163,38 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
                 break;
         }
         return Destination{output}.Deliver(text, out, err);
+    }
+    if (*missLengths) {
+        const ReportDefinition* def = FindReport(object);
+        if (def && !def->doubleClickText) {
+            err << "numarel-cli: the report \"" << object << "\" copies nothing on a double click\n";
+            return 1;
+        }
+        ReportSheet sheet;
+        if (!BuildSheet(object, data, folder, sheet, err)) return 1;
+        if (column < 0 || column >= sheet.Cols()) {
+            err << "numarel-cli: the report has columns 0 to " << sheet.Cols() - 1 << '\n';
+            return 1;
+        }
+        return Destination{output}.Deliver(def->doubleClickText(sheet, column), out, err);
+    }
+
+    // The reports whose extra button gives a text.
+    struct SheetTextCommand {
+        CLI::App* command;
+        std::string_view report;
+    };
+    for (auto [command, report] : {SheetTextCommand{nextBox, "frmrenwenleng"},
+                                   SheetTextCommand{export320, "frmbaishi32zu"}}) {
+        if (!*command) continue;
+        ReportSheet sheet;
+        if (!BuildSheet(std::string(report), data, folder, sheet, err)) return 1;
+        const ReportDefinition* def = FindReport(report);
+        if (!def->extraButton.text) {
+            err << "numarel-cli: the report \"" << report << "\" has no such text\n";
+            return 1;
+        }
+        return Destination{output}.Deliver(def->extraButton.text(sheet), out, err);
     }
     return 2;
 }

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "data/drawings_file.h"
@@ -13,12 +14,35 @@ namespace numarel {
 // always give the same sheet.
 using ReportBuilder = void (*)(std::span<const DrawRecord> drawings, ReportSheet& sheet);
 
+// Text a report derives from its finished sheet on the user's demand.
+using SheetText = std::string (*)(const ReportSheet& sheet);
+// Text derived from one column of the finished sheet.
+using ColumnText = std::string (*)(const ReportSheet& sheet, int col);
+
+// A button of a report window beyond Exit and Help; the window places it between the two.
+struct ExtraButton {
+    enum class Kind {
+        None,
+        ToggleTextBox,  // shows and hides a text box over the sheet, its text built afresh
+        ExportFile,     // writes its text to a file beside the program and opens it
+    };
+    Kind kind = Kind::None;
+    std::string_view caption;       // "Next Box numbers", "Export"
+    std::string_view shownCaption;  // ToggleTextBox: the caption while the box is shown
+    std::string_view exportFile;    // ExportFile: path under the program folder, "/" separated
+    SheetText text = nullptr;       // the text of the box or the file
+};
+
 // What the report window needs to know of a report beyond its sheet.
 struct ReportDefinition {
     std::string_view object;  // the window object, as in the command table
     ReportBuilder build = nullptr;
     Rgb markColour = kDefaultColour;  // mouse-down marks cells in this colour; 0: no marks
     bool inertHelpButton = false;     // shows "Help" although the report has no page
+    // A double click on the sheet puts this text of the current cell's column on the clipboard;
+    // nullptr: a double click does nothing.
+    ColumnText doubleClickText = nullptr;
+    ExtraButton extraButton{};
 };
 
 // The built reports of each subsystem, each defined beside its reports.
