@@ -101,7 +101,7 @@ std::string FormatSheetText(const ReportSheet& sheet, int tail) {
         while (!line.empty() && line.back() == ' ') line.pop_back();
         out += Latin1ToUtf8(line) + "\n";
     }
-    for (const std::string& label : sheet.Labels()) out += Latin1ToUtf8(label) + "\n";
+    for (const SheetLabel& label : sheet.Labels()) out += Latin1ToUtf8(label.text) + "\n";
     return out;
 }
 
@@ -175,8 +175,12 @@ std::string FormatSheetHtml(const ReportSheet& sheet, std::string_view report) {
         out += "</tr>\n";
     }
     out += "</table></div>\n";
-    for (const std::string& label : sheet.Labels())
-        out += "<p>" + HtmlEscape(Latin1ToUtf8(label)) + "</p>\n";
+    for (const SheetLabel& label : sheet.Labels()) {
+        out += "<p style=\"margin:4px 0;padding:2px 4px;background:" +
+               (label.back ? HexColour(label.back) : std::string("#f0f0f0")) +
+               (label.fore ? ";color:" + HexColour(label.fore) : std::string()) + "\">" +
+               HtmlEscape(Latin1ToUtf8(label.text)) + "</p>\n";
+    }
     out += "<script>var w=document.querySelector('.wrap');"
            "w.scrollTop=w.scrollHeight;</script>\n</body></html>\n";
     return out;

@@ -18,6 +18,13 @@ constexpr Rgb MakeRgb(int r, int g, int b) {
 }
 inline constexpr Rgb kDefaultColour = 0;
 
+// A text shown under a report's sheet, with its colours (0: the window's default).
+struct SheetLabel {
+    std::string text;
+    Rgb fore = 0;
+    Rgb back = 0;
+};
+
 // A report's table: text cells with back and fore colours, column widths and row heights in
 // twips, row 0 and column 0 fixed. It is both what a report shows and the report's working
 // memory: passes read back with CellNumber what earlier passes wrote.
@@ -100,8 +107,8 @@ public:
     void SetFontDecipoints(int decipoints) { fontDecipoints_ = decipoints; }
 
     // Texts shown under the sheet, in order (most reports have none).
-    const std::vector<std::string>& Labels() const { return labels_; }
-    void SetLabels(std::vector<std::string> labels) { labels_ = std::move(labels); }
+    const std::vector<SheetLabel>& Labels() const { return labels_; }
+    void SetLabels(std::vector<SheetLabel> labels) { labels_ = std::move(labels); }
 
     // Bytes held by the cells, palette and text pool.
     std::size_t MemoryBytes() const;
@@ -146,7 +153,7 @@ private:
     std::string title_;
     int drawCount_ = 0;
     int fontDecipoints_ = 75;
-    std::vector<std::string> labels_;
+    std::vector<SheetLabel> labels_;
 };
 
 }  // namespace numarel
