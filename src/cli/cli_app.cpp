@@ -113,8 +113,8 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
     nextBox->add_option("--data", data, "A drawings file instead of the current lottery");
     nextBox->add_option("--output", output, "Write to this file instead of standard output");
 
-    CLI::App* export320 = app.add_subcommand(
-        "export320", "Print the export of Recommend 320 Straight Numbers");
+    CLI::App* export320 =
+        app.add_subcommand("export320", "Print the export of Recommend 320 Straight Numbers");
     export320->add_option("--data", data, "A drawings file instead of the current lottery");
     export320->add_option("--output", output, "Write to this file instead of standard output");
 
@@ -167,7 +167,8 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
     if (*missLengths) {
         const ReportDefinition* def = FindReport(object);
         if (def && !def->doubleClickText) {
-            err << "numarel-cli: the report \"" << object << "\" copies nothing on a double click\n";
+            err << "numarel-cli: the report \"" << object
+                << "\" copies nothing on a double click\n";
             return 1;
         }
         ReportSheet sheet;

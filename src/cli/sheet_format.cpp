@@ -45,16 +45,23 @@ std::string HtmlEscape(std::string_view text) {
 }
 
 // Pixels at 96 dots to the inch; a twip is 1/1440 inch.
-int TwipsToPixels(int twips) { return (twips * 96 + 720) / 1440; }
+int TwipsToPixels(int twips) {
+    return (twips * 96 + 720) / 1440;
+}
 
 }  // namespace
 
 bool ParseSheetFormat(std::string_view name, SheetFormat& format) {
-    if (name == "text") format = SheetFormat::Text;
-    else if (name == "csv") format = SheetFormat::Csv;
-    else if (name == "html") format = SheetFormat::Html;
-    else if (name == "json") format = SheetFormat::Json;
-    else return false;
+    if (name == "text")
+        format = SheetFormat::Text;
+    else if (name == "csv")
+        format = SheetFormat::Csv;
+    else if (name == "html")
+        format = SheetFormat::Html;
+    else if (name == "json")
+        format = SheetFormat::Json;
+    else
+        return false;
     return true;
 }
 
@@ -76,8 +83,10 @@ std::string Latin1ToUtf8(std::string_view text) {
 std::string FormatSheetText(const ReportSheet& sheet, int tail) {
     const int n = sheet.DrawCount();
     std::vector<int> rows{0};
-    for (int r = std::max(1, n - std::max(tail, 0) + 1); r <= n; ++r) rows.push_back(r);
-    for (int r = n + 1; r < sheet.Rows(); ++r) rows.push_back(r);
+    for (int r = std::max(1, n - std::max(tail, 0) + 1); r <= n; ++r)
+        rows.push_back(r);
+    for (int r = n + 1; r < sheet.Rows(); ++r)
+        rows.push_back(r);
 
     std::vector<int> cols;
     for (int c = 0; c < sheet.Cols(); ++c)
@@ -98,10 +107,12 @@ std::string FormatSheetText(const ReportSheet& sheet, int tail) {
             line += text;
             line += i == 0 ? " | " : " ";
         }
-        while (!line.empty() && line.back() == ' ') line.pop_back();
+        while (!line.empty() && line.back() == ' ')
+            line.pop_back();
         out += Latin1ToUtf8(line) + "\n";
     }
-    for (const SheetLabel& label : sheet.Labels()) out += Latin1ToUtf8(label.text) + "\n";
+    for (const SheetLabel& label : sheet.Labels())
+        out += Latin1ToUtf8(label.text) + "\n";
     return out;
 }
 
@@ -181,8 +192,9 @@ std::string FormatSheetHtml(const ReportSheet& sheet, std::string_view report) {
                (label.fore ? ";color:" + HexColour(label.fore) : std::string()) + "\">" +
                HtmlEscape(Latin1ToUtf8(label.text)) + "</p>\n";
     }
-    out += "<script>var w=document.querySelector('.wrap');"
-           "w.scrollTop=w.scrollHeight;</script>\n</body></html>\n";
+    out +=
+        "<script>var w=document.querySelector('.wrap');"
+        "w.scrollTop=w.scrollHeight;</script>\n</body></html>\n";
     return out;
 }
 
@@ -194,10 +206,12 @@ std::string FormatSheetJson(const ReportSheet& sheet, std::string_view report) {
     doc["rows"] = sheet.Rows();
     doc["cols"] = sheet.Cols();
     ordered_json widths = ordered_json::array();
-    for (int c = 0; c < sheet.Cols(); ++c) widths.push_back(sheet.ColWidth(c));
+    for (int c = 0; c < sheet.Cols(); ++c)
+        widths.push_back(sheet.ColWidth(c));
     doc["colWidths"] = std::move(widths);
     ordered_json heights = ordered_json::array();
-    for (auto [row, twips] : sheet.SetRowHeights()) heights.push_back({row, twips});
+    for (auto [row, twips] : sheet.SetRowHeights())
+        heights.push_back({row, twips});
     doc["rowHeights"] = std::move(heights);
     ordered_json cells = ordered_json::array();
     auto colour = [](Rgb c) -> ordered_json {
@@ -209,8 +223,7 @@ std::string FormatSheetJson(const ReportSheet& sheet, std::string_view report) {
             Rgb back = sheet.BackColor(r, c);
             Rgb fore = sheet.ForeColor(r, c);
             if (sheet.IsEmpty(r, c) && back == kDefaultColour && fore == kDefaultColour) continue;
-            cells.push_back(
-                {r, c, Latin1ToUtf8(sheet.Text(r, c)), colour(back), colour(fore)});
+            cells.push_back({r, c, Latin1ToUtf8(sheet.Text(r, c)), colour(back), colour(fore)});
         }
     }
     doc["cells"] = std::move(cells);

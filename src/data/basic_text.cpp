@@ -8,8 +8,12 @@
 namespace numarel {
 namespace {
 
-bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsSpace(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // Parses sign, digits, fraction and exponent from `s` starting at `pos`; returns the length
 // consumed (0 when no digit was seen) and the value.
@@ -35,7 +39,8 @@ std::size_t ParseNumber(std::string_view s, double& value) {
         std::string exp = "e";
         if (j < s.size() && (s[j] == '+' || s[j] == '-')) exp += s[j++];
         if (j < s.size() && IsDigit(s[j])) {
-            while (j < s.size() && IsDigit(s[j])) exp += s[j++];
+            while (j < s.size() && IsDigit(s[j]))
+                exp += s[j++];
             buf += exp;
             i = j;
         }
@@ -49,8 +54,10 @@ std::size_t ParseNumber(std::string_view s, double& value) {
 
 std::string_view Trim(std::string_view text) {
     std::size_t b = 0, e = text.size();
-    while (b < e && text[b] == ' ') ++b;
-    while (e > b && text[e - 1] == ' ') --e;
+    while (b < e && text[b] == ' ')
+        ++b;
+    while (e > b && text[e - 1] == ' ')
+        --e;
     return text.substr(b, e - b);
 }
 
@@ -66,8 +73,10 @@ double LeadingValue(std::string_view text) {
 
 std::optional<double> WholeNumber(std::string_view text) {
     std::string_view s = text;
-    while (!s.empty() && IsSpace(s.front())) s.remove_prefix(1);
-    while (!s.empty() && IsSpace(s.back())) s.remove_suffix(1);
+    while (!s.empty() && IsSpace(s.front()))
+        s.remove_prefix(1);
+    while (!s.empty() && IsSpace(s.back()))
+        s.remove_suffix(1);
     if (s.empty()) return std::nullopt;
     double value = 0;
     std::size_t used = ParseNumber(s, value);

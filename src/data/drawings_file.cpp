@@ -8,8 +8,12 @@
 namespace numarel {
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
-bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+bool IsLineEnd(char c) {
+    return c == '\r' || c == '\n';
+}
 
 // A cursor over the bytes that hands out one field at a time.
 class FieldReader {
@@ -18,7 +22,8 @@ public:
 
     // End of data: nothing but blanks and line ends remain.
     bool AtEnd() {
-        while (pos_ < s_.size() && (IsBlank(s_[pos_]) || IsLineEnd(s_[pos_]))) ++pos_;
+        while (pos_ < s_.size() && (IsBlank(s_[pos_]) || IsLineEnd(s_[pos_])))
+            ++pos_;
         return pos_ >= s_.size();
     }
 
@@ -46,7 +51,8 @@ public:
         // One comma after the field (blanks before it allowed) belongs to this field, so that
         // two commas in a row make an empty field.
         std::size_t p = pos_;
-        while (p < s_.size() && IsBlank(s_[p])) ++p;
+        while (p < s_.size() && IsBlank(s_[p]))
+            ++p;
         if (p < s_.size() && s_[p] == ',') pos_ = p + 1;
         return true;
     }
@@ -83,7 +89,8 @@ bool IsEndMarker(const DrawRecord& record) {
 
 std::size_t ReportDrawCount(std::span<const DrawRecord> records) {
     std::size_t n = 0;
-    while (n < records.size() && !IsEndMarker(records[n])) ++n;
+    while (n < records.size() && !IsEndMarker(records[n]))
+        ++n;
     return n;
 }
 

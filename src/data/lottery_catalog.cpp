@@ -65,13 +65,14 @@ CurrentLottery ResolveCurrentLottery(const ProgramFolder& folder) {
         std::sort(names.begin(), names.end());
         if (!names.empty()) fallback = names.front();
     }
-    std::string why = !s.ok()   ? "No lottery was selected yet"
+    std::string why = !s.ok()        ? "No lottery was selected yet"
                       : name.empty() ? "The selection file names no lottery"
                                      : "The selected lottery \"" + name + "\" was not found";
     if (fallback.empty()) {
         current.label = "Lottery:";
-        current.notice = why + ", and there is no lottery in the data folder. Create one with "
-                               "New Lottery.";
+        current.notice = why +
+                         ", and there is no lottery in the data folder. Create one with "
+                         "New Lottery.";
         return current;
     }
     current.fileName = fallback;

@@ -24,7 +24,8 @@ int CountDrawings(std::span<const DrawRecord> drawings) {
 void ResetSheet(ReportSheet& sheet, int drawCount, int rows, int lastBlankCol) {
     sheet.SetDrawCount(drawCount);
     sheet.SetRows(rows);
-    for (int c = 0; c <= lastBlankCol; ++c) sheet.SetText(drawCount + 1, c, "");
+    for (int c = 0; c <= lastBlankCol; ++c)
+        sheet.SetText(drawCount + 1, c, "");
 }
 
 void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work,

@@ -5,12 +5,18 @@
 
 namespace numarel {
 
-bool IsOdd(int digit) { return digit % 2 != 0; }
-bool IsSmall(int digit) { return digit < 5; }
+bool IsOdd(int digit) {
+    return digit % 2 != 0;
+}
+bool IsSmall(int digit) {
+    return digit < 5;
+}
 bool IsPrime(int digit) {
     return digit == 1 || digit == 2 || digit == 3 || digit == 5 || digit == 7;
 }
-int Type012(int digit) { return digit % 3; }
+int Type012(int digit) {
+    return digit % 3;
+}
 
 char DigitClassLetter(int digit, ClassPair pair) {
     switch (pair) {
@@ -37,19 +43,29 @@ std::string DistinctDigits(const CurrentDigits& s) {
     return out;
 }
 
-int SumOf(const CurrentDigits& d) { return d[0] + d[1] + d[2]; }
+int SumOf(const CurrentDigits& d) {
+    return d[0] + d[1] + d[2];
+}
 int WidthOf(const CurrentDigits& d) {
     return *std::max_element(d.begin(), d.end()) - *std::min_element(d.begin(), d.end());
 }
-int SumUnitsOf(const CurrentDigits& d) { return SumOf(d) % 10; }
+int SumUnitsOf(const CurrentDigits& d) {
+    return SumOf(d) % 10;
+}
 
 bool IsThreeWayBox(const CurrentDigits& s) {
     return (s[0] == s[1] && s[1] != s[2]) || (s[0] != s[1] && s[1] == s[2]);
 }
-bool IsSixWayBox(const CurrentDigits& d) { return d[0] != d[1] && d[0] != d[2] && d[1] != d[2]; }
-bool IsTriple(const CurrentDigits& d) { return d[0] == d[1] && d[1] == d[2]; }
+bool IsSixWayBox(const CurrentDigits& d) {
+    return d[0] != d[1] && d[0] != d[2] && d[1] != d[2];
+}
+bool IsTriple(const CurrentDigits& d) {
+    return d[0] == d[1] && d[1] == d[2];
+}
 
-char ThreeRegion(int digit) { return digit <= 2 ? 'S' : digit <= 6 ? 'M' : 'L'; }
+char ThreeRegion(int digit) {
+    return digit <= 2 ? 'S' : digit <= 6 ? 'M' : 'L';
+}
 
 char FourRegion1234(int digit) {
     if (IsOdd(digit)) return digit < 4 ? '1' : '3';
@@ -68,7 +84,8 @@ std::string_view FiveRegionPair(int digit) {
 
 std::string PatternString(const CurrentDigits& d, ClassPair pair) {
     std::string out(3, ' ');
-    for (std::size_t i = 0; i < 3; ++i) out[i] = DigitClassLetter(d[i], pair);
+    for (std::size_t i = 0; i < 3; ++i)
+        out[i] = DigitClassLetter(d[i], pair);
     return out;
 }
 
@@ -92,7 +109,8 @@ const std::array<std::string_view, 8>& PatternStrings(ClassPair pair) {
 
 std::string Pattern012(const CurrentDigits& d) {
     std::string out;
-    for (short digit : d) out += static_cast<char>('0' + ((digit % 3) + 3) % 3);
+    for (short digit : d)
+        out += static_cast<char>('0' + ((digit % 3) + 3) % 3);
     return out;
 }
 

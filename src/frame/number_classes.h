@@ -12,9 +12,9 @@ namespace numarel {
 
 // The pairs of classes a digit is sorted into, each with its two letters.
 enum class ClassPair {
-    OddEven,          // O: 1 3 5 7 9, E: 0 2 4 6 8
-    BigSmall,         // B: 5 to 9, S: 0 to 4
-    PrimeComposite,   // P: 1 2 3 5 7, C: 0 4 6 8 9
+    OddEven,         // O: 1 3 5 7 9, E: 0 2 4 6 8
+    BigSmall,        // B: 5 to 9, S: 0 to 4
+    PrimeComposite,  // P: 1 2 3 5 7, C: 0 4 6 8 9
 };
 
 bool IsOdd(int digit);
@@ -44,8 +44,8 @@ bool IsSixWayBox(const CurrentDigits& digits);
 bool IsTriple(const CurrentDigits& digits);
 
 // Regions of one digit.
-char ThreeRegion(int digit);      // 'S' 0-2, 'M' 3-6, 'L' 7-9
-char FourRegion1234(int digit);   // '1' 1 3, '2' 0 2 4, '3' 5 7 9, '4' 6 8
+char ThreeRegion(int digit);         // 'S' 0-2, 'M' 3-6, 'L' 7-9
+char FourRegion1234(int digit);      // '1' 1 3, '2' 0 2 4, '3' 5 7 9, '4' 6 8
 char FourRegionSumWidth(int digit);  // '1' 0-2, '2' 3 4, '3' 5 6, '4' 7-9
 // The Five Regions pair a digit belongs to: "05", "16", "27", "38" or "49".
 std::string_view FiveRegionPair(int digit);

@@ -11,8 +11,12 @@ namespace {
 constexpr std::uint32_t kNumberTag = 0x80000000u;
 constexpr long kNumberBias = 1L << 30;  // numbers in [-2^30, 2^30) are kept inline
 
-bool IsInlineNumber(std::uint32_t h) { return (h & kNumberTag) != 0; }
-long InlineValue(std::uint32_t h) { return static_cast<long>(h & ~kNumberTag) - kNumberBias; }
+bool IsInlineNumber(std::uint32_t h) {
+    return (h & kNumberTag) != 0;
+}
+long InlineValue(std::uint32_t h) {
+    return static_cast<long>(h & ~kNumberTag) - kNumberBias;
+}
 
 // Plain decimal text with no leading zeros or blanks, the form SetNumber writes.
 bool ParsePlainNumber(std::string_view text, long& value) {
@@ -76,8 +80,7 @@ void ReportSheet::SetText(int row, int col, std::string_view text) {
 void ReportSheet::SetNumber(int row, int col, long value) {
     if (!Contains(row, col)) return;
     if (value >= -kNumberBias && value < kNumberBias) {
-        cells_[Index(row, col)].text =
-            kNumberTag | static_cast<std::uint32_t>(value + kNumberBias);
+        cells_[Index(row, col)].text = kNumberTag | static_cast<std::uint32_t>(value + kNumberBias);
     } else {
         SetText(row, col, std::to_string(value));
     }
@@ -107,7 +110,9 @@ double ReportSheet::CellValue(int row, int col) const {
     return poolValues_[h - 1];
 }
 
-short ReportSheet::CellNumber(int row, int col) const { return RoundToInt16(CellValue(row, col)); }
+short ReportSheet::CellNumber(int row, int col) const {
+    return RoundToInt16(CellValue(row, col));
+}
 
 std::uint16_t ReportSheet::PaletteIndex(Rgb colour) {
     if (colour == kDefaultColour) return 0;
@@ -165,7 +170,8 @@ std::size_t ReportSheet::MemoryBytes() const {
     bytes += palette_.capacity() * sizeof(Rgb);
     bytes += (colWidths_.capacity() + rowHeights_.capacity()) * sizeof(int);
     bytes += pool_.size() * sizeof(std::string) + poolValues_.capacity() * sizeof(double);
-    for (const std::string& s : pool_) bytes += s.capacity() > 15 ? s.capacity() + 1 : 0;
+    for (const std::string& s : pool_)
+        bytes += s.capacity() > 15 ? s.capacity() + 1 : 0;
     bytes += poolIndex_.size() * (sizeof(std::string_view) + sizeof(std::uint32_t) + 16) +
              poolIndex_.bucket_count() * sizeof(void*);
     return bytes;

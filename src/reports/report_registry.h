@@ -59,8 +59,7 @@ std::span<const ReportDefinition> EnquiryOtherReports();
 const ReportDefinition* FindReport(std::string_view object);
 
 // Builds `object` into `sheet`. False when the report is not built yet.
-bool BuildReport(std::string_view object, std::span<const DrawRecord> drawings,
-                 ReportSheet& sheet);
+bool BuildReport(std::string_view object, std::span<const DrawRecord> drawings, ReportSheet& sheet);
 
 // Opens a report as its window does: reads the drawings at `drawingsPath` and builds `object`.
 // Fails with a message for the user when the report is not built yet, when the file cannot be

@@ -1,0 +1,198 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <random>
+#include <set>
+#include <sstream>
+
+#include "cli/cli_app.h"
+#include "cli/sheet_format.h"
+#include "data/drawings_file.h"
+#include "data/lottery_catalog.h"
+#include "reports/report_registry.h"
+#include "shell/command_table.h"
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::ReadAll;
+using testing::TempDir;
+
+struct CliRun {
+    int code;
+    std::string out;
+    std::string err;
+};
+
+CliRun RunCliWith(const std::vector<std::string>& args, const std::filesystem::path& folder) {
+    std::vector<const char*> argv{"numarel-cli"};
+    for (const std::string& a : args)
+        argv.push_back(a.c_str());
+    std::ostringstream out, err;
+    int code = RunCli(static_cast<int>(argv.size()), argv.data(), folder, out, err);
+    return {code, out.str(), err.str()};
+}
+
+TEST(Cli, JsonOfASmallFileFollowsTheContract) {
+    TempDir dir;
+    auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 0 0 0\r\n");
+    CliRun run = RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--format", "json"},
+                            dir.path());
+    ASSERT_EQ(run.code, 0) << run.err;
+    auto doc = nlohmann::json::parse(run.out);
+    std::vector<std::string> keys;
+    for (auto it = doc.begin(); it != doc.end(); ++it)
+        keys.push_back(it.key());
+    EXPECT_EQ(keys.size(), 7u);
+    EXPECT_EQ(doc["report"], "frmbjiouhe");
+    EXPECT_EQ(doc["title"], "Sum of Odd-Sum of Even");
+    EXPECT_EQ(doc["rows"], 4);
+    EXPECT_EQ(doc["cols"], 61);
+    EXPECT_EQ(doc["colWidths"].size(), 61u);
+    EXPECT_EQ(doc["colWidths"][0], 1290);
+    EXPECT_EQ(doc["rowHeights"], nlohmann::json::array());
+    // Sum of Odd of 1 2 3 is 4: column 11, green; Sum of Even 2: column 38, red.
+    auto cells = doc["cells"];
+    nlohmann::json green = {1, 11, "4", "#b6dbaa", nullptr};
+    nlohmann::json red = {1, 38, "2", "#ff0000", nullptr};
+    nlohmann::json label = {1, 0, " 2020001:123", nullptr, nullptr};
+    EXPECT_NE(std::find(cells.begin(), cells.end(), green), cells.end());
+    EXPECT_NE(std::find(cells.begin(), cells.end(), red), cells.end());
+    EXPECT_NE(std::find(cells.begin(), cells.end(), label), cells.end());
+    // Row-major order.
+    for (std::size_t i = 1; i < cells.size(); ++i) {
+        auto a = std::make_pair(cells[i - 1][0].get<int>(), cells[i - 1][1].get<int>());
+        auto b = std::make_pair(cells[i][0].get<int>(), cells[i][1].get<int>());
+        EXPECT_LT(a, b);
+    }
+}
+
+TEST(Cli, OutputFileAndOtherFormats) {
+    TempDir dir;
+    auto data = dir.Write("small.txt", "2020001 1 2 3\r\n\"x\xe9\" 4 5 6\r\n");
+    auto out = dir.path() / "sheet.csv";
+    CliRun run = RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--format", "csv",
+                             "--output", out.string()},
+                            dir.path());
+    ASSERT_EQ(run.code, 0) << run.err;
+    EXPECT_TRUE(run.out.empty());
+    std::string csv = ReadAll(out);
+    EXPECT_EQ(csv.substr(0, csv.find("\r\n")),
+              ",H,T,U,,,,0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,"
+              "16,17,18,19,,21,,23,,25,,27,,0,,2,,4,,6,,8,,10,,"
+              "12,,14,,16,,18,,20,,22,,24");
+    EXPECT_NE(csv.find("\" 2020001:123\""), std::string::npos);
+
+    CliRun text =
+        RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--tail", "1"}, dir.path());
+    ASSERT_EQ(text.code, 0);
+    EXPECT_EQ(text.out.find(" 2020001:123"), std::string::npos);  // only the last drawing
+    EXPECT_NE(text.out.find("| 4 5 6"), std::string::npos);
+
+    CliRun html = RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--format", "html"},
+                             dir.path());
+    ASSERT_EQ(html.code, 0);
+    EXPECT_NE(html.out.find("<!DOCTYPE html>"), std::string::npos);
+    EXPECT_NE(html.out.find("position:sticky"), std::string::npos);
+    EXPECT_NE(html.out.find("background:#ff0000"), std::string::npos);
+}
+
+TEST(Cli, ErrorsSayOneLineExitNonZeroAndWriteNothing) {
+    TempDir dir;
+    auto out = dir.path() / "never.json";
+    auto good = dir.Write("good.txt", "1 1 2 3\r\n");
+    std::string big;
+    for (std::size_t i = 0; i <= kMaxDrawings; ++i)
+        big += "1 1 2 3\r\n";
+    auto tooMany = dir.Write("big.txt", big);
+    const std::vector<std::vector<std::string>> failing = {
+        {"report", "frmbjiouhe", "--data", (dir.path() / "missing.txt").string()},
+        {"report", "frmbjiouhe", "--data", tooMany.string()},
+        {"report", "frmnosuch", "--data", good.string()},
+        {"report", "frmbjiouhe", "--data", good.string(), "--format", "xml"},
+        {"report"},
+        {},
+    };
+    for (auto args : failing) {
+        args.push_back("--output");
+        args.push_back(out.string());
+        CliRun run = RunCliWith(args, dir.path());
+        EXPECT_NE(run.code, 0) << run.out;
+        EXPECT_FALSE(run.err.empty());
+        EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+        EXPECT_FALSE(std::filesystem::exists(out));
+    }
+}
+
+TEST(Cli, ListShowsTheWholeCommandTable) {
+    TempDir dir;
+    CliRun run = RunCliWith({"list"}, dir.path());
+    ASSERT_EQ(run.code, 0);
+    std::size_t lines = std::count(run.out.begin(), run.out.end(), '\n');
+    EXPECT_EQ(lines, CommandTable().size() + 1);
+    EXPECT_NE(
+        run.out.find("Others\tSum of Odd-Sum of Even\tfrmbjiouhe\tSum_of_Odd-Sum_of_Even\tyes"),
+        std::string::npos);
+    EXPECT_NE(run.out.find("Box Pairs\t(separator)"), std::string::npos);
+}
+
+TEST(Cli, WithoutDataTheSelectedLotteryIsUsed) {
+    TempDir dir;
+    dir.Write("data/Mine.txt", "2020001 9 9 9\r\n");
+    WriteSelection(ProgramFolder{dir.path()}.SelectionFile(), "Mine.txt");
+    CliRun run = RunCliWith({"report", "frmbjiouhe", "--format", "csv"}, dir.path());
+    ASSERT_EQ(run.code, 0) << run.err;
+    EXPECT_NE(run.out.find(" 2020001:999"), std::string::npos);
+    EXPECT_TRUE(run.err.empty());
+}
+
+TEST(CommandTable, EntriesAreCompleteAndReportsAreUnique) {
+    std::set<std::string_view> reports;
+    int entries = 0;
+    for (const CommandEntry& e : CommandTable()) {
+        ASSERT_NE(FindGroup(e.menu), nullptr) << e.menu;
+        if (e.IsSeparator()) continue;
+        ++entries;
+        EXPECT_TRUE(reports.insert(e.report).second) << e.report;
+        EXPECT_FALSE(e.caption.empty());
+    }
+    EXPECT_EQ(entries, 75);
+    EXPECT_EQ(GroupButtons().size(), 8u);
+    EXPECT_EQ(FindCommand("frmliangmahecha")->helpPage, "Sum_or_difference_of_Pairs ");
+    EXPECT_EQ(FindCommand("frm6lianhao")->caption, FindCommand("frmzuxuan6")->caption);
+    EXPECT_EQ(MenuEntries("caiqitayouguan").size(), 5u);
+    int sharing = 0;
+    for (const CommandEntry& e : CommandTable())
+        sharing += e.helpPage == "N_Tickets_follow";
+    EXPECT_EQ(sharing, 7);
+}
+
+// Random bytes must never crash the reader or a report.
+TEST(Robustness, RandomBytesNeverCrashTheReaderOrAReport) {
+    std::mt19937 rng(7);
+    const std::string alphabet = "0123456789 ,\r\n\".-x\t";
+    for (int round = 0; round < 200; ++round) {
+        std::string bytes;
+        int length = static_cast<int>(rng() % 400);
+        for (int i = 0; i < length; ++i) {
+            bytes += round % 2 ? static_cast<char>(rng() % 256) : alphabet[rng() % alphabet.size()];
+        }
+        auto records = ParseDrawings(bytes);
+        records.resize(ReportDrawCount(records));
+        for (const CommandEntry& e : CommandTable()) {
+            if (e.IsSeparator() || !FindReport(e.report)) continue;
+            ReportSheet sheet;
+            BuildReport(e.report, records, sheet);
+            EXPECT_GE(sheet.Rows(), 2) << e.report;
+            const ReportDefinition* def = FindReport(e.report);
+            if (def->doubleClickText)
+                for (int c = 0; c < sheet.Cols(); ++c)
+                    def->doubleClickText(sheet, c);
+            if (def->extraButton.text) def->extraButton.text(sheet);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace numarel

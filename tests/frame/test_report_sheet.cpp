@@ -1,0 +1,93 @@
+#include <gtest/gtest.h>
+
+#include "frame/report_sheet.h"
+
+namespace numarel {
+namespace {
+
+TEST(ReportSheet, TextsNumbersAndColoursReadBackAsWritten) {
+    ReportSheet sheet(3, 4);
+    sheet.SetText(1, 1, "  -N-");
+    sheet.SetNumber(1, 2, 32767);
+    sheet.SetText(1, 3, "007");
+    sheet.SetText(2, 1, "-12");
+    sheet.SetBackColor(1, 1, MakeRgb(255, 0, 0));
+    sheet.SetForeColor(1, 1, MakeRgb(0, 0, 255));
+    EXPECT_EQ(sheet.Text(1, 1), "  -N-");
+    EXPECT_EQ(sheet.Text(1, 2), "32767");
+    EXPECT_EQ(sheet.Text(1, 3), "007");  // leading zeros are kept as typed
+    EXPECT_EQ(sheet.Text(2, 1), "-12");
+    EXPECT_TRUE(sheet.TextIs(1, 2, "32767"));
+    EXPECT_FALSE(sheet.TextIs(1, 3, "7"));
+    EXPECT_EQ(sheet.BackColor(1, 1), 0xFF0000u);
+    EXPECT_EQ(sheet.ForeColor(1, 1), 0x0000FFu);
+    EXPECT_EQ(sheet.BackColor(1, 2), kDefaultColour);
+    sheet.SetBackColor(1, 1, kDefaultColour);  // 0 reads back as set
+    EXPECT_EQ(sheet.BackColor(1, 1), kDefaultColour);
+    sheet.SetText(1, 1, "");
+    EXPECT_TRUE(sheet.IsEmpty(1, 1));
+}
+
+TEST(ReportSheet, CellNumberFollowsTheLeadingNumberRule) {
+    ReportSheet sheet(1, 8);
+    const char* texts[] = {"", " *", "  -N-", " 12", "12:34", "5x", "2.5", "007"};
+    const short expected[] = {0, 0, 0, 12, 12, 5, 2, 7};
+    for (int c = 0; c < 8; ++c)
+        sheet.SetText(0, c, texts[c]);
+    for (int c = 0; c < 8; ++c)
+        EXPECT_EQ(sheet.CellNumber(0, c), expected[c]) << texts[c];
+}
+
+TEST(ReportSheet, WritesOutsideTheSheetAreIgnoredAndReadsAreEmpty) {
+    ReportSheet sheet(2, 2);
+    sheet.SetText(-1, 0, "x");
+    sheet.SetText(2, 0, "x");
+    sheet.SetNumber(0, 2, 5);
+    sheet.SetBackColor(5, 5, 1);
+    sheet.SetColWidth(9, 100);
+    sheet.SetRowHeight(-3, 100);
+    EXPECT_EQ(sheet.Text(2, 0), "");
+    EXPECT_EQ(sheet.CellNumber(0, 2), 0);
+    EXPECT_EQ(sheet.BackColor(5, 5), kDefaultColour);
+    EXPECT_EQ(sheet.ColWidth(9), -1);
+    for (int r = 0; r < 2; ++r)
+        for (int c = 0; c < 2; ++c)
+            EXPECT_TRUE(sheet.IsEmpty(r, c));
+}
+
+TEST(ReportSheet, ResizingKeepsWhatFits) {
+    ReportSheet sheet(3, 3);
+    sheet.SetText(1, 1, "a");
+    sheet.SetText(2, 2, "b");
+    sheet.SetColWidth(1, 300);
+    sheet.SetRowHeight(1, 2);
+    sheet.Resize(2, 5);
+    EXPECT_EQ(sheet.Text(1, 1), "a");
+    EXPECT_TRUE(sheet.IsEmpty(1, 4));
+    EXPECT_EQ(sheet.ColWidth(1), 300);
+    EXPECT_EQ(sheet.ColWidth(4), -1);
+    sheet.Resize(4, 2);
+    EXPECT_EQ(sheet.Text(1, 1), "a");
+    EXPECT_TRUE(sheet.IsEmpty(2, 1));  // row 2 was cut away and comes back empty
+    EXPECT_EQ((sheet.SetRowHeights()), (std::vector<std::pair<int, int>>{{1, 2}}));
+}
+
+TEST(ReportSheet, TheLargestSheetStaysCompact) {
+    ReportSheet sheet(32769, 215);
+    for (int r = 1; r < sheet.Rows(); ++r) {
+        sheet.SetText(r, 0, " " + std::to_string(1000000 + r) + ":123");
+        for (int c = 1; c < sheet.Cols(); ++c) {
+            if ((r + c) % 7 == 0) {
+                sheet.SetText(r, c, "*****");
+                sheet.SetBackColor(r, c, MakeRgb(255, 0, 0));
+            } else {
+                sheet.SetNumber(r, c, r % 500);
+            }
+        }
+    }
+    double perCell = static_cast<double>(sheet.MemoryBytes()) / (32769.0 * 215.0);
+    EXPECT_LT(perCell, 10.0);
+}
+
+}  // namespace
+}  // namespace numarel
