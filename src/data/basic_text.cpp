@@ -1,6 +1,8 @@
 #include "data/basic_text.h"
 
+#include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
@@ -15,13 +17,29 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-// Parses sign, digits, fraction and exponent from `s` starting at `pos`; returns the length
-// consumed (0 when no digit was seen) and the value.
+// Parses sign, digits, fraction and exponent at the start of `s`; returns the length consumed
+// (0 when no digit was seen) and the value.
 std::size_t ParseNumber(std::string_view s, double& value) {
-    std::string buf;
     std::size_t i = 0;
+    bool negative = false;
+    if (i < s.size() && (s[i] == '+' || s[i] == '-')) negative = s[i++] == '-';
+    const std::size_t intStart = i;
+    // Whole numbers of up to 18 digits, the usual case, are summed directly.
+    std::uint64_t whole = 0;
+    while (i < s.size() && IsDigit(s[i]) && i - intStart < 18)
+        whole = whole * 10 + (s[i++] - '0');
+    bool digits = i > intStart;
+    bool simple = i == s.size() || (!IsDigit(s[i]) && s[i] != '.' && s[i] != 'e' && s[i] != 'E' &&
+                                    s[i] != 'd' && s[i] != 'D');
+    if (digits && simple) {
+        value = negative ? -static_cast<double>(whole) : static_cast<double>(whole);
+        return i;
+    }
+    // Anything longer goes through the general conversion.
+    std::string buf;
+    i = 0;
     if (i < s.size() && (s[i] == '+' || s[i] == '-')) buf += s[i++];
-    bool digits = false;
+    digits = false;
     while (i < s.size() && IsDigit(s[i])) {
         buf += s[i++];
         digits = true;
@@ -62,11 +80,13 @@ std::string_view Trim(std::string_view text) {
 }
 
 double LeadingValue(std::string_view text) {
+    double value = 0;
+    if (text.find_first_of(" \t\r\n") == std::string_view::npos)
+        return ParseNumber(text, value) ? value : 0;
     std::string packed;
     packed.reserve(text.size());
     for (char c : text)
         if (!IsSpace(c)) packed += c;
-    double value = 0;
     if (ParseNumber(packed, value) == 0) return 0;
     return value;
 }
@@ -103,7 +123,8 @@ std::optional<short> ToInt16(std::string_view text) {
 std::string NumberToText(double value) {
     char buf[64];
     if (value == std::floor(value) && std::fabs(value) < 1e15) {
-        std::snprintf(buf, sizeof buf, "%.0f", value);
+        auto [end, ec] = std::to_chars(buf, buf + sizeof buf, static_cast<long long>(value));
+        *end = '\0';
     } else {
         std::snprintf(buf, sizeof buf, "%.15G", value);
         // The classic rule writes exponents as E+20, E-05 without padding beyond two digits.
