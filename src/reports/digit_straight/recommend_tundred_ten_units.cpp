@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "data/basic_text.h"
 #include "frame/frame_passes.h"
 
 namespace numarel {
@@ -47,11 +48,20 @@ std::string MaskOf(const CarriedDigit& carried, std::string_view digit) {
     return mask;
 }
 
-// The date alone, as the drawing label writes it.
-std::string DateOf(const DrawRecord& record) {
-    std::string label = DrawingLabel(record);
-    if (auto colon = label.find(':'); colon != std::string::npos) label.resize(colon);
-    return label;
+// The second pass over the drawings, as the frame's fill makes it, but with the date alone in
+// column 0: writing each whole drawing label only to replace it would cost as much again.
+void FillDatesAndDigits(ReportSheet& sheet, std::span<const DrawRecord> drawings, int drawCount) {
+    CurrentDigits digits{0, 0, 0};
+    for (int row = 1; row <= drawCount; ++row) {
+        const DrawRecord& record = drawings[static_cast<std::size_t>(row - 1)];
+        if (auto date = WholeNumber(record.date)) sheet.SetText(row, 0, NumberToText(*date));
+        const std::string* fields[3] = {&record.h, &record.t, &record.u};
+        for (std::size_t i = 0; i < 3; ++i) {
+            // A digit that cannot be converted keeps the value of the drawing before.
+            if (auto v = ToInt16(*fields[i])) digits[i] = *v;
+            sheet.SetNumber(row, static_cast<int>(i) + 1, digits[i]);
+        }
+    }
 }
 
 }  // namespace
@@ -67,9 +77,7 @@ void BuildRecommendTundredTenUnits(std::span<const DrawRecord> drawings, ReportS
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 5, 4);
-    FillSheet(sheet, drawings, [&](int row, CurrentDigits&) {
-        sheet.SetText(row, 0, DateOf(drawings[static_cast<std::size_t>(row - 1)]));
-    });
+    FillDatesAndDigits(sheet, drawings, drawCount);
 
     sheet.SetText(0, 1, "H");
     sheet.SetText(0, 2, "T");

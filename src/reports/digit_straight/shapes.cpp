@@ -75,7 +75,8 @@ constexpr int kStoreCol = 40;
 
 void BuildRiseDownShape(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.SetTitle("Rise-Down shape");
-    sheet.SetCols(17);
+    // The header is written before the drawings are counted: the sheet starts as its header row.
+    sheet.Resize(1, 17);
     sheet.SetColWidth(0, 1204);
     for (int c = 1; c <= 16; ++c)
         sheet.SetColWidth(c, 440);
@@ -105,7 +106,8 @@ void BuildRiseDownShape(std::span<const DrawRecord> drawings, ReportSheet& sheet
 
 void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.SetTitle("Straight Number shape");
-    sheet.SetCols(43);
+    // The header is written before the drawings are counted: the sheet starts as its header row.
+    sheet.Resize(1, 43);
     sheet.SetColWidth(0, 1204);
     for (const WordBlock& block : kWordBlocks) {
         sheet.SetColWidth(block.wordCol, 420);
@@ -152,9 +154,9 @@ void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet&
         for (int w = 0; w < kWordCount; ++w)
             headers[static_cast<std::size_t>(w)] = sheet.Text(0, firstCol + w);
         for (int r = 1; r <= lastRow; ++r) {
+            const std::string word = sheet.Text(r, block.wordCol);
             for (int w = 0; w < kWordCount; ++w) {
-                const std::string& word = headers[static_cast<std::size_t>(w)];
-                if (!sheet.TextIs(r, block.wordCol, word)) continue;
+                if (headers[static_cast<std::size_t>(w)] != word) continue;
                 sheet.SetText(r, firstCol + w, word);
                 sheet.SetBackColor(r, firstCol + w, block.wordColour);
             }
