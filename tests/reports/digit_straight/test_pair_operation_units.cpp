@@ -61,22 +61,5 @@ INSTANTIATE_TEST_SUITE_P(Drawings, PairOperationUnits,
                                            PairCase{"frmweiji", "059", "14", 0, 0, 5},
                                            PairCase{"frmweiji", "987", "24", 2, 3, 6}));
 
-TEST(PairOperationUnits, HeaderAndTitles) {
-    for (auto [object, title] : {std::pair{"frmweihe", "Units of H+T H+U T+U"},
-                                 std::pair{"frmweicha", "absolute value of H-T H-U T-U"},
-                                 std::pair{"frmweiji", "Units of H*T H*U T*U"}}) {
-        ReportSheet sheet = Build(object, Drawings({"123"}));
-        EXPECT_EQ(sheet.Title(), title);
-        EXPECT_EQ(sheet.Cols(), 37);
-        EXPECT_EQ(testing::RowTexts(sheet, 0, 0, 5),
-                  (std::vector<std::string>{"", "H", "T", "U", "S", "0"}));
-        EXPECT_EQ(sheet.Text(0, 14), "9");
-        EXPECT_TRUE(sheet.IsEmpty(0, 15));
-        EXPECT_EQ(sheet.Text(0, 16), "0");
-        EXPECT_EQ(sheet.Text(0, 36), "9");
-        EXPECT_EQ(sheet.ColWidth(26), 30);
-    }
-}
-
 }  // namespace
 }  // namespace numarel

@@ -5,7 +5,6 @@
 
 #include "frame/frame_passes.h"
 #include "reports/digit_straight/recommend_320_straight.h"
-#include "reports/report_registry.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -59,12 +58,6 @@ TEST(Recommend320StraightNumbers, ExportListsEveryDrawingWithItsHit) {
     EXPECT_EQ(Export320Text(sheet),
               " 2020001:307-[320YES]\r\n 2020002:500\r\n 2020003:059-[320YES]\r\n");
     EXPECT_EQ(Export320Text(Build("frmbaishi32zu", {})), "");
-
-    const ReportDefinition* def = FindReport("frmbaishi32zu");
-    ASSERT_NE(def, nullptr);
-    EXPECT_EQ(def->extraButton.kind, ExtraButton::Kind::ExportFile);
-    EXPECT_EQ(def->extraButton.exportFile, "Numarel/daochu320.txt");
-    EXPECT_EQ(def->extraButton.text, &Export320Text);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/test_support.h"
@@ -71,17 +72,14 @@ TEST(StraightNumberShape, WordsLettersAndWordColumns) {
     EXPECT_EQ(testing::ColumnsColoured(sheet, 1, MakeRgb(212, 219, 225)), (std::vector<int>{8}));
     EXPECT_EQ(testing::ColumnsColoured(sheet, 1, MakeRgb(243, 140, 0)), (std::vector<int>{24}));
     EXPECT_EQ(testing::ColumnsColoured(sheet, 1, MakeRgb(40, 203, 0)), (std::vector<int>{34}));
-    EXPECT_EQ(sheet.Text(1, 8), "OEE");
-    EXPECT_EQ(sheet.Text(1, 24), "SSB");
-    EXPECT_EQ(sheet.Text(1, 34), "PCC");
 
     // 0 5 9: EOO, SBB, CPC; 5 is Big.
-    EXPECT_EQ(sheet.Text(2, 1), "EOO");
-    EXPECT_EQ(sheet.Text(2, 14), "SBB");
-    EXPECT_EQ(sheet.Text(2, 27), "CPC");
-    EXPECT_EQ(sheet.Text(2, 9), "EOO");
-    EXPECT_EQ(sheet.Text(2, 22), "SBB");
-    EXPECT_EQ(sheet.Text(2, 36), "CPC");
+    for (auto [wordCol, wordCell, word] :
+         {std::tuple{1, 9, "EOO"}, std::tuple{14, 22, "SBB"}, std::tuple{27, 36, "CPC"}}) {
+        EXPECT_EQ(sheet.Text(2, wordCol), word);
+        EXPECT_EQ(sheet.Text(2, wordCell), word);
+        EXPECT_EQ(sheet.Text(0, wordCell), word);
+    }
     EXPECT_EQ(testing::ColumnsColoured(sheet, 2, MakeRgb(127, 176, 237)),
               (std::vector<int>{16, 17}));
 
