@@ -1,0 +1,111 @@
+#include "reports/digit_straight/pair_operation_units.h"
+
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "frame/frame_passes.h"
+#include "frame/number_classes.h"
+
+namespace numarel {
+namespace {
+
+constexpr int kCols = 37;
+constexpr int kSumCol = 4;
+constexpr int kDigitWidth = 300;
+
+enum class Operation { UnitsOfSum, AbsoluteDifference, UnitsOfProduct };
+
+// What sets the three reports apart.
+struct PairOperationUnits {
+    std::string_view title;
+    Operation operation;
+};
+
+constexpr PairOperationUnits kUnitsOfSums = {"Units of H+T H+U T+U", Operation::UnitsOfSum};
+constexpr PairOperationUnits kDifferences = {"absolute value of H-T H-U T-U",
+                                             Operation::AbsoluteDifference};
+constexpr PairOperationUnits kUnitsOfProducts = {"Units of H*T H*U T*U", Operation::UnitsOfProduct};
+
+// One chart per pair of positions: the positions' digit columns, where its ten-column line
+// starts, and its colour.
+struct PairChart {
+    int firstDigitCol;
+    int secondDigitCol;
+    int firstCol;
+    Rgb colour;
+};
+
+constexpr PairChart kCharts[] = {
+    {1, 2, 5, MakeRgb(255, 212, 164)},
+    {1, 3, 16, MakeRgb(182, 219, 170)},
+    {2, 3, 27, MakeRgb(231, 194, 182)},
+};
+constexpr int kDividerCols[] = {15, 26};
+
+// The last character of a number written as text, that is its last decimal digit.
+int LastDigitOf(int value) {
+    return std::abs(value) % 10;
+}
+
+int Apply(Operation operation, int a, int b) {
+    switch (operation) {
+        case Operation::UnitsOfSum:
+            return LastDigitOf(a + b);
+        case Operation::AbsoluteDifference:
+            return std::abs(a - b);
+        case Operation::UnitsOfProduct:
+            return LastDigitOf(a * b);
+    }
+    return 0;
+}
+
+void Build(const PairOperationUnits& report, std::span<const DrawRecord> drawings,
+           ReportSheet& sheet) {
+    sheet.SetTitle("Loading......");
+    sheet.SetCols(kCols);
+    sheet.SetColWidth(0, 1290);
+    for (int c = 1; c < kCols; ++c)
+        sheet.SetColWidth(c, kDigitWidth);
+    for (int c : kDividerCols)
+        sheet.SetColWidth(c, 30);
+
+    const int drawCount = CountDrawings(drawings);
+    ResetSheet(sheet, drawCount, drawCount + 2, 6);
+    FillSheet(sheet, drawings, [&sheet](int row, CurrentDigits& digits) {
+        sheet.SetNumber(row, kSumCol, SumOf(digits));
+        sheet.SetBackColor(row, kSumCol, colours::kSumWidth);
+    });
+
+    sheet.SetText(0, 1, "H");
+    sheet.SetText(0, 2, "T");
+    sheet.SetText(0, 3, "U");
+    sheet.SetText(0, kSumCol, "S");
+    for (const PairChart& chart : kCharts)
+        for (int v = 0; v <= 9; ++v)
+            sheet.SetNumber(0, chart.firstCol + v, v);
+    FinishLoad(sheet, std::string(report.title));
+
+    for (int r = 1; r <= drawCount; ++r) {
+        for (const PairChart& chart : kCharts) {
+            const int result = Apply(report.operation, sheet.CellNumber(r, chart.firstDigitCol),
+                                     sheet.CellNumber(r, chart.secondDigitCol));
+            sheet.SetNumber(r, chart.firstCol + result, result);
+            sheet.SetBackColor(r, chart.firstCol + result, chart.colour);
+        }
+    }
+}
+
+}  // namespace
+
+void BuildUnitsOfPairSums(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kUnitsOfSums, drawings, sheet);
+}
+void BuildPairDifferences(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kDifferences, drawings, sheet);
+}
+void BuildUnitsOfPairProducts(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kUnitsOfProducts, drawings, sheet);
+}
+
+}  // namespace numarel

@@ -1,0 +1,83 @@
+#include "reports/digit_straight/recommend_320_straight.h"
+
+#include <array>
+#include <string_view>
+
+#include "frame/frame_passes.h"
+
+namespace numarel {
+namespace {
+
+constexpr int kCols = 38;
+constexpr int kFirstPairCol = 5;
+constexpr int kYesCol = 37;
+
+// The 32 H-T pairs in column order. They are distinct, so a drawing hits at most one.
+constexpr std::array<std::string_view, 32> kPairs = {
+    "05", "07", "13", "14", "15", "16", "17", "20", "21", "27", "30", "31", "32", "36", "39", "40",
+    "41", "46", "51", "55", "59", "66", "73", "79", "80", "83", "84", "85", "93", "96", "98", "99"};
+constexpr int kLastPairCol = kFirstPairCol + static_cast<int>(kPairs.size()) - 1;
+
+// The first and third runs of eight pair columns are banded, so the pairs read as four groups.
+struct Band {
+    int firstCol;
+    int lastCol;
+};
+constexpr Band kBands[] = {{5, 12}, {21, 28}};
+constexpr Rgb kBandColour = MakeRgb(212, 188, 134);
+
+}  // namespace
+
+void BuildRecommend320StraightNumbers(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    sheet.SetTitle("Loading......");
+    sheet.SetCols(kCols);
+    sheet.SetColWidth(0, 1290);
+    for (int c = 1; c <= 3; ++c)
+        sheet.SetColWidth(c, 300);
+    for (int c = kFirstPairCol; c <= kLastPairCol; ++c)
+        sheet.SetColWidth(c, 300);
+    sheet.SetColWidth(4, 20);
+
+    const int drawCount = CountDrawings(drawings);
+    ResetSheet(sheet, drawCount, drawCount + 2, 6);
+    FillSheet(sheet, drawings);
+
+    sheet.SetText(0, 1, "H");
+    sheet.SetText(0, 2, "T");
+    sheet.SetText(0, 3, "U");
+    for (std::size_t i = 0; i < kPairs.size(); ++i)
+        sheet.SetText(0, kFirstPairCol + static_cast<int>(i), kPairs[i]);
+    FinishLoad(sheet, "Recommend 320 Straight Numbers");
+
+    for (int r = 1; r <= drawCount; ++r)
+        for (const Band& band : kBands)
+            for (int c = band.firstCol; c <= band.lastCol; ++c)
+                sheet.SetBackColor(r, c, kBandColour);
+
+    // The pairs are taken from the header, and H and T are joined as texts, so 0 5 reads "05".
+    std::array<std::string, kPairs.size()> headers;
+    for (std::size_t i = 0; i < headers.size(); ++i)
+        headers[i] = sheet.Text(0, kFirstPairCol + static_cast<int>(i));
+    for (int r = 1; r <= drawCount; ++r) {
+        const std::string joined = sheet.Text(r, 1) + sheet.Text(r, 2);
+        for (std::size_t i = 0; i < headers.size(); ++i) {
+            if (headers[i] != joined) continue;
+            const int col = kFirstPairCol + static_cast<int>(i);
+            sheet.SetBackColor(r, col, colours::kHit);
+            sheet.SetText(r, col, joined);
+            sheet.SetText(r, kYesCol, "YES");
+        }
+    }
+}
+
+std::string Export320Text(const ReportSheet& sheet) {
+    std::string text;
+    for (int r = 1; r <= sheet.DrawCount(); ++r) {
+        text += sheet.Text(r, 0);
+        if (!sheet.IsEmpty(r, kYesCol)) text += "-[320YES]";
+        text += "\r\n";
+    }
+    return text;
+}
+
+}  // namespace numarel

@@ -1,0 +1,168 @@
+#include "reports/digit_straight/shapes.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "frame/frame_passes.h"
+#include "frame/number_classes.h"
+
+namespace numarel {
+namespace {
+
+// Both charts keep their designed caption, hold one empty row after the next drawing's row and
+// keep H, T and U in columns of their own, from which the passes read them back.
+void StartSecondLoadOrder(std::span<const DrawRecord> drawings, ReportSheet& sheet,
+                          DigitColumns digitColumns) {
+    const int drawCount = CountDrawings(drawings);
+    ResetSheet(sheet, drawCount, drawCount + 3, -1);
+    FillSheet(sheet, drawings, {}, digitColumns);
+}
+
+// --- Rise-Down shape ---------------------------------------------------------------------------
+
+constexpr Rgb kSixWayShape = MakeRgb(42, 194, 91);
+constexpr Rgb kTripleShape = MakeRgb(255, 0, 0);
+constexpr Rgb kThreeWayShape = MakeRgb(102, 164, 244);
+
+// A shape: "." marks the lowest digit, ":" the middle one, "|" the highest; equal digits share
+// a sign. The table's order is the order of the columns, from column 1.
+struct Shape {
+    std::string_view signs;
+    Rgb colour;
+    bool (*holds)(int h, int t, int u);
+};
+
+constexpr std::array<Shape, 13> kShapes = {{
+    {".:|", kSixWayShape, [](int h, int t, int u) { return h < t && t < u; }},
+    {".|:", kSixWayShape, [](int h, int t, int u) { return h < u && u < t; }},
+    {":.|", kSixWayShape, [](int h, int t, int u) { return t < h && h < u; }},
+    {":|.", kSixWayShape, [](int h, int t, int u) { return u < h && h < t; }},
+    {"|.:", kSixWayShape, [](int h, int t, int u) { return t < u && u < h; }},
+    {"|:.", kSixWayShape, [](int h, int t, int u) { return u < t && t < h; }},
+    {":::", kTripleShape, [](int h, int t, int u) { return h == t && t == u; }},
+    {"..|", kThreeWayShape, [](int h, int t, int u) { return h == t && t < u; }},
+    {".|.", kThreeWayShape, [](int h, int t, int u) { return h == u && u < t; }},
+    {"|..", kThreeWayShape, [](int h, int t, int u) { return t == u && u < h; }},
+    {".||", kThreeWayShape, [](int h, int t, int u) { return h < t && t == u; }},
+    {"|.|", kThreeWayShape, [](int h, int t, int u) { return t < h && h == u; }},
+    {"||.", kThreeWayShape, [](int h, int t, int u) { return u < h && h == t; }},
+}};
+constexpr int kRiseDownDigitCol = 14;
+
+// --- Straight Number shape -----------------------------------------------------------------
+
+// One block per class pair: the word column, the three letter columns, then the eight words.
+struct WordBlock {
+    int wordCol;
+    std::string_view header;
+    ClassPair pair;
+    char markedLetter;  // the letter whose cells are coloured
+    Rgb letterColour;
+    Rgb wordColour;
+};
+
+constexpr std::array<WordBlock, 3> kWordBlocks = {{
+    {1, "{OE}", ClassPair::OddEven, 'E', MakeRgb(42, 219, 167), MakeRgb(212, 219, 225)},
+    {14, "{BS}", ClassPair::BigSmall, 'B', MakeRgb(127, 176, 237), MakeRgb(243, 140, 0)},
+    {27, "{PC}", ClassPair::PrimeComposite, 'P', MakeRgb(236, 217, 136), MakeRgb(40, 203, 0)},
+}};
+constexpr int kFirstWordOffset = 4;
+constexpr int kWordCount = 8;
+constexpr int kStoreCol = 40;
+
+}  // namespace
+
+void BuildRiseDownShape(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    sheet.SetTitle("Rise-Down shape");
+    // The header is written before the drawings are counted: the sheet starts as its header row.
+    sheet.Resize(1, 17);
+    sheet.SetColWidth(0, 1204);
+    for (int c = 1; c <= 16; ++c)
+        sheet.SetColWidth(c, 440);
+    for (std::size_t i = 0; i < kShapes.size(); ++i)
+        sheet.SetText(0, static_cast<int>(i) + 1, kShapes[i].signs);
+    sheet.SetText(0, kRiseDownDigitCol, "H");
+    sheet.SetText(0, kRiseDownDigitCol + 1, "T");
+    sheet.SetText(0, kRiseDownDigitCol + 2, "U");
+
+    StartSecondLoadOrder(drawings, sheet,
+                         {kRiseDownDigitCol, kRiseDownDigitCol + 1, kRiseDownDigitCol + 2});
+
+    for (int r = 1; r <= sheet.Rows() - 3; ++r) {
+        const int h = sheet.CellNumber(r, kRiseDownDigitCol);
+        const int t = sheet.CellNumber(r, kRiseDownDigitCol + 1);
+        const int u = sheet.CellNumber(r, kRiseDownDigitCol + 2);
+        for (std::size_t i = 0; i < kShapes.size(); ++i) {
+            if (!kShapes[i].holds(h, t, u)) continue;
+            const int col = static_cast<int>(i) + 1;
+            sheet.SetText(r, col, kShapes[i].signs);
+            sheet.SetBackColor(r, col, kShapes[i].colour);
+            break;
+        }
+    }
+    sheet.SetTopRow(sheet.Rows() - 1);
+}
+
+void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    sheet.SetTitle("Straight Number shape");
+    // The header is written before the drawings are counted: the sheet starts as its header row.
+    sheet.Resize(1, 43);
+    sheet.SetColWidth(0, 1204);
+    for (const WordBlock& block : kWordBlocks) {
+        sheet.SetColWidth(block.wordCol, 420);
+        sheet.SetText(0, block.wordCol, block.header);
+        for (int p = 0; p < 3; ++p) {
+            sheet.SetColWidth(block.wordCol + 1 + p, 255);
+            sheet.SetText(0, block.wordCol + 1 + p, std::string_view("HTU").substr(p, 1));
+        }
+        const auto& words = PatternStrings(block.pair);
+        for (int w = 0; w < kWordCount; ++w) {
+            const int col = block.wordCol + kFirstWordOffset + w;
+            sheet.SetColWidth(col, 420);
+            sheet.SetText(0, col, words[static_cast<std::size_t>(w)]);
+        }
+        sheet.SetColWidth(block.wordCol + kFirstWordOffset + kWordCount, 80);
+    }
+    for (int c = kStoreCol; c < kStoreCol + 3; ++c)
+        sheet.SetColWidth(c, 2);
+
+    StartSecondLoadOrder(drawings, sheet, {kStoreCol, kStoreCol + 1, kStoreCol + 2});
+    const int lastRow = sheet.Rows() - 3;
+
+    for (int r = 1; r <= lastRow; ++r) {
+        std::array<std::string, kWordBlocks.size()> words;
+        for (int p = 0; p < 3; ++p) {
+            const int digit = sheet.CellNumber(r, kStoreCol + p);
+            for (std::size_t b = 0; b < kWordBlocks.size(); ++b) {
+                const WordBlock& block = kWordBlocks[b];
+                const char letter = DigitClassLetter(digit, block.pair);
+                const int col = block.wordCol + 1 + p;
+                sheet.SetText(r, col, std::string_view(&letter, 1));
+                if (letter == block.markedLetter) sheet.SetBackColor(r, col, block.letterColour);
+                words[b] += letter;
+            }
+        }
+        for (std::size_t b = 0; b < kWordBlocks.size(); ++b)
+            sheet.SetText(r, kWordBlocks[b].wordCol, words[b]);
+    }
+
+    // The word of each row is matched against the words of the header.
+    for (const WordBlock& block : kWordBlocks) {
+        const int firstCol = block.wordCol + kFirstWordOffset;
+        std::array<std::string, kWordCount> headers;
+        for (int w = 0; w < kWordCount; ++w)
+            headers[static_cast<std::size_t>(w)] = sheet.Text(0, firstCol + w);
+        for (int r = 1; r <= lastRow; ++r) {
+            const std::string word = sheet.Text(r, block.wordCol);
+            for (int w = 0; w < kWordCount; ++w) {
+                if (headers[static_cast<std::size_t>(w)] != word) continue;
+                sheet.SetText(r, firstCol + w, word);
+                sheet.SetBackColor(r, firstCol + w, block.wordColour);
+            }
+        }
+    }
+    sheet.SetTopRow(sheet.Rows() - 1);
+}
+
+}  // namespace numarel

@@ -1,0 +1,64 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "frame/frame_passes.h"
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::Build;
+using testing::ColumnsColoured;
+using testing::Drawings;
+using testing::RowTexts;
+using Texts = std::vector<std::string>;
+
+TEST(RecommendTundredTenUnits, DigitsMovedToAnotherPositionHit) {
+    ReportSheet sheet = Build("frmzhixuantaloven", Drawings({"123", "213"}));
+    EXPECT_EQ(sheet.Title(), "Recommend Tundred Ten Units");
+    ASSERT_EQ(sheet.Rows(), 2 + 5);
+    EXPECT_EQ(sheet.Text(1, 0), " 2020001");
+
+    // Row 1 has nothing carried into it.
+    for (int c = 4; c <= 12; ++c)
+        EXPECT_TRUE(sheet.IsEmpty(1, c)) << c;
+    // T moved to H and H moved to T.
+    EXPECT_EQ(RowTexts(sheet, 2, 4, 12), (Texts{"2**(YES)", "3**", "*1*(YES)", "*3*", "**1", "**2",
+                                                "(1)+(2)+(3)YES", "", "(1)-----(6)YES"}));
+    EXPECT_EQ(ColumnsColoured(sheet, 2, colours::kHit), (std::vector<int>{4, 6}));
+    // The recommendation: the masks of the last drawing, never judged.
+    EXPECT_EQ(RowTexts(sheet, 3, 4, 12),
+              (Texts{"1**", "3**", "*2*", "*3*", "**2", "**1", "", "", ""}));
+    EXPECT_TRUE(ColumnsColoured(sheet, 3, colours::kHit).empty());
+    EXPECT_EQ(sheet.TopRow(), 6);
+}
+
+TEST(RecommendTundredTenUnits, GroupsFollowColumnsNotPositions) {
+    // 123 then 434: only U of the drawing before came back, as T, in column 7 of the second group.
+    // 121 then 010: H and U of the drawing before are both 1, so both T masks hit together.
+    ReportSheet sheet = Build("frmzhixuantaloven", Drawings({"123", "434", "121", "010"}));
+    EXPECT_EQ(ColumnsColoured(sheet, 2, colours::kHit), std::vector<int>{7});
+    EXPECT_EQ(RowTexts(sheet, 2, 10, 12), (Texts{"", "(4)+(5)+(6)YES", "(1)-----(6)YES"}));
+    EXPECT_EQ(ColumnsColoured(sheet, 4, colours::kHit), (std::vector<int>{6, 7}));
+    EXPECT_EQ(RowTexts(sheet, 4, 6, 7), (Texts{"*1*(YES)", "*1*(YES)"}));
+    EXPECT_EQ(RowTexts(sheet, 4, 10, 12),
+              (Texts{"(1)+(2)+(3)YES", "(4)+(5)+(6)YES", "(1)-----(6)YES"}));
+}
+
+TEST(RecommendTundredTenUnits, ShortHistories) {
+    ReportSheet one = Build("frmzhixuantaloven", Drawings({"907"}));
+    for (int c = 4; c <= 12; ++c)
+        EXPECT_TRUE(one.IsEmpty(1, c));
+    EXPECT_EQ(RowTexts(one, 2, 4, 9), (Texts{"0**", "7**", "*9*", "*7*", "**9", "**0"}));
+
+    ReportSheet none = Build("frmzhixuantaloven", {});
+    EXPECT_EQ(none.Rows(), 5);
+    for (int r = 1; r < 5; ++r)
+        for (int c = 0; c < none.Cols(); ++c)
+            EXPECT_TRUE(none.IsEmpty(r, c));
+}
+
+}  // namespace
+}  // namespace numarel
