@@ -1,0 +1,256 @@
+#include "reports/digit_straight/regions.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "frame/frame_passes.h"
+#include "frame/number_classes.h"
+
+namespace numarel {
+namespace {
+
+constexpr Rgb kPatternColour = MakeRgb(127, 182, 200);
+constexpr Rgb kSumColour = MakeRgb(255, 0, 0);
+
+// A region's digits stand in consecutive columns of every drawing's row, under its name.
+struct RegionBlock {
+    std::string_view name;
+    int firstCol;
+    std::string_view digits;
+};
+
+struct WidthRun {
+    int firstCol;
+    int lastCol;
+    int twips;
+};
+
+// A run of columns whose headers are the texts a drawing's value is looked up by.
+struct HeaderRun {
+    int firstCol;
+    std::span<const std::string_view> headers;
+};
+
+// How a drawing's region pattern is found.
+enum class PatternRule {
+    RegionCounts,  // how many drawn digits each region holds, in region order
+    SortedCodes,   // the region codes of H, T, U sorted ascending, with their sum and type
+};
+
+struct RegionsChart {
+    std::string_view title;
+    int cols;
+    std::span<const WidthRun> widths;  // in the order they are set: dividers and stores last
+    std::span<const RegionBlock> regions;
+    HeaderRun patterns;
+    PatternRule rule;
+    // SortedCodes only:
+    int firstCodeCol = -1;  // region codes of H, T, U; the sorted codes follow
+    HeaderRun sums{};       // sum of the sorted codes
+    HeaderRun types{};      // three regions, two, one
+};
+
+constexpr WidthRun kThreeRegionWidths[] = {{0, 0, 1290}, {1, 16, 300}, {18, 27, 420}, {17, 17, 20}};
+constexpr RegionBlock kThreeRegionBlocks[] = {{"S", 5, "012"}, {"M", 9, "3456"}, {"L", 14, "789"}};
+constexpr std::string_view kThreeRegionPatterns[] = {"003", "012", "021", "030", "102",
+                                                     "111", "120", "201", "210", "300"};
+
+constexpr WidthRun kFourRegionWidths[] = {{0, 0, 1290},  {1, 17, 275}, {19, 38, 406}, {40, 49, 305},
+                                          {51, 53, 840}, {4, 4, 20},   {18, 18, 20},  {39, 39, 20},
+                                          {50, 50, 20},  {54, 59, 2}};
+constexpr RegionBlock kFourRegionBlocks[] = {
+    {"1", 5, "13"}, {"2", 8, "024"}, {"3", 12, "579"}, {"4", 16, "68"}};
+constexpr std::string_view kFourRegionPatterns[] = {"111", "112", "113", "114", "122", "123", "124",
+                                                    "133", "134", "144", "222", "223", "224", "233",
+                                                    "234", "244", "333", "334", "344", "444"};
+constexpr std::string_view kFourRegionSums[] = {"3", "4", "5",  "6",  "7",
+                                                "8", "9", "10", "11", "12"};
+constexpr std::string_view kFourRegionTypes[] = {"Type-1", "Type-2", "Type-3"};
+
+constexpr RegionsChart kThreeRegions{
+    "Three Regions Small Middle Large",
+    28,
+    kThreeRegionWidths,
+    kThreeRegionBlocks,
+    {18, kThreeRegionPatterns},
+    PatternRule::RegionCounts,
+};
+
+constexpr RegionsChart kFourRegions{
+    "Four Regions-1234",
+    60,
+    kFourRegionWidths,
+    kFourRegionBlocks,
+    {19, kFourRegionPatterns},
+    PatternRule::SortedCodes,
+    54,
+    {40, kFourRegionSums},
+    {51, kFourRegionTypes},
+};
+
+// The columns of a header run as written in row 0, looked up by text.
+class HeaderColumns {
+public:
+    HeaderColumns(const ReportSheet& sheet, const HeaderRun& run) {
+        for (int i = 0; i < static_cast<int>(run.headers.size()); ++i) {
+            const int col = run.firstCol + i;
+            entries_.emplace_back(sheet.Text(0, col), col);
+        }
+    }
+    // The column headed `text`, or -1.
+    int Find(std::string_view text) const {
+        for (const auto& [header, col] : entries_)
+            if (header == text) return col;
+        return -1;
+    }
+    const std::string& HeaderOf(int col) const {
+        for (const auto& entry : entries_)
+            if (entry.second == col) return entry.first;
+        static const std::string kNone;
+        return kNone;
+    }
+
+private:
+    std::vector<std::pair<std::string, int>> entries_;
+};
+
+void WriteHeaders(ReportSheet& sheet, const HeaderRun& run) {
+    for (int i = 0; i < static_cast<int>(run.headers.size()); ++i)
+        sheet.SetText(0, run.firstCol + i, run.headers[static_cast<std::size_t>(i)]);
+}
+
+// The region digits are written into every drawing's row, so each mark stands on its own text.
+void WriteRegionDigits(ReportSheet& sheet, const RegionsChart& chart) {
+    for (int r = 1; r <= sheet.DrawCount(); ++r)
+        for (const RegionBlock& region : chart.regions)
+            for (int i = 0; i < static_cast<int>(region.digits.size()); ++i)
+                sheet.SetNumber(r, region.firstCol + i,
+                                region.digits[static_cast<std::size_t>(i)] - '0');
+}
+
+// Region codes of H, T, U, then the same codes sorted ascending.
+void WriteRegionCodes(ReportSheet& sheet, int firstCodeCol) {
+    for (int r = 1; r <= sheet.DrawCount(); ++r)
+        for (int p = 0; p < 3; ++p)
+            sheet.SetNumber(r, firstCodeCol + p, FourRegion1234(sheet.CellNumber(r, 1 + p)) - '0');
+    for (int r = 1; r <= sheet.DrawCount(); ++r) {
+        CurrentDigits codes{sheet.CellNumber(r, firstCodeCol),
+                            sheet.CellNumber(r, firstCodeCol + 1),
+                            sheet.CellNumber(r, firstCodeCol + 2)};
+        SortDigits(codes);
+        for (int p = 0; p < 3; ++p)
+            sheet.SetNumber(r, firstCodeCol + 3 + p, codes[static_cast<std::size_t>(p)]);
+    }
+}
+
+// True when the region digit at (r, col) is one of the drawing's digits in columns 1 to 3.
+bool IsDrawn(const ReportSheet& sheet, int r, int col) {
+    const short d = sheet.CellNumber(r, col);
+    return d == sheet.CellNumber(r, 1) || d == sheet.CellNumber(r, 2) ||
+           d == sheet.CellNumber(r, 3);
+}
+
+void MarkDrawnDigits(ReportSheet& sheet, const RegionsChart& chart) {
+    for (int r = 1; r <= sheet.DrawCount(); ++r)
+        for (const RegionBlock& region : chart.regions)
+            for (int c = region.firstCol;
+                 c < region.firstCol + static_cast<int>(region.digits.size()); ++c)
+                if (IsDrawn(sheet, r, c)) sheet.SetBackColor(r, c, colours::kFoundDigit);
+}
+
+void MarkCell(ReportSheet& sheet, int r, int col, const std::string& text, Rgb colour) {
+    if (col < 0) return;
+    sheet.SetText(r, col, text);
+    sheet.SetBackColor(r, col, colour);
+}
+
+// A digit drawn twice counts twice in its region.
+void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart) {
+    const HeaderColumns patterns(sheet, chart.patterns);
+    for (int r = 1; r <= sheet.DrawCount(); ++r) {
+        std::string key;
+        for (const RegionBlock& region : chart.regions) {
+            int count = 0;
+            for (int c = region.firstCol;
+                 c < region.firstCol + static_cast<int>(region.digits.size()); ++c) {
+                const short d = sheet.CellNumber(r, c);
+                for (int p = 1; p <= 3; ++p)
+                    if (sheet.CellNumber(r, p) == d) ++count;
+            }
+            key += std::to_string(count);
+        }
+        const int col = patterns.Find(key);
+        MarkCell(sheet, r, col, patterns.HeaderOf(col), kPatternColour);
+    }
+}
+
+void MarkSortedCodes(ReportSheet& sheet, const RegionsChart& chart) {
+    const HeaderColumns patterns(sheet, chart.patterns);
+    const HeaderColumns sums(sheet, chart.sums);
+    const HeaderColumns types(sheet, chart.types);
+    const int sorted = chart.firstCodeCol + 3;
+    for (int r = 1; r <= sheet.DrawCount(); ++r) {
+        const short a = sheet.CellNumber(r, sorted);
+        const short b = sheet.CellNumber(r, sorted + 1);
+        const short c = sheet.CellNumber(r, sorted + 2);
+
+        std::string key = std::to_string(a) + std::to_string(b) + std::to_string(c);
+        int col = patterns.Find(key);
+        MarkCell(sheet, r, col, patterns.HeaderOf(col), kPatternColour);
+
+        col = sums.Find(std::to_string(a + b + c));
+        MarkCell(sheet, r, col, sums.HeaderOf(col), kSumColour);
+
+        const int type = c == a ? 2 : (b == a || c == b) ? 1 : 0;
+        col = chart.types.firstCol + type;
+        MarkCell(sheet, r, col, types.HeaderOf(col), kPatternColour);
+    }
+}
+
+void Build(const RegionsChart& chart, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    sheet.SetTitle("Loading......");
+    sheet.SetCols(chart.cols);
+    for (const WidthRun& run : chart.widths)
+        for (int c = run.firstCol; c <= run.lastCol; ++c)
+            sheet.SetColWidth(c, run.twips);
+
+    const int drawCount = CountDrawings(drawings);
+    ResetSheet(sheet, drawCount, drawCount + 2, 6);
+    FillSheet(sheet, drawings);
+    WriteRegionDigits(sheet, chart);
+    if (chart.rule == PatternRule::SortedCodes) WriteRegionCodes(sheet, chart.firstCodeCol);
+
+    sheet.SetText(0, 1, "H");
+    sheet.SetText(0, 2, "T");
+    sheet.SetText(0, 3, "U");
+    for (const RegionBlock& region : chart.regions)
+        for (int i = 0; i < static_cast<int>(region.digits.size()); ++i)
+            sheet.SetText(0, region.firstCol + i, region.name);
+    WriteHeaders(sheet, chart.patterns);
+    if (chart.rule == PatternRule::SortedCodes) {
+        WriteHeaders(sheet, chart.sums);
+        WriteHeaders(sheet, chart.types);
+    }
+    FinishLoad(sheet, std::string(chart.title));
+
+    MarkDrawnDigits(sheet, chart);
+    if (chart.rule == PatternRule::RegionCounts)
+        MarkRegionCounts(sheet, chart);
+    else
+        MarkSortedCodes(sheet, chart);
+}
+
+}  // namespace
+
+void BuildThreeRegions(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kThreeRegions, drawings, sheet);
+}
+
+void BuildFourRegions1234(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kFourRegions, drawings, sheet);
+}
+
+}  // namespace numarel
