@@ -25,6 +25,28 @@ int MoveChartCol(int position) {
     return DigitChartCol(position) + 10;
 }
 
+// The frame's fill, with this chart's label: the date as it stands in the file, with no blank
+// before it. Written once per row, as labels are the one text a sheet keeps per drawing.
+void FillTrendRows(ReportSheet& sheet, std::span<const DrawRecord> drawings) {
+    CurrentDigits digits{0, 0, 0};
+    int row = 1;
+    std::string label;
+    for (const DrawRecord& record : drawings) {
+        if (row > sheet.DrawCount()) break;
+        label.assign(Trim(record.date));
+        label += ':';
+        const std::string* fields[3] = {&record.h, &record.t, &record.u};
+        for (int i = 0; i < 3; ++i) {
+            label += Trim(*fields[i]);
+            // A digit that cannot be converted keeps the value of the drawing before.
+            if (auto v = ToInt16(*fields[i])) digits[static_cast<std::size_t>(i)] = *v;
+            sheet.SetNumber(row, 1 + i, digits[static_cast<std::size_t>(i)]);
+        }
+        sheet.SetText(row, 0, label);
+        ++row;
+    }
+}
+
 }  // namespace
 
 void BuildTundredTenUnitsTrend(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
@@ -36,16 +58,7 @@ void BuildTundredTenUnitsTrend(std::span<const DrawRecord> drawings, ReportSheet
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 5);
-    // This chart's label has no blank before the date.
-    FillSheet(sheet, drawings, [&](int row, CurrentDigits&) {
-        const DrawRecord& record = drawings[static_cast<std::size_t>(row - 1)];
-        std::string label(Trim(record.date));
-        label += ':';
-        label += Trim(record.h);
-        label += Trim(record.t);
-        label += Trim(record.u);
-        sheet.SetText(row, 0, label);
-    });
+    FillTrendRows(sheet, drawings);
     for (int p = 1; p <= 3; ++p) {
         for (int d = 0; d <= 9; ++d) {
             sheet.SetNumber(0, DigitChartCol(p) + d, d);

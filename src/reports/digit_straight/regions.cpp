@@ -146,19 +146,29 @@ void WriteRegionCodes(ReportSheet& sheet, int firstCodeCol) {
     }
 }
 
-// True when the region digit at (r, col) is one of the drawing's digits in columns 1 to 3.
-bool IsDrawn(const ReportSheet& sheet, int r, int col) {
+// The drawing's digits as read back from columns 1 to 3.
+std::array<short, 3> DrawnDigits(const ReportSheet& sheet, int r) {
+    return {sheet.CellNumber(r, 1), sheet.CellNumber(r, 2), sheet.CellNumber(r, 3)};
+}
+
+// How many of the drawing's digits the region digit at (r, col) equals.
+int TimesDrawn(const ReportSheet& sheet, int r, int col, const std::array<short, 3>& drawn) {
     const short d = sheet.CellNumber(r, col);
-    return d == sheet.CellNumber(r, 1) || d == sheet.CellNumber(r, 2) ||
-           d == sheet.CellNumber(r, 3);
+    return (d == drawn[0]) + (d == drawn[1]) + (d == drawn[2]);
+}
+
+int LastCol(const RegionBlock& region) {
+    return region.firstCol + static_cast<int>(region.digits.size()) - 1;
 }
 
 void MarkDrawnDigits(ReportSheet& sheet, const RegionsChart& chart) {
-    for (int r = 1; r <= sheet.DrawCount(); ++r)
+    for (int r = 1; r <= sheet.DrawCount(); ++r) {
+        const auto drawn = DrawnDigits(sheet, r);
         for (const RegionBlock& region : chart.regions)
-            for (int c = region.firstCol;
-                 c < region.firstCol + static_cast<int>(region.digits.size()); ++c)
-                if (IsDrawn(sheet, r, c)) sheet.SetBackColor(r, c, colours::kFoundDigit);
+            for (int c = region.firstCol; c <= LastCol(region); ++c)
+                if (TimesDrawn(sheet, r, c, drawn) > 0)
+                    sheet.SetBackColor(r, c, colours::kFoundDigit);
+    }
 }
 
 void MarkCell(ReportSheet& sheet, int r, int col, const std::string& text, Rgb colour) {
@@ -171,18 +181,16 @@ void MarkCell(ReportSheet& sheet, int r, int col, const std::string& text, Rgb c
 void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart) {
     const HeaderColumns patterns(sheet, chart.patterns);
     for (int r = 1; r <= sheet.DrawCount(); ++r) {
-        std::string key;
+        const auto drawn = DrawnDigits(sheet, r);
+        char key[8];
+        std::size_t length = 0;
         for (const RegionBlock& region : chart.regions) {
             int count = 0;
-            for (int c = region.firstCol;
-                 c < region.firstCol + static_cast<int>(region.digits.size()); ++c) {
-                const short d = sheet.CellNumber(r, c);
-                for (int p = 1; p <= 3; ++p)
-                    if (sheet.CellNumber(r, p) == d) ++count;
-            }
-            key += std::to_string(count);
+            for (int c = region.firstCol; c <= LastCol(region); ++c)
+                count += TimesDrawn(sheet, r, c, drawn);
+            key[length++] = static_cast<char>('0' + count);
         }
-        const int col = patterns.Find(key);
+        const int col = patterns.Find(std::string_view(key, length));
         MarkCell(sheet, r, col, patterns.HeaderOf(col), kPatternColour);
     }
 }

@@ -10,15 +10,16 @@ DigitCounts CountDigits(std::span<const short> digits) {
 }
 
 std::array<short, 10> RankDigits(const DigitCounts& counts) {
+    // Insertion by count, highest first, keeping the digit order among equal counts: the same
+    // order as walking the counts from the highest value down and the digits upwards within each.
     std::array<short, 10> order{};
-    std::size_t next = 0;
-    // Seven drawings give at most 21; starting from the largest count also ranks longer windows.
-    short top = 0;
-    for (short c : counts)
-        top = c > top ? c : top;
-    for (int v = top; v >= 0 && next < order.size(); --v)
-        for (short d = 0; d <= 9; ++d)
-            if (counts[static_cast<std::size_t>(d)] == v) order[next++] = d;
+    for (short d = 0; d <= 9; ++d) {
+        std::size_t i = static_cast<std::size_t>(d);
+        const short count = counts[i];
+        for (; i > 0 && counts[static_cast<std::size_t>(order[i - 1])] < count; --i)
+            order[i] = order[i - 1];
+        order[i] = d;
+    }
     return order;
 }
 
@@ -31,14 +32,28 @@ Rgb CountColour(short count) {
 void FillSevenDrawingRanking(ReportSheet& sheet) {
     using namespace ranking_cols;
     const int drawCount = sheet.DrawCount();
-    std::array<short, 3 * kRankingDrawings> window{};
-    for (int first = 1; first <= drawCount - (kRankingDrawings - 1); ++first) {
-        const int target = first + kRankingDrawings;
-        std::size_t k = 0;
-        for (int r = first; r < target; ++r)
-            for (int c = kFirstDigit; c < kFirstDigit + 3; ++c)
-                window[k++] = sheet.CellNumber(r, c);
-        const DigitCounts counts = CountDigits(window);
+    if (drawCount < kRankingDrawings) return;
+    // The counts slide down the sheet: each row's digits are read back once, counted when the
+    // row enters the seven and taken off when it leaves.
+    auto digitsOf = [&](int r) {
+        return std::array<short, 3>{sheet.CellNumber(r, kFirstDigit),
+                                    sheet.CellNumber(r, kFirstDigit + 1),
+                                    sheet.CellNumber(r, kFirstDigit + 2)};
+    };
+    std::array<std::array<short, 3>, kRankingDrawings> window{};
+    DigitCounts counts{};
+    auto add = [&](const std::array<short, 3>& digits, short step) {
+        for (short d : digits)
+            if (d >= 0 && d <= 9) counts[static_cast<std::size_t>(d)] += step;
+    };
+    for (int r = 1; r < kRankingDrawings; ++r) {
+        window[static_cast<std::size_t>(r % kRankingDrawings)] = digitsOf(r);
+        add(window[static_cast<std::size_t>(r % kRankingDrawings)], 1);
+    }
+    for (int target = kRankingDrawings + 1; target <= drawCount + 1; ++target) {
+        auto& slot = window[static_cast<std::size_t>((target - 1) % kRankingDrawings)];
+        slot = digitsOf(target - 1);
+        add(slot, 1);
         for (int d = 0; d <= 9; ++d) {
             const short n = counts[static_cast<std::size_t>(d)];
             sheet.SetNumber(target, kFirstCount + d, n);
@@ -47,6 +62,8 @@ void FillSevenDrawingRanking(ReportSheet& sheet) {
         const auto order = RankDigits(counts);
         for (int i = 0; i < 10; ++i)
             sheet.SetNumber(target, kFirstRank + i, order[static_cast<std::size_t>(i)]);
+        // The oldest of the seven leaves before the next row is counted.
+        add(window[static_cast<std::size_t>(target % kRankingDrawings)], -1);
     }
 }
 
