@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -60,50 +62,63 @@ void LayOut(ReportSheet& sheet) {
         sheet.SetColWidth(c, 2);
 }
 
-// The pattern columns by their header, read back from row 0: key h * 16 + w * 4 + c.
-std::array<int, 64> PatternColumns(const ReportSheet& sheet) {
-    std::array<int, 64> cols;
-    cols.fill(-1);
-    for (int c = kFirstPatternCol; c <= kLastPatternCol; ++c) {
-        const std::string header = sheet.Text(0, c);
-        if (header.size() != 3) continue;
-        int key = 0;
-        bool valid = true;
-        for (char ch : header) {
-            valid = valid && ch >= '0' && ch <= '3';
-            key = key * 4 + (ch - '0');
+// The pattern columns as their headers read back from row 0, found by the counts h, w, c.
+class PatternColumns {
+public:
+    explicit PatternColumns(const ReportSheet& sheet) {
+        cols_.fill(-1);
+        for (int c = kFirstPatternCol; c <= kLastPatternCol; ++c) {
+            std::string header = sheet.Text(0, c);
+            int key = 0;
+            bool valid = header.size() == 3;
+            for (char ch : header) {
+                valid = valid && ch >= '0' && ch <= '3';
+                key = key * 4 + (ch - '0');
+            }
+            if (!valid) continue;
+            cols_[static_cast<std::size_t>(key)] = c;
+            headers_[static_cast<std::size_t>(c - kFirstPatternCol)] = std::move(header);
         }
-        if (valid) cols[static_cast<std::size_t>(key)] = c;
     }
-    return cols;
-}
+    // Writes the header of the column for these counts into row r; counts that no header names
+    // (digits outside 0..9) mark nothing.
+    void Mark(ReportSheet& sheet, int r, const std::array<int, 3>& counts) const {
+        for (int n : counts)
+            if (n > 3) return;
+        const int col = cols_[static_cast<std::size_t>(counts[0] * 16 + counts[1] * 4 + counts[2])];
+        if (col < 0) return;
+        sheet.SetText(r, col, headers_[static_cast<std::size_t>(col - kFirstPatternCol)]);
+        sheet.SetBackColor(r, col, kPatternColour);
+    }
+
+private:
+    std::array<int, 64> cols_;
+    std::array<std::string, kLastPatternCol - kFirstPatternCol + 1> headers_;
+};
 
 // Compares each drawing from row 8 on with the lists of its own row, which rest on the seven
-// drawings before it: paints the list cells its digits hit and marks its pattern.
+// drawings before it: paints the list cells its digits hit and marks its pattern. A digit drawn
+// twice counts twice; its list cell is painted once.
 void MarkPatterns(ReportSheet& sheet) {
-    const std::array<int, 64> patternCols = PatternColumns(sheet);
+    const PatternColumns patterns(sheet);
     for (int r = kRankingDrawings + 1; r <= sheet.DrawCount(); ++r) {
         std::array<short, 3> digits{};
         for (int i = 0; i < 3; ++i)
             digits[static_cast<std::size_t>(i)] =
                 sheet.CellNumber(r, ranking_cols::kFirstDigit + i);
-        std::array<int, 3> hits{};
+        std::array<int, 3> counts{};
         for (std::size_t k = 0; k < kClasses.size(); ++k) {
             const DigitClass& cls = kClasses[k];
             for (int c = cls.firstCol; c < cls.firstCol + cls.size; ++c) {
                 const short listed = sheet.CellNumber(r, c);
                 for (short d : digits) {
                     if (d != listed) continue;
-                    ++hits[k];
+                    ++counts[k];
                     sheet.SetBackColor(r, c, cls.hitColour);
                 }
             }
         }
-        if (hits[0] > 3 || hits[1] > 3 || hits[2] > 3) continue;
-        const int col = patternCols[static_cast<std::size_t>(hits[0] * 16 + hits[1] * 4 + hits[2])];
-        if (col < 0) continue;  // digits outside 0..9 make no pattern
-        sheet.SetText(r, col, sheet.Text(0, col));
-        sheet.SetBackColor(r, col, kPatternColour);
+        patterns.Mark(sheet, r, counts);
     }
 }
 

@@ -1,9 +1,9 @@
 #include "reports/digit_straight/regions.h"
 
 #include <array>
+#include <charconv>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -91,30 +91,28 @@ constexpr RegionsChart kFourRegions{
     {51, kFourRegionTypes},
 };
 
-// The columns of a header run as written in row 0, looked up by text.
-class HeaderColumns {
+// A header run read back from row 0. A drawing's value is shown by writing, in the column
+// headed by the value, the header's own text.
+class HeadedColumns {
 public:
-    HeaderColumns(const ReportSheet& sheet, const HeaderRun& run) {
-        for (int i = 0; i < static_cast<int>(run.headers.size()); ++i) {
-            const int col = run.firstCol + i;
-            entries_.emplace_back(sheet.Text(0, col), col);
-        }
+    HeadedColumns(const ReportSheet& sheet, const HeaderRun& run) : firstCol_(run.firstCol) {
+        for (int i = 0; i < static_cast<int>(run.headers.size()); ++i)
+            headers_.push_back(sheet.Text(0, run.firstCol + i));
     }
-    // The column headed `text`, or -1.
-    int Find(std::string_view text) const {
-        for (const auto& [header, col] : entries_)
-            if (header == text) return col;
-        return -1;
+    // Marks the column headed `value`; nothing when no column has that header.
+    void Mark(ReportSheet& sheet, int r, std::string_view value, Rgb colour) const {
+        for (std::size_t i = 0; i < headers_.size(); ++i)
+            if (headers_[i] == value) MarkAt(sheet, r, static_cast<int>(i), colour);
     }
-    const std::string& HeaderOf(int col) const {
-        for (const auto& entry : entries_)
-            if (entry.second == col) return entry.first;
-        static const std::string kNone;
-        return kNone;
+    // Marks the run's column `index`, counted from 0.
+    void MarkAt(ReportSheet& sheet, int r, int index, Rgb colour) const {
+        sheet.SetText(r, firstCol_ + index, headers_[static_cast<std::size_t>(index)]);
+        sheet.SetBackColor(r, firstCol_ + index, colour);
     }
 
 private:
-    std::vector<std::pair<std::string, int>> entries_;
+    int firstCol_;
+    std::vector<std::string> headers_;
 };
 
 void WriteHeaders(ReportSheet& sheet, const HeaderRun& run) {
@@ -171,15 +169,9 @@ void MarkDrawnDigits(ReportSheet& sheet, const RegionsChart& chart) {
     }
 }
 
-void MarkCell(ReportSheet& sheet, int r, int col, const std::string& text, Rgb colour) {
-    if (col < 0) return;
-    sheet.SetText(r, col, text);
-    sheet.SetBackColor(r, col, colour);
-}
-
 // A digit drawn twice counts twice in its region.
 void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart) {
-    const HeaderColumns patterns(sheet, chart.patterns);
+    const HeadedColumns patterns(sheet, chart.patterns);
     for (int r = 1; r <= sheet.DrawCount(); ++r) {
         const auto drawn = DrawnDigits(sheet, r);
         char key[8];
@@ -190,31 +182,35 @@ void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart) {
                 count += TimesDrawn(sheet, r, c, drawn);
             key[length++] = static_cast<char>('0' + count);
         }
-        const int col = patterns.Find(std::string_view(key, length));
-        MarkCell(sheet, r, col, patterns.HeaderOf(col), kPatternColour);
+        patterns.Mark(sheet, r, std::string_view(key, length), kPatternColour);
     }
 }
 
+// The sorted codes a <= b <= c joined are the pattern; their sum picks a sum column; the type
+// says whether the digits lie in three regions, two or one.
 void MarkSortedCodes(ReportSheet& sheet, const RegionsChart& chart) {
-    const HeaderColumns patterns(sheet, chart.patterns);
-    const HeaderColumns sums(sheet, chart.sums);
-    const HeaderColumns types(sheet, chart.types);
+    const HeadedColumns patterns(sheet, chart.patterns);
+    const HeadedColumns sums(sheet, chart.sums);
+    const HeadedColumns types(sheet, chart.types);
     const int sorted = chart.firstCodeCol + 3;
+    char text[24];
     for (int r = 1; r <= sheet.DrawCount(); ++r) {
         const short a = sheet.CellNumber(r, sorted);
         const short b = sheet.CellNumber(r, sorted + 1);
         const short c = sheet.CellNumber(r, sorted + 2);
 
-        std::string key = std::to_string(a) + std::to_string(b) + std::to_string(c);
-        int col = patterns.Find(key);
-        MarkCell(sheet, r, col, patterns.HeaderOf(col), kPatternColour);
+        char* end = text;
+        for (short code : {a, b, c})
+            end = std::to_chars(end, text + sizeof text, code).ptr;
+        patterns.Mark(sheet, r, std::string_view(text, static_cast<std::size_t>(end - text)),
+                      kPatternColour);
 
-        col = sums.Find(std::to_string(a + b + c));
-        MarkCell(sheet, r, col, sums.HeaderOf(col), kSumColour);
+        end = std::to_chars(text, text + sizeof text, a + b + c).ptr;
+        sums.Mark(sheet, r, std::string_view(text, static_cast<std::size_t>(end - text)),
+                  kSumColour);
 
         const int type = c == a ? 2 : (b == a || c == b) ? 1 : 0;
-        col = chart.types.firstCol + type;
-        MarkCell(sheet, r, col, types.HeaderOf(col), kPatternColour);
+        types.MarkAt(sheet, r, type, kPatternColour);
     }
 }
 
