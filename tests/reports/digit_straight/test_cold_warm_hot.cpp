@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "reports/digit_straight/cold_warm_hot.h"
-#include "reports/report_registry.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -128,16 +127,6 @@ TEST(ColdWarmHot, WithoutSevenDrawingsTheTextSaysSoInsteadOfEmptyGroups) {
         EXPECT_EQ(text.find("111:"), std::string::npos) << text;
         EXPECT_NE(text.find("at least 7 drawings"), std::string::npos) << text;
     }
-}
-
-TEST(ColdWarmHot, WindowOffersMarksAndTheBoxNumbersButton) {
-    const ReportDefinition* def = FindReport("frmrenwenleng");
-    ASSERT_NE(def, nullptr);
-    EXPECT_EQ(def->markColour, MakeRgb(43, 145, 255));
-    EXPECT_EQ(def->extraButton.kind, ExtraButton::Kind::ToggleTextBox);
-    EXPECT_EQ(def->extraButton.caption, "Next Box numbers");
-    EXPECT_EQ(def->extraButton.shownCaption, "Hide Box numbers");
-    EXPECT_EQ(def->extraButton.text, &NextBoxNumbersText);
 }
 
 }  // namespace

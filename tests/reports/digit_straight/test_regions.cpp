@@ -91,20 +91,6 @@ TEST(FourRegions1234, SortedCodesGivePatternSumAndType) {
     }
 }
 
-TEST(FourRegions1234, HeaderNamesRegionsPatternsSumsAndTypes) {
-    const ReportSheet sheet = Build("frm4qufenge", Drawings({"123"}));
-    EXPECT_EQ(sheet.Title(), "Four Regions-1234");
-    EXPECT_EQ(RowTexts(sheet, 0, 5, 17),
-              (Texts{"1", "1", "", "2", "2", "2", "", "3", "3", "3", "", "4", "4"}));
-    EXPECT_EQ(RowTexts(sheet, 1, 5, 17),
-              (Texts{"1", "3", "", "0", "2", "4", "", "5", "7", "9", "", "6", "8"}));
-    EXPECT_EQ(sheet.Text(0, 19), "111");
-    EXPECT_EQ(sheet.Text(0, 38), "444");
-    EXPECT_EQ(RowTexts(sheet, 0, 40, 53), (Texts{"3", "4", "5", "6", "7", "8", "9", "10", "11",
-                                                 "12", "", "Type-1", "Type-2", "Type-3"}));
-    EXPECT_EQ(sheet.ColWidth(54), 2);
-}
-
 TEST(Regions, AnEmptyFileLeavesTheHeaderAndABlankNextRow) {
     for (std::string_view object : {"frmxzd", "frm4qufenge"}) {
         const ReportSheet sheet = Build(object, {});
