@@ -1,6 +1,9 @@
+#include "reports/digit_straight/cold_warm_hot.h"
 #include "reports/digit_straight/pair_operation_units.h"
+#include "reports/digit_straight/position_trend.h"
 #include "reports/digit_straight/recommend_320_straight.h"
 #include "reports/digit_straight/recommend_tundred_ten_units.h"
+#include "reports/digit_straight/regions.h"
 #include "reports/digit_straight/shapes.h"
 #include "reports/report_registry.h"
 
@@ -8,7 +11,15 @@ namespace numarel {
 
 std::span<const ReportDefinition> DigitStraightReports() {
     static constexpr ReportDefinition kReports[] = {
-        // Cold Warm Hot, regions and the position trend come first.
+        {"frmrenwenleng", BuildColdWarmHot, kColdWarmHotMark, false, nullptr,
+         ExtraButton{ExtraButton::Kind::ToggleTextBox,
+                     "Next Box numbers",
+                     "Hide Box numbers",
+                     {},
+                     NextBoxNumbersText}},
+        {"frmxzd", BuildThreeRegions},
+        {"frm4qufenge", BuildFourRegions1234},
+        {"frm3weizoushi", BuildTundredTenUnitsTrend},
         {"frmweihe", BuildUnitsOfPairSums},
         {"frmweicha", BuildPairDifferences},
         {"frmweiji", BuildUnitsOfPairProducts},

@@ -1,0 +1,260 @@
+#include "reports/digit_straight/regions.h"
+
+#include <array>
+#include <charconv>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/frame_passes.h"
+#include "frame/number_classes.h"
+
+namespace numarel {
+namespace {
+
+constexpr Rgb kPatternColour = MakeRgb(127, 182, 200);
+constexpr Rgb kSumColour = MakeRgb(255, 0, 0);
+
+// A region's digits stand in consecutive columns of every drawing's row, under its name.
+struct RegionBlock {
+    std::string_view name;
+    int firstCol;
+    std::string_view digits;
+};
+
+struct WidthRun {
+    int firstCol;
+    int lastCol;
+    int twips;
+};
+
+// A run of columns whose headers are the texts a drawing's value is looked up by.
+struct HeaderRun {
+    int firstCol;
+    std::span<const std::string_view> headers;
+};
+
+// How a drawing's region pattern is found.
+enum class PatternRule {
+    RegionCounts,  // how many drawn digits each region holds, in region order
+    SortedCodes,   // the region codes of H, T, U sorted ascending, with their sum and type
+};
+
+struct RegionsChart {
+    std::string_view title;
+    int cols;
+    std::span<const WidthRun> widths;  // in the order they are set: dividers and stores last
+    std::span<const RegionBlock> regions;
+    HeaderRun patterns;
+    PatternRule rule;
+    // SortedCodes only:
+    int firstCodeCol = -1;  // region codes of H, T, U; the sorted codes follow
+    HeaderRun sums{};       // sum of the sorted codes
+    HeaderRun types{};      // three regions, two, one
+};
+
+constexpr WidthRun kThreeRegionWidths[] = {{0, 0, 1290}, {1, 16, 300}, {18, 27, 420}, {17, 17, 20}};
+constexpr RegionBlock kThreeRegionBlocks[] = {{"S", 5, "012"}, {"M", 9, "3456"}, {"L", 14, "789"}};
+constexpr std::string_view kThreeRegionPatterns[] = {"003", "012", "021", "030", "102",
+                                                     "111", "120", "201", "210", "300"};
+
+constexpr WidthRun kFourRegionWidths[] = {{0, 0, 1290},  {1, 17, 275}, {19, 38, 406}, {40, 49, 305},
+                                          {51, 53, 840}, {4, 4, 20},   {18, 18, 20},  {39, 39, 20},
+                                          {50, 50, 20},  {54, 59, 2}};
+constexpr RegionBlock kFourRegionBlocks[] = {
+    {"1", 5, "13"}, {"2", 8, "024"}, {"3", 12, "579"}, {"4", 16, "68"}};
+constexpr std::string_view kFourRegionPatterns[] = {"111", "112", "113", "114", "122", "123", "124",
+                                                    "133", "134", "144", "222", "223", "224", "233",
+                                                    "234", "244", "333", "334", "344", "444"};
+constexpr std::string_view kFourRegionSums[] = {"3", "4", "5",  "6",  "7",
+                                                "8", "9", "10", "11", "12"};
+constexpr std::string_view kFourRegionTypes[] = {"Type-1", "Type-2", "Type-3"};
+
+constexpr RegionsChart kThreeRegions{
+    "Three Regions Small Middle Large",
+    28,
+    kThreeRegionWidths,
+    kThreeRegionBlocks,
+    {18, kThreeRegionPatterns},
+    PatternRule::RegionCounts,
+};
+
+constexpr RegionsChart kFourRegions{
+    "Four Regions-1234",
+    60,
+    kFourRegionWidths,
+    kFourRegionBlocks,
+    {19, kFourRegionPatterns},
+    PatternRule::SortedCodes,
+    54,
+    {40, kFourRegionSums},
+    {51, kFourRegionTypes},
+};
+
+// A header run read back from row 0. A drawing's value is shown by writing, in the column
+// headed by the value, the header's own text.
+class HeadedColumns {
+public:
+    HeadedColumns(const ReportSheet& sheet, const HeaderRun& run) : firstCol_(run.firstCol) {
+        for (int i = 0; i < static_cast<int>(run.headers.size()); ++i)
+            headers_.push_back(sheet.Text(0, run.firstCol + i));
+    }
+    // Marks the column headed `value`; nothing when no column has that header.
+    void Mark(ReportSheet& sheet, int r, std::string_view value, Rgb colour) const {
+        for (std::size_t i = 0; i < headers_.size(); ++i)
+            if (headers_[i] == value) MarkAt(sheet, r, static_cast<int>(i), colour);
+    }
+    // Marks the run's column `index`, counted from 0.
+    void MarkAt(ReportSheet& sheet, int r, int index, Rgb colour) const {
+        sheet.SetText(r, firstCol_ + index, headers_[static_cast<std::size_t>(index)]);
+        sheet.SetBackColor(r, firstCol_ + index, colour);
+    }
+
+private:
+    int firstCol_;
+    std::vector<std::string> headers_;
+};
+
+void WriteHeaders(ReportSheet& sheet, const HeaderRun& run) {
+    for (int i = 0; i < static_cast<int>(run.headers.size()); ++i)
+        sheet.SetText(0, run.firstCol + i, run.headers[static_cast<std::size_t>(i)]);
+}
+
+// The region digits are written into every drawing's row, so each mark stands on its own text.
+void WriteRegionDigits(ReportSheet& sheet, const RegionsChart& chart) {
+    for (int r = 1; r <= sheet.DrawCount(); ++r)
+        for (const RegionBlock& region : chart.regions)
+            for (int i = 0; i < static_cast<int>(region.digits.size()); ++i)
+                sheet.SetNumber(r, region.firstCol + i,
+                                region.digits[static_cast<std::size_t>(i)] - '0');
+}
+
+// Region codes of H, T, U, then the same codes sorted ascending.
+void WriteRegionCodes(ReportSheet& sheet, int firstCodeCol) {
+    for (int r = 1; r <= sheet.DrawCount(); ++r)
+        for (int p = 0; p < 3; ++p)
+            sheet.SetNumber(r, firstCodeCol + p, FourRegion1234(sheet.CellNumber(r, 1 + p)) - '0');
+    for (int r = 1; r <= sheet.DrawCount(); ++r) {
+        CurrentDigits codes{sheet.CellNumber(r, firstCodeCol),
+                            sheet.CellNumber(r, firstCodeCol + 1),
+                            sheet.CellNumber(r, firstCodeCol + 2)};
+        SortDigits(codes);
+        for (int p = 0; p < 3; ++p)
+            sheet.SetNumber(r, firstCodeCol + 3 + p, codes[static_cast<std::size_t>(p)]);
+    }
+}
+
+// The drawing's digits as read back from columns 1 to 3.
+std::array<short, 3> DrawnDigits(const ReportSheet& sheet, int r) {
+    return {sheet.CellNumber(r, 1), sheet.CellNumber(r, 2), sheet.CellNumber(r, 3)};
+}
+
+// How many of the drawing's digits the region digit at (r, col) equals.
+int TimesDrawn(const ReportSheet& sheet, int r, int col, const std::array<short, 3>& drawn) {
+    const short d = sheet.CellNumber(r, col);
+    return (d == drawn[0]) + (d == drawn[1]) + (d == drawn[2]);
+}
+
+int LastCol(const RegionBlock& region) {
+    return region.firstCol + static_cast<int>(region.digits.size()) - 1;
+}
+
+void MarkDrawnDigits(ReportSheet& sheet, const RegionsChart& chart) {
+    for (int r = 1; r <= sheet.DrawCount(); ++r) {
+        const auto drawn = DrawnDigits(sheet, r);
+        for (const RegionBlock& region : chart.regions)
+            for (int c = region.firstCol; c <= LastCol(region); ++c)
+                if (TimesDrawn(sheet, r, c, drawn) > 0)
+                    sheet.SetBackColor(r, c, colours::kFoundDigit);
+    }
+}
+
+// A digit drawn twice counts twice in its region.
+void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart) {
+    const HeadedColumns patterns(sheet, chart.patterns);
+    for (int r = 1; r <= sheet.DrawCount(); ++r) {
+        const auto drawn = DrawnDigits(sheet, r);
+        char key[8];
+        std::size_t length = 0;
+        for (const RegionBlock& region : chart.regions) {
+            int count = 0;
+            for (int c = region.firstCol; c <= LastCol(region); ++c)
+                count += TimesDrawn(sheet, r, c, drawn);
+            key[length++] = static_cast<char>('0' + count);
+        }
+        patterns.Mark(sheet, r, std::string_view(key, length), kPatternColour);
+    }
+}
+
+// The sorted codes a <= b <= c joined are the pattern; their sum picks a sum column; the type
+// says whether the digits lie in three regions, two or one.
+void MarkSortedCodes(ReportSheet& sheet, const RegionsChart& chart) {
+    const HeadedColumns patterns(sheet, chart.patterns);
+    const HeadedColumns sums(sheet, chart.sums);
+    const HeadedColumns types(sheet, chart.types);
+    const int sorted = chart.firstCodeCol + 3;
+    char text[24];
+    for (int r = 1; r <= sheet.DrawCount(); ++r) {
+        const short a = sheet.CellNumber(r, sorted);
+        const short b = sheet.CellNumber(r, sorted + 1);
+        const short c = sheet.CellNumber(r, sorted + 2);
+
+        char* end = text;
+        for (short code : {a, b, c})
+            end = std::to_chars(end, text + sizeof text, code).ptr;
+        patterns.Mark(sheet, r, std::string_view(text, static_cast<std::size_t>(end - text)),
+                      kPatternColour);
+
+        end = std::to_chars(text, text + sizeof text, a + b + c).ptr;
+        sums.Mark(sheet, r, std::string_view(text, static_cast<std::size_t>(end - text)),
+                  kSumColour);
+
+        const int type = c == a ? 2 : (b == a || c == b) ? 1 : 0;
+        types.MarkAt(sheet, r, type, kPatternColour);
+    }
+}
+
+void Build(const RegionsChart& chart, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    sheet.SetTitle("Loading......");
+    sheet.SetCols(chart.cols);
+    for (const WidthRun& run : chart.widths)
+        for (int c = run.firstCol; c <= run.lastCol; ++c)
+            sheet.SetColWidth(c, run.twips);
+
+    const int drawCount = CountDrawings(drawings);
+    ResetSheet(sheet, drawCount, drawCount + 2, 6);
+    FillSheet(sheet, drawings);
+    WriteRegionDigits(sheet, chart);
+    if (chart.rule == PatternRule::SortedCodes) WriteRegionCodes(sheet, chart.firstCodeCol);
+
+    sheet.SetText(0, 1, "H");
+    sheet.SetText(0, 2, "T");
+    sheet.SetText(0, 3, "U");
+    for (const RegionBlock& region : chart.regions)
+        for (int i = 0; i < static_cast<int>(region.digits.size()); ++i)
+            sheet.SetText(0, region.firstCol + i, region.name);
+    WriteHeaders(sheet, chart.patterns);
+    if (chart.rule == PatternRule::SortedCodes) {
+        WriteHeaders(sheet, chart.sums);
+        WriteHeaders(sheet, chart.types);
+    }
+    FinishLoad(sheet, std::string(chart.title));
+
+    MarkDrawnDigits(sheet, chart);
+    if (chart.rule == PatternRule::RegionCounts)
+        MarkRegionCounts(sheet, chart);
+    else
+        MarkSortedCodes(sheet, chart);
+}
+
+}  // namespace
+
+void BuildThreeRegions(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kThreeRegions, drawings, sheet);
+}
+
+void BuildFourRegions1234(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kFourRegions, drawings, sheet);
+}
+
+}  // namespace numarel

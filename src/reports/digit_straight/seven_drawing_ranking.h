@@ -1,0 +1,51 @@
+#pragma once
+
+#include <array>
+#include <span>
+
+#include "frame/report_sheet.h"
+
+namespace numarel {
+
+// The ranking of the ten digits by how often they came up in the seven drawings before a row.
+// Cold Warm Hot splits it into Hot, Warm and Cold lists; Recommend Pairs forms pairs from it.
+// Both keep it in the same columns, so the sheet pass below serves them both.
+
+// How many of the drawings before a row are counted.
+inline constexpr int kRankingDrawings = 7;
+
+// Where the ranking lives on the sheet of both reports.
+namespace ranking_cols {
+inline constexpr int kFirstCount = 1;  // columns 1..10: how often digit 0..9 came up
+inline constexpr int kFirstRank = 12;  // columns 12..21: the digits, most frequent first
+inline constexpr int kLastRank = 21;
+inline constexpr int kFirstDigit = 34;  // columns 34..36: H, T, U of the drawing
+}  // namespace ranking_cols
+
+// Back colours of the count cells: above 2, exactly 2, below 2.
+namespace ranking_colours {
+inline constexpr Rgb kOften = MakeRgb(255, 0, 0);
+inline constexpr Rgb kTwice = MakeRgb(255, 243, 42);
+inline constexpr Rgb kSeldom = MakeRgb(1, 188, 243);
+}  // namespace ranking_colours
+
+using DigitCounts = std::array<short, 10>;
+
+// How often each digit occurs in `digits`. A value outside 0..9 has no counter and is passed
+// over, as a failed statement would be.
+DigitCounts CountDigits(std::span<const short> digits);
+
+// The ten digits ordered by count, highest first; equal counts go by the smaller digit first,
+// so a digit's place among equals depends on its value, never on when it came. Every digit has
+// a place, a digit with count 0 included.
+std::array<short, 10> RankDigits(const DigitCounts& counts);
+
+// The back colour of a count cell.
+Rgb CountColour(short count);
+
+// For every row t from 8 to DrawCount + 1: counts the digits of columns 34..36 in rows t - 7 to
+// t - 1 into columns 1..10 of row t, colours those count cells, and writes the ranked digits into
+// columns 12..21 of row t. Rows 1 to 7 get nothing. The digits are read back from the sheet.
+void FillSevenDrawingRanking(ReportSheet& sheet);
+
+}  // namespace numarel

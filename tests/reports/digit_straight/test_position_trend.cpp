@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::Build;
+using testing::ColumnsColoured;
+using testing::Drawings;
+using testing::RowTexts;
+using Texts = std::vector<std::string>;
+using Cols = std::vector<int>;
+
+constexpr Rgb kDigit = MakeRgb(255, 152, 104);
+constexpr Rgb kMove = MakeRgb(0, 146, 255);
+constexpr Rgb kHBand = MakeRgb(176, 200, 152);
+constexpr Rgb kTBand = MakeRgb(208, 204, 0);
+constexpr Rgb kUBand = MakeRgb(96, 204, 152);
+
+TEST(TundredTenUnitsTrend, MovesArePlainDifferencesPlacedBySize) {
+    const ReportSheet sheet = Build("frm3weizoushi", Drawings({"905", "095", "362"}));
+    EXPECT_EQ(sheet.Title(), "Tundred Ten Units Trend");
+    EXPECT_EQ(sheet.Rows(), 3 + 5);
+    EXPECT_EQ(sheet.Text(1, 0), "2020001:905");
+    EXPECT_EQ(RowTexts(sheet, 1, 1, 3), (Texts{"9", "0", "5"}));
+
+    // The first drawing has digit cells only.
+    EXPECT_EQ(ColumnsColoured(sheet, 1, kDigit), (Cols{14, 25, 50}));
+    EXPECT_EQ(RowTexts(sheet, 1, 14, 14), Texts{"9"});
+    EXPECT_TRUE(ColumnsColoured(sheet, 1, kMove).empty());
+    EXPECT_EQ(sheet.BackColor(1, 15), kHBand);
+    EXPECT_EQ(sheet.BackColor(1, 44), kTBand);
+    EXPECT_EQ(sheet.BackColor(1, 64), kUBand);
+    EXPECT_EQ(sheet.BackColor(1, 4), kDefaultColour);
+
+    // 9 to 0 and 0 to 9 share the last column, told apart by sign; no change is 0.
+    EXPECT_EQ(ColumnsColoured(sheet, 2, kMove), (Cols{24, 44, 55}));
+    EXPECT_EQ(sheet.Text(2, 24), "-9");
+    EXPECT_EQ(sheet.Text(2, 44), "9");
+    EXPECT_EQ(sheet.Text(2, 55), "0");
+
+    EXPECT_EQ(ColumnsColoured(sheet, 3, kMove), (Cols{18, 38, 58}));
+    EXPECT_EQ(RowTexts(sheet, 3, 18, 18), Texts{"3"});
+    EXPECT_EQ(sheet.Text(3, 38), "-3");
+    EXPECT_EQ(sheet.Text(3, 58), "-3");
+    EXPECT_EQ(ColumnsColoured(sheet, 3, kDigit), (Cols{8, 31, 47}));
+
+    EXPECT_EQ(RowTexts(sheet, 0, 1, 4), Texts(4));
+    EXPECT_EQ(RowTexts(sheet, 0, 55, 64),
+              (Texts{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"}));
+    for (int r = 4; r < sheet.Rows(); ++r)
+        EXPECT_EQ(RowTexts(sheet, r, 0, 64), Texts(65)) << "row " << r;
+    EXPECT_EQ(sheet.TopRow(), 7);
+}
+
+}  // namespace
+}  // namespace numarel
