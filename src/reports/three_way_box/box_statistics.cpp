@@ -126,11 +126,13 @@ void Build(const FollowedNumbers& report, std::span<const DrawRecord> drawings,
     });
 
     if (report.stripeEvenSums) {
-        for (int c = kFirstNumberCol; c <= lastNumberCol; ++c) {
-            if (DigitSum(numbers[static_cast<std::size_t>(c - kFirstNumberCol)]) % 2 != 0) continue;
-            for (int r = 1; r <= drawCount; ++r)
+        std::vector<int> striped;
+        for (int c = kFirstNumberCol; c <= lastNumberCol; ++c)
+            if (DigitSum(numbers[static_cast<std::size_t>(c - kFirstNumberCol)]) % 2 == 0)
+                striped.push_back(c);
+        for (int r = 1; r <= drawCount; ++r)
+            for (int c : striped)
                 sheet.SetBackColor(r, c, kStripe);
-        }
     }
 
     sheet.SetText(0, 1, "H");
@@ -160,14 +162,17 @@ void Build(const FollowedNumbers& report, std::span<const DrawRecord> drawings,
     FillMissCounters(sheet, kFirstNumberCol, lastNumberCol);
 
     // The distance of a hit is read off the Miss number just above it; a direct repeat is 0.
+    // Only rows marked "-Y-" hold a hit, and no two headers share a number, so a row has at most
+    // one: the scan of a wide sheet stops there.
     for (int r = 2; r <= drawCount; ++r) {
+        if (sheet.IsEmpty(r, kFollowedMarkCol)) continue;
         for (int c = kFirstNumberCol; c <= lastNumberCol; ++c) {
-            // Hit cells are the red ones; the colour is the cheaper test on a wide sheet.
-            if (sheet.BackColor(r, c) != colours::kHit || !sheet.TextIs(r, c, kHitMarker)) continue;
+            if (!sheet.TextIs(r, c, kHitMarker)) continue;
             const int distance =
                 sheet.TextIs(r - 1, c, kHitMarker) ? 0 : sheet.CellNumber(r - 1, c) + 1;
             sheet.SetNumber(r, missCol, distance);
             sheet.SetText(r, missCol + BandOf(distance), "*");
+            break;
         }
     }
 
