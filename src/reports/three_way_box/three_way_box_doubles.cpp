@@ -96,15 +96,19 @@ void ClassifyWithThirdDigit(ReportSheet& sheet, int row, int d) {
     if (parityCol >= 0) MarkClass(sheet, row, parityCol, kClassBack);
 
     const bool primeDouble = IsPrimeDouble(d);
-    if (!primeDouble && anyPrime)
+    if (!primeDouble && anyPrime) {
         MarkClass(sheet, row, 30, colours::kHit);  // 2C1P
-    else if (primeDouble && anyComposite)
-        MarkClass(sheet, row, 29, colours::kHit);                                // 2P1C
-    if (primeDouble && !anyComposite) MarkClass(sheet, row, 31, colours::kHit);  // 3P
-    if (!primeDouble && !anyPrime) MarkClass(sheet, row, 32, colours::kHit);     // 3C
+    } else if (primeDouble && anyComposite) {
+        MarkClass(sheet, row, 29, colours::kHit);  // 2P1C
+    }
+    if (primeDouble && !anyComposite) {
+        MarkClass(sheet, row, 31, colours::kHit);  // 3P
+    } else if (!primeDouble && !anyPrime) {
+        MarkClass(sheet, row, 32, colours::kHit);  // 3C
+    }
 }
 
-// The double on its own; the third digit plays no part.
+// The double on its own; the third digit is not looked at.
 void ClassifyDoubleAlone(ReportSheet& sheet, int row, int d) {
     MarkClass(sheet, row, d < 55 ? 19 : 20, colours::kHit);  // Small, Big
     const int digit = d / 11;
@@ -133,32 +137,32 @@ constexpr std::string_view kTrendLabels[] = {
 };
 
 constexpr DoublesReport kType = {
-    "3 Way Box Type",
-    33,
-    Column0::DateAndDigits,
-    1118,
-    320,
-    360,
-    360,
-    kTypeHeaders,
-    660,
-    40,
-    ClassifyWithThirdDigit,
-    kTypeLabels,
+    .title = "3 Way Box Type",
+    .cols = 33,
+    .column0 = Column0::DateAndDigits,
+    .col0Width = 1118,
+    .digitWidth = 320,
+    .boxMarkWidth = 360,
+    .doubleWidth = 360,
+    .classHeaders = kTypeHeaders,
+    .classWidth = 660,
+    .separatorWidth = 40,
+    .classify = ClassifyWithThirdDigit,
+    .labels = kTypeLabels,
 };
 constexpr DoublesReport kTrend = {
-    "3 Way Box Trend",
-    31,
-    Column0::DateAlone,
-    860,
-    400,
-    600,
-    400,
-    kTrendHeaders,
-    600,
-    50,
-    ClassifyDoubleAlone,
-    kTrendLabels,
+    .title = "3 Way Box Trend",
+    .cols = 31,
+    .column0 = Column0::DateAlone,
+    .col0Width = 860,
+    .digitWidth = 400,
+    .boxMarkWidth = 600,
+    .doubleWidth = 400,
+    .classHeaders = kTrendHeaders,
+    .classWidth = 600,
+    .separatorWidth = 50,
+    .classify = ClassifyDoubleAlone,
+    .labels = kTrendLabels,
 };
 
 std::string DigitPair(int first, int second) {
