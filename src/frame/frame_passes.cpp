@@ -1,6 +1,7 @@
 #include "frame/frame_passes.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "data/basic_text.h"
 
@@ -53,10 +54,14 @@ void FinishLoad(ReportSheet& sheet, std::string title) {
 }
 
 void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {
+    if (lastCol < firstCol) return;
     const int drawCount = sheet.DrawCount();
-    for (int c = firstCol; c <= lastCol; ++c) {
-        short counter = 1;
-        for (int r = 1; r <= drawCount; ++r) {
+    // Row by row with a counter per column: the columns are independent, and walking the sheet
+    // in its storage order keeps wide sheets fast.
+    std::vector<short> counters(static_cast<std::size_t>(lastCol - firstCol + 1), 1);
+    for (int r = 1; r <= drawCount; ++r) {
+        for (int c = firstCol; c <= lastCol; ++c) {
+            short& counter = counters[static_cast<std::size_t>(c - firstCol)];
             if (sheet.IsEmpty(r, c)) {
                 sheet.SetNumber(r, c, counter);
                 ++counter;

@@ -1,0 +1,194 @@
+#include "reports/three_way_box/box_statistics.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/frame_passes.h"
+#include "frame/number_classes.h"
+#include "reports/three_way_box/label_forms.h"
+
+namespace numarel {
+namespace {
+
+constexpr int kSortedCol = 4;
+constexpr int kFollowedMarkCol = 5;
+constexpr int kFirstNumberCol = 6;
+constexpr std::string_view kHitMarker = "****";
+constexpr Rgb kStripe = MakeRgb(170, 210, 176);
+
+constexpr std::array<std::string_view, 6> kBands = {"0-100",   "101-200", "201-300",
+                                                    "301-400", "401-500", ">500"};
+
+// What sets the reports apart.
+struct FollowedNumbers {
+    std::string_view title;
+    std::vector<std::string> (*numbers)();  // the headers of the number columns, in order
+    bool stripeEvenSums;
+};
+
+std::string Digits(int a, int b, int c) {
+    return {static_cast<char>('0' + a), static_cast<char>('0' + b), static_cast<char>('0' + c)};
+}
+
+// i i j for every j above i, then i j j, for each i in turn.
+std::vector<std::string> AllThreeWayBoxes() {
+    std::vector<std::string> out;
+    for (int i = 0; i <= 8; ++i) {
+        for (int j = i + 1; j <= 9; ++j)
+            out.push_back(Digits(i, i, j));
+        for (int j = i + 1; j <= 9; ++j)
+            out.push_back(Digits(i, j, j));
+    }
+    return out;
+}
+
+std::vector<std::string> AllSixWayBoxes() {
+    std::vector<std::string> out;
+    for (int i = 0; i <= 7; ++i)
+        for (int j = i + 1; j <= 8; ++j)
+            for (int k = j + 1; k <= 9; ++k)
+                out.push_back(Digits(i, j, k));
+    return out;
+}
+
+// Grouped by Sum, 5 to 23; within a group in the order they were chosen.
+constexpr std::string_view kSeventyTickets[] = {
+    "014",                                            // 5
+    "024", "015",                                     // 6
+    "034", "016",                                     // 7
+    "035", "017", "134", "125",                       // 8
+    "126", "018", "036", "027",                       // 9
+    "037", "145", "019", "046", "028",                // 10
+    "245", "029", "137", "128", "146",                // 11
+    "057", "138", "147", "156", "237",                // 12
+    "067", "148", "157", "139", "256", "049", "346",  // 13
+    "167", "149", "239", "248", "257", "356", "158",  // 14
+    "357", "348", "258", "249", "267", "078",         // 15
+    "457", "349", "268", "178", "259",                // 16
+    "467", "089", "458", "278",                       // 17
+    "189", "279", "378",                              // 18
+    "469", "568", "379",                              // 19
+    "479", "569",                                     // 20
+    "678", "489",                                     // 21
+    "679", "589",                                     // 22
+    "689",                                            // 23
+};
+
+std::vector<std::string> SeventyTickets() {
+    return {std::begin(kSeventyTickets), std::end(kSeventyTickets)};
+}
+
+const FollowedNumbers kThreeWayBoxes = {"3 Way Box Statistical", AllThreeWayBoxes, false};
+const FollowedNumbers kSixWayBoxes = {"6 Way Box Statistical", AllSixWayBoxes, false};
+const FollowedNumbers kSeventy = {"70 Tickets follow", SeventyTickets, true};
+
+int DigitSum(std::string_view number) {
+    int sum = 0;
+    for (char c : number)
+        sum += c - '0';
+    return sum;
+}
+
+// The band column (1 for "0-100" to 6 for ">500") a distance falls in.
+int BandOf(int distance) {
+    if (distance <= 100) return 1;
+    if (distance > 500) return 6;
+    return (distance - 1) / 100 + 1;
+}
+
+void Build(const FollowedNumbers& report, std::span<const DrawRecord> drawings,
+           ReportSheet& sheet) {
+    const std::vector<std::string> numbers = report.numbers();
+    const int lastNumberCol = kFirstNumberCol + static_cast<int>(numbers.size()) - 1;
+    const int missCol = lastNumberCol + 1;  // "Winning Number Miss"
+
+    sheet.SetTitle("Loading......");
+    sheet.SetCols(missCol + 1 + static_cast<int>(kBands.size()));
+    sheet.SetColWidth(0, 1032);
+    for (int c = 1; c <= 3; ++c)
+        sheet.SetColWidth(c, 300);
+    sheet.SetColWidth(kFollowedMarkCol, 300);
+    for (int c = kFirstNumberCol; c <= lastNumberCol; ++c)
+        sheet.SetColWidth(c, 420);
+    sheet.SetColWidth(missCol, 1548);
+    sheet.SetColWidth(kSortedCol, 2);
+
+    const int drawCount = CountDrawings(drawings);
+    ResetSheet(sheet, drawCount, drawCount + 5);
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        sheet.SetText(row, 0, CompactLabel(sheet.Text(row, 0), '|'));
+        SortDigits(digits);
+        sheet.SetText(
+            row, kSortedCol,
+            std::to_string(digits[0]) + std::to_string(digits[1]) + std::to_string(digits[2]));
+    });
+
+    if (report.stripeEvenSums) {
+        std::vector<int> striped;
+        for (int c = kFirstNumberCol; c <= lastNumberCol; ++c)
+            if (DigitSum(numbers[static_cast<std::size_t>(c - kFirstNumberCol)]) % 2 == 0)
+                striped.push_back(c);
+        for (int r = 1; r <= drawCount; ++r)
+            for (int c : striped)
+                sheet.SetBackColor(r, c, kStripe);
+    }
+
+    sheet.SetText(0, 1, "H");
+    sheet.SetText(0, 2, "T");
+    sheet.SetText(0, 3, "U");
+    for (int c = kFirstNumberCol; c <= lastNumberCol; ++c)
+        sheet.SetText(0, c, numbers[static_cast<std::size_t>(c - kFirstNumberCol)]);
+    sheet.SetText(0, missCol, "Winning Number Miss");
+    for (std::size_t i = 0; i < kBands.size(); ++i)
+        sheet.SetText(0, missCol + 1 + static_cast<int>(i), kBands[i]);
+    sheet.SetCurrentCell(drawCount + 1, 1);
+
+    // Hits: the sorted digits and the header compare as numbers, so "012" is 12.
+    std::vector<short> headerValues(static_cast<std::size_t>(missCol));
+    for (int c = kFirstNumberCol; c <= lastNumberCol; ++c)
+        headerValues[static_cast<std::size_t>(c)] = sheet.CellNumber(0, c);
+    for (int r = 1; r <= drawCount; ++r) {
+        const short drawn = sheet.CellNumber(r, kSortedCol);
+        for (int c = kFirstNumberCol; c <= lastNumberCol; ++c) {
+            if (headerValues[static_cast<std::size_t>(c)] != drawn) continue;
+            sheet.SetText(r, c, kHitMarker);
+            sheet.SetBackColor(r, c, colours::kHit);
+            sheet.SetText(r, kFollowedMarkCol, "-Y-");
+        }
+    }
+
+    FillMissCounters(sheet, kFirstNumberCol, lastNumberCol);
+
+    // The distance of a hit is read off the Miss number just above it; a direct repeat is 0.
+    // Only rows marked "-Y-" hold a hit, and no two headers share a number, so a row has at most
+    // one: the scan of a wide sheet stops there.
+    for (int r = 2; r <= drawCount; ++r) {
+        if (sheet.IsEmpty(r, kFollowedMarkCol)) continue;
+        for (int c = kFirstNumberCol; c <= lastNumberCol; ++c) {
+            if (!sheet.TextIs(r, c, kHitMarker)) continue;
+            const int distance =
+                sheet.TextIs(r - 1, c, kHitMarker) ? 0 : sheet.CellNumber(r - 1, c) + 1;
+            sheet.SetNumber(r, missCol, distance);
+            sheet.SetText(r, missCol + BandOf(distance), "*");
+            break;
+        }
+    }
+
+    FinishLoad(sheet, std::string(report.title));
+}
+
+}  // namespace
+
+void BuildThreeWayBoxStatistical(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kThreeWayBoxes, drawings, sheet);
+}
+void BuildSixWayBoxStatistical(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kSixWayBoxes, drawings, sheet);
+}
+void BuildSeventyTicketsFollow(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kSeventy, drawings, sheet);
+}
+
+}  // namespace numarel

@@ -1,0 +1,111 @@
+#include "reports/three_way_box/three_way_box_chance.h"
+
+#include <string>
+#include <string_view>
+
+#include "frame/frame_passes.h"
+#include "frame/number_classes.h"
+#include "reports/three_way_box/label_forms.h"
+
+namespace numarel {
+namespace {
+
+constexpr int kSignalCol = 4;
+constexpr int kBoxCol = 5;
+// The hidden Width rule of the third report.
+constexpr int kWidthPaintCol = 7;
+constexpr int kWidthBoxCol = 8;
+constexpr int kWidthCol = 9;
+
+constexpr int kSignalStretch = 4;  // rows painted after a signal
+constexpr int kRowsToCome = 4;     // rows kept under the drawings for the stretch to reach
+
+enum class Signal {
+    HundredsIsOne,  // H is 1, as drawn
+    Run,            // sorted digits consecutive, 9 wrapping to 0
+    TensIsZero,     // T is 0, as drawn
+};
+
+// What sets the three reports apart.
+struct ChanceReport {
+    std::string_view title;
+    Signal signal;
+    int cols;
+    bool widthRule;
+};
+
+constexpr ChanceReport kHundredsIsOne = {"3 Way Box Chance[1]", Signal::HundredsIsOne, 6, false};
+constexpr ChanceReport kRun = {"3 Way Box Chance[2]", Signal::Run, 6, false};
+constexpr ChanceReport kTensIsZero = {"3 Way Box Chance[3]", Signal::TensIsZero, 10, true};
+
+bool SignalsBeforeSort(Signal signal, const CurrentDigits& d) {
+    return (signal == Signal::HundredsIsOne && d[0] == 1) ||
+           (signal == Signal::TensIsZero && d[1] == 0);
+}
+
+bool IsRun(const CurrentDigits& s) {
+    return (s[1] - s[0] == 1 && s[2] - s[1] == 1) || (s[0] == 0 && s[1] == 8 && s[2] == 9) ||
+           (s[0] == 0 && s[1] == 1 && s[2] == 9);
+}
+
+void Build(const ChanceReport& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    sheet.SetTitle("Loading......");
+    sheet.SetCols(report.cols);
+    sheet.SetColWidth(0, 860);
+    for (int c = 1; c <= 3; ++c)
+        sheet.SetColWidth(c, 300);
+    if (report.widthRule) {
+        for (int c = 6; c <= 8; ++c)
+            sheet.SetColWidth(c, 5);
+        sheet.SetColWidth(kWidthCol, 40);
+    }
+
+    const int drawCount = CountDrawings(drawings);
+    ResetSheet(sheet, drawCount, drawCount + 1 + kRowsToCome);
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        sheet.SetText(row, 0, DateOfLabel(sheet.Text(row, 0)));
+        if (SignalsBeforeSort(report.signal, digits)) sheet.SetText(row, kSignalCol, "***");
+        SortDigits(digits);
+        if (report.signal == Signal::Run && IsRun(digits)) sheet.SetText(row, kSignalCol, "***");
+        if (IsThreeWayBox(digits)) {
+            sheet.SetText(row, kBoxCol, "YES");
+            if (report.widthRule) sheet.SetText(row, kWidthBoxCol, "  YES");
+        }
+        if (report.widthRule) sheet.SetNumber(row, kWidthCol, digits[2] - digits[0]);
+    });
+
+    sheet.SetText(0, 1, "H");
+    sheet.SetText(0, 2, "T");
+    sheet.SetText(0, 3, "U");
+    sheet.SetText(0, kBoxCol, "3 Way Box");
+    if (report.widthRule) sheet.SetText(0, kWidthBoxCol, "3 Way Box");
+    FinishLoad(sheet, std::string(report.title));
+
+    // The stretches are read back from the signal marks, so overlapping ones merge.
+    for (int r = 1; r <= drawCount; ++r) {
+        if (sheet.IsEmpty(r, kSignalCol)) continue;
+        for (int k = 1; k <= kSignalStretch; ++k)
+            sheet.SetBackColor(r + k, kSignalCol, colours::kHit);
+    }
+    if (report.widthRule) {
+        for (int r = 1; r <= drawCount - 2; ++r) {
+            if (sheet.Text(r + 1, kWidthCol) != sheet.Text(r + 2, kWidthCol)) continue;
+            for (int k = 3; k <= 5; ++k)
+                sheet.SetBackColor(r + k, kWidthPaintCol, colours::kHit);
+        }
+    }
+}
+
+}  // namespace
+
+void BuildThreeWayBoxChanceH1(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kHundredsIsOne, drawings, sheet);
+}
+void BuildThreeWayBoxChanceRun(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kRun, drawings, sheet);
+}
+void BuildThreeWayBoxChanceT0(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kTensIsZero, drawings, sheet);
+}
+
+}  // namespace numarel
