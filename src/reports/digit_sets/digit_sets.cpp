@@ -192,6 +192,9 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
     sheet.SetColWidth(kDistinctCol, 30);
 
     const int drawCount = CountDrawings(drawings);
+    // Room for the statistic rows from the start, so that adding them does not move the
+    // whole sheet.
+    sheet.SetRows(drawCount + 6);
     ResetSheet(sheet, drawCount, drawCount + 2, report.lastBlankCol);
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         SortDigits(digits);

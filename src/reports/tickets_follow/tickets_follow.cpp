@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -222,6 +223,9 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
     sheet.SetColWidth(kBoxCol, 30);
 
     const int drawCount = CountDrawings(drawings);
+    // Room for the statistic rows from the start, so that adding them does not move the
+    // whole sheet.
+    sheet.SetRows(drawCount + 6);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         SortDigits(digits);
@@ -245,15 +249,21 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
     sheet.SetText(0, groupCol, report.groupHeader);
     FinishLoad(sheet, std::string(report.title));
 
-    // The tickets are whatever the header row says.
+    // The tickets are whatever the header row says. Drawings of one Box Number hit the same
+    // columns, so each box text is tested against the tickets once.
     std::vector<std::string> tickets;
     for (int c = kFirstTicketCol; c <= lastTicketCol; ++c)
         tickets.push_back(sheet.Text(0, c));
+    std::unordered_map<std::string, std::vector<int>> hitColumns;
     for (int r = 1; r <= drawCount; ++r) {
-        const std::string box = sheet.Text(r, kBoxCol);
-        for (int c = kFirstTicketCol; c <= lastTicketCol; ++c) {
-            if (!Hits(report.hitTest, tickets[static_cast<std::size_t>(c - kFirstTicketCol)], box))
-                continue;
+        auto [it, isNew] = hitColumns.try_emplace(sheet.Text(r, kBoxCol));
+        if (isNew) {
+            for (int c = kFirstTicketCol; c <= lastTicketCol; ++c)
+                if (Hits(report.hitTest, tickets[static_cast<std::size_t>(c - kFirstTicketCol)],
+                         it->first))
+                    it->second.push_back(c);
+        }
+        for (int c : it->second) {
             sheet.SetText(r, c, report.hitMarker);
             sheet.SetText(r, groupCol, report.hitMarker);
         }
@@ -263,14 +273,15 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
     FillMissCounters(sheet, kFirstTicketCol, lastFollowedCol);
     AddStatisticRows(sheet, lastFollowedCol, report.hitMarker, report.average);
 
-    // After the Miss numbers are in, only the whole hit marker counts as a hit.
-    for (std::size_t i = 0; i < report.lists.size(); ++i) {
-        if (report.lists[i].letter.empty()) continue;
-        const int letterCol = firstLetterCol + static_cast<int>(i);
-        for (int r = 1; r <= drawCount; ++r) {
+    // After the Miss numbers are in, only the whole hit marker counts as a hit. Every hit also
+    // marked the group column, so a row whose group cell is empty has nothing to find.
+    for (int r = 1; r <= drawCount; ++r) {
+        if (sheet.IsEmpty(r, groupCol)) continue;
+        for (std::size_t i = 0; i < report.lists.size(); ++i) {
+            if (report.lists[i].letter.empty()) continue;
             for (int c = starts[i]; c < starts[i + 1]; ++c) {
                 if (sheet.TextIs(r, c, report.hitMarker)) {
-                    sheet.SetText(r, letterCol, report.lists[i].letter);
+                    sheet.SetText(r, firstLetterCol + static_cast<int>(i), report.lists[i].letter);
                     break;
                 }
             }
