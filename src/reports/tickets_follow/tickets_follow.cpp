@@ -274,9 +274,9 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
     AddStatisticRows(sheet, lastFollowedCol, report.hitMarker, report.average);
 
     // After the Miss numbers are in, only the whole hit marker counts as a hit. Every hit also
-    // marked the group column, so a row whose group cell is empty has nothing to find.
+    // marked the group column, so a row without the marker there has nothing to find.
     for (int r = 1; r <= drawCount; ++r) {
-        if (sheet.IsEmpty(r, groupCol)) continue;
+        if (!sheet.TextIs(r, groupCol, report.hitMarker)) continue;
         for (std::size_t i = 0; i < report.lists.size(); ++i) {
             if (report.lists[i].letter.empty()) continue;
             for (int c = starts[i]; c < starts[i + 1]; ++c) {
