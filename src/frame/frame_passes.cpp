@@ -56,8 +56,7 @@ void FinishLoad(ReportSheet& sheet, std::string title) {
 void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {
     if (lastCol < firstCol) return;
     const int drawCount = sheet.DrawCount();
-    // Row by row with a counter per column: the columns are independent, and walking the sheet
-    // in its storage order keeps wide sheets fast.
+    // Row by row, one counter per column: wide sheets are walked in the order they are stored.
     std::vector<short> counters(static_cast<std::size_t>(lastCol - firstCol + 1), 1);
     for (int r = 1; r <= drawCount; ++r) {
         for (int c = firstCol; c <= lastCol; ++c) {
@@ -83,24 +82,31 @@ void AddStatisticRows(ReportSheet& sheet, int lastHitCol, std::string_view hitMa
     sheet.SetText(n + 5, 0, "Average");
     sheet.SetTopRow(sheet.Rows() - 1);
 
-    for (int c = firstHitCol; c <= lastHitCol; ++c) {
-        short amount = 0;
-        for (int r = 1; r <= n; ++r)
-            if (sheet.TextIs(r, c, hitMarker)) ++amount;
-        sheet.SetNumber(n + 2, c, amount);
+    // Amount and Max Miss are gathered in one walk over the rows, the order in which the cells
+    // are stored; wide sheets would otherwise be read a column at a time.
+    const std::size_t width =
+        lastHitCol >= firstHitCol ? static_cast<std::size_t>(lastHitCol - firstHitCol + 1) : 0;
+    std::vector<short> amounts(width, 0);
+    std::vector<short> maxMisses(width, 0);
+    for (int r = 1; r <= n; ++r) {
+        for (int c = firstHitCol; c <= lastHitCol; ++c) {
+            const auto i = static_cast<std::size_t>(c - firstHitCol);
+            if (sheet.TextIs(r, c, hitMarker))
+                ++amounts[i];
+            else if (r <= n - 1)  // a run still open in the last row counts up to the row before
+                maxMisses[i] = std::max(maxMisses[i], sheet.CellNumber(r, c));
+        }
     }
+    for (int c = firstHitCol; c <= lastHitCol; ++c)
+        sheet.SetNumber(n + 2, c, amounts[static_cast<std::size_t>(c - firstHitCol)]);
     for (int c = firstHitCol; c <= lastHitCol; ++c) {
         if (sheet.TextIs(n, c, hitMarker))
             sheet.SetText(n + 4, c, "0");
         else
             sheet.SetText(n + 4, c, sheet.Text(n, c));
     }
-    for (int c = firstHitCol; c <= lastHitCol; ++c) {
-        short maxMiss = 0;
-        for (int r = 1; r <= n - 1; ++r)
-            if (!sheet.TextIs(r, c, hitMarker)) maxMiss = std::max(maxMiss, sheet.CellNumber(r, c));
-        sheet.SetNumber(n + 3, c, maxMiss);
-    }
+    for (int c = firstHitCol; c <= lastHitCol; ++c)
+        sheet.SetNumber(n + 3, c, maxMisses[static_cast<std::size_t>(c - firstHitCol)]);
     for (int r = n + 2; r <= n + 5; ++r) {
         for (int c = 1; c <= lastHitCol; ++c) {
             sheet.SetBackColor(r, c, colours::kStatisticBack);

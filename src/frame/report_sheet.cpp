@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <climits>
 
 #include "data/basic_text.h"
 
@@ -97,6 +98,8 @@ bool ReportSheet::TextIs(int row, int col, std::string_view text) const {
     std::uint32_t h = Handle(row, col);
     if (h == 0) return text.empty();
     if (IsInlineNumber(h)) {
+        // Most probes of a number cell are markers such as "***": no need to parse them.
+        if (text.empty() || (text[0] != '-' && (text[0] < '0' || text[0] > '9'))) return false;
         long value = 0;
         return ParsePlainNumber(text, value) && value == InlineValue(h);
     }
@@ -111,6 +114,9 @@ double ReportSheet::CellValue(int row, int col) const {
 }
 
 short ReportSheet::CellNumber(int row, int col) const {
+    std::uint32_t h = Handle(row, col);
+    if (IsInlineNumber(h))  // a whole number already: only the clamp of RoundToInt16 applies
+        return static_cast<short>(std::clamp<long>(InlineValue(h), SHRT_MIN, SHRT_MAX));
     return RoundToInt16(CellValue(row, col));
 }
 

@@ -1,0 +1,273 @@
+#include "reports/digit_sets/digit_sets.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/frame_passes.h"
+#include "frame/number_classes.h"
+
+namespace numarel {
+namespace {
+
+constexpr int kDistinctCol = 4;  // store of the drawing's distinct digits for the scoring pass
+constexpr int kFirstSetCol = 5;
+
+// What sets the reports of the family apart.
+struct DigitSetReport {
+    std::string_view title;
+    std::span<const std::string_view> sets;
+    // How many digits of each set the scan looks at; 0: each set's own length, taken from its
+    // header, where the sets of one report differ in length.
+    int scanLength;
+    int setWidth;
+    std::string_view hitMarker;
+    // A 3 Way Box whose two digits lie in the set is a hit too, shown in red.
+    bool threeWayBoxHits;
+    int fontDecipoints;  // 68: the 6.75 pt grid font, to the nearest tenth
+    int lastBlankCol;    // of the next drawing's row
+};
+
+constexpr std::string_view kSixDigits[] = {"145789"};
+constexpr std::string_view kSevenDigits[] = {"0124589"};
+
+constexpr std::string_view kFourDigitSets[] = {
+    "0126", "0134", "0159", "0178", "0239", "0247", "0258", "0357", "0368", "0456",
+    "0489", "0679", "1237", "1245", "1289", "1358", "1369", "1468", "1479", "1567",
+    "2348", "2356", "2469", "2579", "2678", "3459", "3467", "3789", "4578", "5689"};
+
+constexpr std::string_view kFiveDigitSets[] = {"01249", "01268", "01346", "01467", "01569", "02357",
+                                               "02458", "03789", "12359", "12378", "12589", "13478",
+                                               "14579", "23456", "24679", "34689", "34678"};
+
+constexpr std::string_view kSixDigitSets[] = {"012346", "012359", "012489", "013789", "026789",
+                                              "045678", "123457", "156789", "234568", "345679"};
+
+constexpr std::string_view kSevenDigitSets[] = {"0123489", "0156789", "0245678",
+                                                "0345679", "1234567", "2356789"};
+
+// Six consecutive digits, wrapping from 9 to 0.
+constexpr std::string_view kSixDigitRuns[] = {"012345", "123456", "234567", "345678", "456789",
+                                              "567890", "678901", "789012", "890123", "901234"};
+
+// The digits of one 012 Type class with one more digit.
+constexpr std::string_view k012TypeSets[] = {
+    "1470", "1473", "1476", "1479", "1472",  "1475",  "1478",  "2580",  "2583",  "2586",
+    "2589", "2581", "2584", "2587", "03691", "03694", "03697", "03692", "03695", "03698"};
+
+constexpr std::string_view kMixedSets[] = {"036925", "147258", "1458"};
+
+constexpr DigitSetReport kSixWayThisSix = {
+    .title = "6 Way Box winning number from this 6 digits",
+    .sets = kSixDigits,
+    .scanLength = 6,
+    .setWidth = 806,
+    .hitMarker = "*****",
+    .threeWayBoxHits = false,
+    .fontDecipoints = 75,
+    .lastBlankCol = 5,
+};
+constexpr DigitSetReport kBoxThisSix = {
+    .title = "Box winning number from this 6 digits",
+    .sets = kSixDigits,
+    .scanLength = 6,
+    .setWidth = 806,
+    .hitMarker = "*****",
+    .threeWayBoxHits = true,
+    .fontDecipoints = 75,
+    .lastBlankCol = 5,
+};
+constexpr DigitSetReport kSixWayThisSeven = {
+    .title = "6 Way Box winning number from this 7 digits",
+    .sets = kSevenDigits,
+    .scanLength = 7,
+    .setWidth = 806,
+    .hitMarker = "*****",
+    .threeWayBoxHits = false,
+    .fontDecipoints = 75,
+    .lastBlankCol = 5,
+};
+constexpr DigitSetReport kBoxThisSeven = {
+    .title = "Box winning number from this 7 digits",
+    .sets = kSevenDigits,
+    .scanLength = 7,
+    .setWidth = 806,
+    .hitMarker = "*****",
+    .threeWayBoxHits = true,
+    .fontDecipoints = 75,
+    .lastBlankCol = 5,
+};
+constexpr DigitSetReport kSixWayTheseFour = {
+    .title = "6 Way Box winning number from these 4 digits",
+    .sets = kFourDigitSets,
+    .scanLength = 4,
+    .setWidth = 434,
+    .hitMarker = "****",
+    .threeWayBoxHits = false,
+    .fontDecipoints = 68,
+    .lastBlankCol = 6,
+};
+constexpr DigitSetReport kSixWayTheseFive = {
+    .title = "6 Way Box winning number from these 5 digits",
+    .sets = kFiveDigitSets,
+    .scanLength = 5,
+    .setWidth = 496,
+    .hitMarker = "*****",
+    .threeWayBoxHits = false,
+    .fontDecipoints = 68,
+    .lastBlankCol = 6,
+};
+constexpr DigitSetReport kSixWayTheseSix = {
+    .title = "6 Way Box winning number from these 6 digits",
+    .sets = kSixDigitSets,
+    .scanLength = 6,
+    .setWidth = 620,
+    .hitMarker = "*****",
+    .threeWayBoxHits = false,
+    .fontDecipoints = 68,
+    .lastBlankCol = 6,
+};
+constexpr DigitSetReport kSixWayTheseSeven = {
+    .title = "6 Way Box winning number from these 7 digits",
+    .sets = kSevenDigitSets,
+    .scanLength = 7,
+    .setWidth = 682,
+    .hitMarker = "*****",
+    .threeWayBoxHits = false,
+    .fontDecipoints = 68,
+    .lastBlankCol = 6,
+};
+constexpr DigitSetReport kSixWayRuns = {
+    .title = "6 Way Box winning number from these 6 digits",
+    .sets = kSixDigitRuns,
+    .scanLength = 6,
+    .setWidth = 620,
+    .hitMarker = "*****",
+    .threeWayBoxHits = false,
+    .fontDecipoints = 68,
+    .lastBlankCol = 6,
+};
+constexpr DigitSetReport kSixWay012Types = {
+    .title = "6 Way Box winning number from these N digits",
+    .sets = k012TypeSets,
+    .scanLength = 0,
+    .setWidth = 496,
+    .hitMarker = "****",
+    .threeWayBoxHits = false,
+    .fontDecipoints = 68,
+    .lastBlankCol = 6,
+};
+constexpr DigitSetReport kBoxTheseN = {
+    .title = "Box winning number from these N digits",
+    .sets = kMixedSets,
+    .scanLength = 0,
+    .setWidth = 620,
+    .hitMarker = "******",
+    .threeWayBoxHits = true,
+    .fontDecipoints = 68,
+    .lastBlankCol = 6,
+};
+
+// How many of the drawing's distinct digits lie among the first `length` digits of the set.
+int Score(std::string_view set, std::size_t length, std::string_view distinct) {
+    int score = 0;
+    for (std::size_t i = 0; i < length; ++i)
+        for (char d : distinct)
+            if (set[i] == d) ++score;
+    return score;
+}
+
+void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    const int lastSetCol = kFirstSetCol + static_cast<int>(report.sets.size()) - 1;
+
+    sheet.SetTitle("Loading......");
+    sheet.SetFontDecipoints(report.fontDecipoints);
+    sheet.SetCols(lastSetCol + 1);
+    sheet.SetColWidth(0, 1218);
+    for (int c = 1; c <= 3; ++c)
+        sheet.SetColWidth(c, 300);
+    for (int c = kFirstSetCol; c <= lastSetCol; ++c)
+        sheet.SetColWidth(c, report.setWidth);
+    sheet.SetColWidth(kDistinctCol, 30);
+
+    const int drawCount = CountDrawings(drawings);
+    // Room for the statistic rows from the start, so that adding them does not move the
+    // whole sheet.
+    sheet.SetRows(drawCount + 6);
+    ResetSheet(sheet, drawCount, drawCount + 2, report.lastBlankCol);
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        SortDigits(digits);
+        sheet.SetText(row, kDistinctCol, DistinctDigits(digits));
+    });
+
+    sheet.SetText(0, 1, "H");
+    sheet.SetText(0, 2, "T");
+    sheet.SetText(0, 3, "U");
+    for (std::size_t i = 0; i < report.sets.size(); ++i)
+        sheet.SetText(0, kFirstSetCol + static_cast<int>(i), report.sets[i]);
+    FinishLoad(sheet, std::string(report.title));
+
+    // The sets are whatever the header row says.
+    std::vector<std::string> sets;
+    for (int c = kFirstSetCol; c <= lastSetCol; ++c)
+        sets.push_back(sheet.Text(0, c));
+    for (int r = 1; r <= drawCount; ++r) {
+        const std::string distinct = sheet.Text(r, kDistinctCol);
+        for (int c = kFirstSetCol; c <= lastSetCol; ++c) {
+            const std::string& set = sets[static_cast<std::size_t>(c - kFirstSetCol)];
+            const std::size_t length =
+                report.scanLength > 0
+                    ? std::min(set.size(), static_cast<std::size_t>(report.scanLength))
+                    : set.size();
+            const int score = Score(set, length, distinct);
+            if (score == 3) {
+                sheet.SetText(r, c, report.hitMarker);
+            } else if (report.threeWayBoxHits && score == 2 && distinct.size() == 2) {
+                sheet.SetText(r, c, report.hitMarker);
+                sheet.SetBackColor(r, c, colours::kHit);
+            }
+        }
+    }
+
+    FillMissCounters(sheet, kFirstSetCol, lastSetCol);
+    AddStatisticRows(sheet, lastSetCol, report.hitMarker);
+}
+
+}  // namespace
+
+void BuildSixWayFromThisSixDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kSixWayThisSix, drawings, sheet);
+}
+void BuildBoxFromThisSixDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kBoxThisSix, drawings, sheet);
+}
+void BuildSixWayFromThisSevenDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kSixWayThisSeven, drawings, sheet);
+}
+void BuildBoxFromThisSevenDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kBoxThisSeven, drawings, sheet);
+}
+void BuildSixWayFromTheseFourDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kSixWayTheseFour, drawings, sheet);
+}
+void BuildSixWayFromTheseFiveDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kSixWayTheseFive, drawings, sheet);
+}
+void BuildSixWayFromTheseSixDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kSixWayTheseSix, drawings, sheet);
+}
+void BuildSixWayFromTheseSevenDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kSixWayTheseSeven, drawings, sheet);
+}
+void BuildSixWayFromSixDigitRuns(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kSixWayRuns, drawings, sheet);
+}
+void BuildSixWayFrom012TypeSets(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kSixWay012Types, drawings, sheet);
+}
+void BuildBoxFromTheseNDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kBoxTheseN, drawings, sheet);
+}
+
+}  // namespace numarel

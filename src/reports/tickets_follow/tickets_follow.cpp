@@ -1,0 +1,313 @@
+#include "reports/tickets_follow/tickets_follow.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "frame/frame_passes.h"
+#include "frame/number_classes.h"
+
+namespace numarel {
+namespace {
+
+constexpr int kBoxCol = 4;  // store of the drawing's digits for the hit pass
+constexpr int kFirstTicketCol = 5;
+constexpr int kDigitWidth = 300;
+constexpr int kLetterWidth = 300;
+
+// How a drawing is matched against a ticket.
+enum class HitTest {
+    // Column 4 holds the drawing's distinct digits; the ticket hits when all three of its
+    // digits are among them, so only a 6 Way Box drawing can hit.
+    SharedDigits,
+    // Column 4 holds the three sorted digits with repeats; the ticket hits when it is that very
+    // text, so 3 Way Box tickets can hit too.
+    WholeBoxNumber,
+};
+
+struct TicketList {
+    std::string_view letter;  // empty: the list has no letter column
+    std::span<const std::string_view> tickets;
+};
+
+// What sets the reports of the family apart.
+struct TicketsFollow {
+    std::string_view title;
+    int cols;
+    int fontDecipoints;  // 68: the 6.75 pt grid font, to the nearest tenth
+    HitTest hitTest;
+    std::string_view hitMarker;
+    int ticketWidth;
+    std::string_view groupHeader;
+    int groupWidth;
+    // The group column gets Miss numbers and statistic rows like a ticket.
+    bool groupFollowed;
+    AverageRule average;
+    std::span<const TicketList> lists;
+};
+
+constexpr std::string_view kSixteen[] = {"026", "045", "126", "145", "236", "245", "246", "256",
+                                         "267", "268", "269", "345", "456", "457", "458", "459"};
+
+constexpr std::string_view kTwentySeven[] = {"038", "047", "058", "067", "078", "129", "138",
+                                             "146", "167", "168", "169", "189", "236", "238",
+                                             "256", "259", "267", "269", "279", "346", "356",
+                                             "358", "367", "368", "378", "459", "467"};
+
+constexpr std::string_view kThirtyA[] = {"015", "025", "035", "045", "126", "037", "136", "056",
+                                         "038", "047", "057", "138", "156", "058", "067", "238",
+                                         "059", "167", "239", "249", "348", "259", "349", "358",
+                                         "269", "368", "378", "459", "389", "479"};
+
+constexpr std::string_view kThirtyB[] = {"018", "028", "035", "036", "038", "057", "058", "059",
+                                         "127", "134", "139", "149", "156", "158", "159", "169",
+                                         "179", "237", "238", "248", "259", "268", "289", "347",
+                                         "357", "369", "378", "456", "458", "459"};
+
+constexpr std::string_view kFiftyA[] = {
+    "036", "037", "038", "045", "047", "056", "057", "058", "067", "126", "136", "138", "146",
+    "149", "156", "167", "168", "169", "235", "236", "237", "238", "239", "249", "256", "259",
+    "267", "269", "345", "346", "347", "348", "349", "356", "358", "367", "368", "369", "378",
+    "456", "459", "467", "469", "055", "166", "336", "338", "366", "388", "449"};
+
+constexpr std::string_view kFiftyB[] = {
+    "035", "017", "134", "125", "037", "145", "019", "046", "028", "245", "029", "137", "128",
+    "146", "067", "148", "157", "139", "256", "049", "346", "357", "348", "258", "249", "267",
+    "078", "457", "349", "268", "178", "259", "189", "279", "378", "008", "044", "116", "055",
+    "118", "226", "119", "155", "166", "177", "366", "088", "466", "556", "099"};
+
+// Sums 10, 12 and 14.
+constexpr std::string_view kEighteenA[] = {"037", "055", "127", "136", "145", "057",
+                                           "129", "138", "156", "345", "077", "158",
+                                           "167", "239", "338", "347", "356", "455"};
+// Sums 9, 11, 16 and 18.
+constexpr std::string_view kEighteenB[] = {"027", "045", "126", "038", "047", "056",
+                                           "128", "236", "245", "178", "259", "349",
+                                           "358", "367", "457", "279", "378", "459"};
+// Sums 13, 15 and 17.
+constexpr std::string_view kEighteenC[] = {"058", "067", "229", "238", "247", "256",
+                                           "346", "445", "078", "249", "267", "348",
+                                           "456", "269", "278", "368", "458", "467"};
+
+constexpr TicketList kSixteenLists[] = {{"", kSixteen}};
+constexpr TicketList kTwentySevenLists[] = {{"", kTwentySeven}};
+constexpr TicketList kThirtyALists[] = {{"", kThirtyA}};
+constexpr TicketList kThirtyBLists[] = {{"", kThirtyB}};
+constexpr TicketList kFiftyLists[] = {{"A", kFiftyA}, {"B", kFiftyB}};
+constexpr TicketList kEighteenLists[] = {{"A", kEighteenA}, {"B", kEighteenB}, {"C", kEighteenC}};
+
+constexpr TicketsFollow kSixteenTickets = {
+    .title = "16 Tickets follow",
+    .cols = 22,
+    .fontDecipoints = 68,
+    .hitTest = HitTest::SharedDigits,
+    .hitMarker = "*****",
+    .ticketWidth = 496,
+    .groupHeader = "",
+    .groupWidth = 558,
+    .groupFollowed = true,
+    .average = AverageRule::EmptyWhenNoHit,
+    .lists = kSixteenLists,
+};
+constexpr TicketsFollow kTwentySevenTickets = {
+    .title = "27 Tickets follow",
+    .cols = 33,
+    .fontDecipoints = 75,
+    .hitTest = HitTest::SharedDigits,
+    .hitMarker = "***",
+    .ticketWidth = 372,
+    .groupHeader = "Gather",
+    .groupWidth = 620,
+    .groupFollowed = true,
+    .average = AverageRule::EmptyWhenNoHit,
+    .lists = kTwentySevenLists,
+};
+constexpr TicketsFollow kThirtyTicketsA = {
+    .title = "30 Tickets follow A",
+    .cols = 36,
+    .fontDecipoints = 75,
+    .hitTest = HitTest::SharedDigits,
+    .hitMarker = "***",
+    .ticketWidth = 372,
+    .groupHeader = "Gather",
+    .groupWidth = 620,
+    .groupFollowed = true,
+    .average = AverageRule::DrawCountWhenNoHit,
+    .lists = kThirtyALists,
+};
+constexpr TicketsFollow kThirtyTicketsB = {
+    .title = "30 Tickets follow B",
+    .cols = 36,
+    .fontDecipoints = 75,
+    .hitTest = HitTest::SharedDigits,
+    .hitMarker = "***",
+    .ticketWidth = 372,
+    .groupHeader = "Gather",
+    .groupWidth = 620,
+    .groupFollowed = true,
+    .average = AverageRule::DrawCountWhenNoHit,
+    .lists = kThirtyBLists,
+};
+constexpr TicketsFollow kFiftyTickets = {
+    .title = "50 Tickets follow AB",
+    .cols = 109,
+    .fontDecipoints = 75,
+    .hitTest = HitTest::WholeBoxNumber,
+    .hitMarker = "***",
+    .ticketWidth = 372,
+    .groupHeader = "Gather",
+    .groupWidth = 620,
+    .groupFollowed = false,
+    .average = AverageRule::DrawCountWhenNoHit,
+    .lists = kFiftyLists,
+};
+constexpr TicketsFollow kEighteenTickets = {
+    .title = "18 Tickets follow ABC",
+    .cols = 63,
+    .fontDecipoints = 75,
+    .hitTest = HitTest::WholeBoxNumber,
+    .hitMarker = "***",
+    .ticketWidth = 372,
+    .groupHeader = "Gather",
+    .groupWidth = 620,
+    .groupFollowed = false,
+    .average = AverageRule::DrawCountWhenNoHit,
+    .lists = kEighteenLists,
+};
+
+// The first column of each list, and one past the last ticket.
+std::vector<int> ListStarts(const TicketsFollow& report) {
+    std::vector<int> starts;
+    int col = kFirstTicketCol;
+    for (const TicketList& list : report.lists) {
+        starts.push_back(col);
+        col += static_cast<int>(list.tickets.size());
+    }
+    starts.push_back(col);
+    return starts;
+}
+
+// How many characters of `ticket` match a character of `digits`. Neither text holds a digit
+// twice, so 3 means the drawing is the ticket's Box Number.
+int SharedDigitScore(std::string_view ticket, std::string_view digits) {
+    int score = 0;
+    for (char t : ticket)
+        for (char d : digits)
+            if (t == d) ++score;
+    return score;
+}
+
+bool Hits(HitTest test, std::string_view ticket, std::string_view box) {
+    if (test == HitTest::SharedDigits) return SharedDigitScore(ticket, box) == 3;
+    return ticket == box;
+}
+
+void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    const std::vector<int> starts = ListStarts(report);
+    const int lastTicketCol = starts.back() - 1;
+    const int groupCol = starts.back();
+    const int firstLetterCol = groupCol + 1;
+
+    sheet.SetTitle("Loading......");
+    sheet.SetFontDecipoints(report.fontDecipoints);
+    sheet.SetCols(report.cols);
+    sheet.SetColWidth(0, 1218);
+    for (int c = 1; c <= 3; ++c)
+        sheet.SetColWidth(c, kDigitWidth);
+    for (int c = kFirstTicketCol; c <= lastTicketCol; ++c)
+        sheet.SetColWidth(c, report.ticketWidth);
+    sheet.SetColWidth(groupCol, report.groupWidth);
+    for (int c = firstLetterCol; c < report.cols; ++c)
+        sheet.SetColWidth(c, kLetterWidth);
+    sheet.SetColWidth(kBoxCol, 30);
+
+    const int drawCount = CountDrawings(drawings);
+    // Room for the statistic rows from the start, so that adding them does not move the
+    // whole sheet.
+    sheet.SetRows(drawCount + 6);
+    ResetSheet(sheet, drawCount, drawCount + 2, 6);
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        SortDigits(digits);
+        if (report.hitTest == HitTest::SharedDigits) {
+            sheet.SetText(row, kBoxCol, DistinctDigits(digits));
+        } else {
+            sheet.SetText(
+                row, kBoxCol,
+                std::to_string(digits[0]) + std::to_string(digits[1]) + std::to_string(digits[2]));
+        }
+    });
+
+    sheet.SetText(0, 1, "H");
+    sheet.SetText(0, 2, "T");
+    sheet.SetText(0, 3, "U");
+    for (std::size_t i = 0; i < report.lists.size(); ++i) {
+        const auto& tickets = report.lists[i].tickets;
+        for (std::size_t k = 0; k < tickets.size(); ++k)
+            sheet.SetText(0, starts[i] + static_cast<int>(k), tickets[k]);
+    }
+    sheet.SetText(0, groupCol, report.groupHeader);
+    FinishLoad(sheet, std::string(report.title));
+
+    // The tickets are whatever the header row says. Drawings of one Box Number hit the same
+    // columns, so each box text is tested against the tickets once.
+    std::vector<std::string> tickets;
+    for (int c = kFirstTicketCol; c <= lastTicketCol; ++c)
+        tickets.push_back(sheet.Text(0, c));
+    std::unordered_map<std::string, std::vector<int>> hitColumns;
+    for (int r = 1; r <= drawCount; ++r) {
+        auto [it, isNew] = hitColumns.try_emplace(sheet.Text(r, kBoxCol));
+        if (isNew) {
+            for (int c = kFirstTicketCol; c <= lastTicketCol; ++c)
+                if (Hits(report.hitTest, tickets[static_cast<std::size_t>(c - kFirstTicketCol)],
+                         it->first))
+                    it->second.push_back(c);
+        }
+        for (int c : it->second) {
+            sheet.SetText(r, c, report.hitMarker);
+            sheet.SetText(r, groupCol, report.hitMarker);
+        }
+    }
+
+    const int lastFollowedCol = report.groupFollowed ? groupCol : lastTicketCol;
+    FillMissCounters(sheet, kFirstTicketCol, lastFollowedCol);
+    AddStatisticRows(sheet, lastFollowedCol, report.hitMarker, report.average);
+
+    // After the Miss numbers are in, only the whole hit marker counts as a hit. Every hit also
+    // marked the group column, so a row without the marker there has nothing to find.
+    for (int r = 1; r <= drawCount; ++r) {
+        if (!sheet.TextIs(r, groupCol, report.hitMarker)) continue;
+        for (std::size_t i = 0; i < report.lists.size(); ++i) {
+            if (report.lists[i].letter.empty()) continue;
+            for (int c = starts[i]; c < starts[i + 1]; ++c) {
+                if (sheet.TextIs(r, c, report.hitMarker)) {
+                    sheet.SetText(r, firstLetterCol + static_cast<int>(i), report.lists[i].letter);
+                    break;
+                }
+            }
+        }
+    }
+}
+
+}  // namespace
+
+void BuildSixteenTicketsFollow(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kSixteenTickets, drawings, sheet);
+}
+void BuildTwentySevenTicketsFollow(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kTwentySevenTickets, drawings, sheet);
+}
+void BuildThirtyTicketsFollowA(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kThirtyTicketsA, drawings, sheet);
+}
+void BuildThirtyTicketsFollowB(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kThirtyTicketsB, drawings, sheet);
+}
+void BuildFiftyTicketsFollowAB(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kFiftyTickets, drawings, sheet);
+}
+void BuildEighteenTicketsFollowABC(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    Build(kEighteenTickets, drawings, sheet);
+}
+
+}  // namespace numarel

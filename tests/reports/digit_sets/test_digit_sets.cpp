@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "frame/frame_passes.h"
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::Build;
+using testing::ColumnsColoured;
+using testing::Drawings;
+using testing::RowTexts;
+using Texts = std::vector<std::string>;
+
+struct Layout {
+    const char* object;
+    const char* title;
+    int lastSetCol;
+    const char* firstSet;
+    int setWidth;
+    const char* hitMarker;
+    int fontDecipoints;
+};
+
+TEST(DigitSets, SheetLayoutAndSetsInTheHeader) {
+    const Layout layouts[] = {
+        {"frmgaopin6ma", "6 Way Box winning number from this 6 digits", 5, "145789", 806, "*****",
+         75},
+        {"frmgaopin6ma36", "Box winning number from this 6 digits", 5, "145789", 806, "*****", 75},
+        {"frmgaopin7ma", "6 Way Box winning number from this 7 digits", 5, "0124589", 806, "*****",
+         75},
+        {"frmgaopin7ma36", "Box winning number from this 7 digits", 5, "0124589", 806, "*****", 75},
+        {"frmzuxuan4", "6 Way Box winning number from these 4 digits", 34, "0126", 434, "****", 68},
+        {"frmzuxuan1", "6 Way Box winning number from these 5 digits", 21, "01249", 496, "*****",
+         68},
+        {"frmzuxuan6", "6 Way Box winning number from these 6 digits", 14, "012346", 620, "*****",
+         68},
+        {"frmzuxuan7", "6 Way Box winning number from these 7 digits", 10, "0123489", 682, "*****",
+         68},
+        {"frm6lianhao", "6 Way Box winning number from these 6 digits", 14, "012345", 620, "*****",
+         68},
+        {"frmlingleizu6", "6 Way Box winning number from these N digits", 24, "1470", 496, "****",
+         68},
+        {"frmzuxuanqt", "Box winning number from these N digits", 7, "036925", 620, "******", 68},
+    };
+    for (const Layout& l : layouts) {
+        SCOPED_TRACE(l.object);
+        ReportSheet s = Build(l.object, Drawings({"333", "123"}));
+        EXPECT_EQ(s.Title(), l.title);
+        EXPECT_EQ(s.Cols(), l.lastSetCol + 1);
+        EXPECT_EQ(s.Rows(), 2 + 6);
+        EXPECT_EQ(s.FontDecipoints(), l.fontDecipoints);
+        EXPECT_EQ(RowTexts(s, 0, 1, 3), (Texts{"H", "T", "U"}));
+        EXPECT_EQ(s.Text(0, 5), l.firstSet);
+        EXPECT_EQ(s.ColWidth(4), 30);
+        EXPECT_EQ(s.ColWidth(l.lastSetCol), l.setWidth);
+        EXPECT_EQ(s.Text(1, 4), "3");
+        EXPECT_EQ(s.Text(4, 0), "Amount");
+        EXPECT_EQ(ColumnsColoured(s, 7, colours::kStatisticBack).back(), l.lastSetCol);
+    }
+}
+
+TEST(DigitSets, OneSetSixWayOnly) {
+    // 1 1 4 scores 2 and 1 1 1 scores 1: neither hits; the order of the digits plays no part.
+    ReportSheet s = Build("frmgaopin6ma", Drawings({"145", "114", "111", "514"}));
+    EXPECT_EQ(RowTexts(s, 1, 4, 5), (Texts{"145", "*****"}));
+    EXPECT_EQ(RowTexts(s, 2, 4, 5), (Texts{"14", "1"}));
+    EXPECT_EQ(RowTexts(s, 3, 4, 5), (Texts{"1", "2"}));
+    EXPECT_EQ(s.Text(4, 5), "*****");
+    EXPECT_TRUE(s.IsEmpty(5, 5));
+    // Amount, Max Miss, Current Miss, Average.
+    EXPECT_EQ((Texts{s.Text(6, 5), s.Text(7, 5), s.Text(8, 5), s.Text(9, 5)}),
+              (Texts{"2", "2", "0", "2"}));
+    EXPECT_TRUE(ColumnsColoured(s, 1, colours::kHit).empty());
+}
+
+TEST(DigitSets, OneSetBoxHitsThreeWayBoxInRed) {
+    // 1 1 2 scores 1; 1 4 2 scores 2 but has three distinct digits.
+    ReportSheet s = Build("frmgaopin6ma36", Drawings({"114", "112", "142", "145"}));
+    EXPECT_EQ(RowTexts(s, 1, 5, 5)[0], "*****");
+    EXPECT_EQ(s.BackColor(1, 5), colours::kHit);
+    EXPECT_EQ(s.Text(2, 5), "1");
+    EXPECT_EQ(s.Text(3, 5), "2");
+    EXPECT_EQ(s.Text(4, 5), "*****");
+    EXPECT_EQ(s.BackColor(4, 5), kDefaultColour);
+    EXPECT_EQ(s.Text(6, 5), "2");  // red hits count
+
+    ReportSheet seven = Build("frmgaopin7ma36", Drawings({"550", "003", "888"}));
+    EXPECT_EQ(seven.Text(1, 5), "*****");
+    EXPECT_EQ(seven.BackColor(1, 5), colours::kHit);
+    EXPECT_EQ(seven.Text(2, 5), "1");
+    EXPECT_EQ(seven.Text(3, 5), "2");  // a triple inside the set is no hit
+    ReportSheet sixWay = Build("frmgaopin7ma", Drawings({"550"}));
+    EXPECT_EQ(sixWay.Text(1, 5), "1");
+}
+
+TEST(DigitSets, NoHitLeavesAverageEmpty) {
+    ReportSheet s = Build("frmgaopin6ma", Drawings({"000", "236", "123"}));
+    EXPECT_EQ((Texts{s.Text(5, 5), s.Text(6, 5), s.Text(7, 5), s.Text(8, 5)}),
+              (Texts{"0", "2", "3", ""}));
+}
+
+TEST(DigitSets, OneDrawingCanHitManySets) {
+    ReportSheet six = Build("frmzuxuan6", Drawings({"210"}));
+    EXPECT_EQ(RowTexts(six, 1, 5, 8), (Texts{"*****", "*****", "*****", "1"}));
+    // Amount and Average of a set that never hits beside one that did.
+    EXPECT_EQ(RowTexts(six, 3, 7, 8), (Texts{"1", "0"}));
+    EXPECT_EQ(RowTexts(six, 6, 7, 8), (Texts{"1", ""}));
+
+    // The runs wrap from 9 to 0.
+    ReportSheet runs = Build("frm6lianhao", Drawings({"901"}));
+    EXPECT_EQ(RowTexts(runs, 1, 5, 14),
+              (Texts{"1", "1", "1", "1", "1", "1", "*****", "*****", "*****", "*****"}));
+
+    ReportSheet four = Build("frmzuxuan4", Drawings({"001", "126"}));
+    EXPECT_EQ(four.Text(1, 5), "1");
+    EXPECT_EQ(four.Text(2, 5), "****");
+}
+
+TEST(DigitSets, SetsOfDifferentLengthsScanTheirWholeSet) {
+    // Cols 5..18 hold four-digit sets, 19..24 five-digit sets; only "03691" has 1, 6 and 9, and
+    // only as its fifth digit.
+    ReportSheet s = Build("frmlingleizu6", Drawings({"961", "036"}));
+    EXPECT_EQ(s.Text(1, 19), "****");
+    for (int c = 5; c <= 24; ++c) {
+        if (c != 19) {
+            EXPECT_EQ(s.Text(1, c), "1") << c;
+        }
+    }
+    EXPECT_EQ(RowTexts(s, 2, 18, 24), (Texts{"2", "****", "****", "****", "****", "****", "****"}));
+
+    ReportSheet qt = Build("frmzuxuanqt", Drawings({"033", "145"}));
+    EXPECT_EQ(RowTexts(qt, 1, 5, 7), (Texts{"******", "1", "1"}));
+    EXPECT_EQ(ColumnsColoured(qt, 1, colours::kHit), (std::vector<int>{5}));
+    EXPECT_EQ(RowTexts(qt, 2, 5, 7), (Texts{"1", "******", "******"}));
+    EXPECT_TRUE(ColumnsColoured(qt, 2, colours::kHit).empty());
+}
+
+TEST(DigitSets, EmptyHistory) {
+    ReportSheet s = Build("frmzuxuanqt", Drawings({}));
+    EXPECT_EQ(s.Rows(), 6);
+    EXPECT_EQ(RowTexts(s, 2, 5, 7), (Texts{"0", "0", "0"}));
+    EXPECT_TRUE(s.IsEmpty(1, 5));
+}
+
+}  // namespace
+}  // namespace numarel
