@@ -1,6 +1,13 @@
 #include "frame/report_sheet.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
 #include <charconv>
 #include <climits>
 
@@ -34,18 +41,59 @@ bool ParsePlainNumber(std::string_view text, long& value) {
 
 }  // namespace
 
+ReportSheet::CellBuffer::CellBuffer(std::size_t count) : capacity_(count) {
+    if (count == 0) return;
+    const std::size_t bytes = count * sizeof(Cell);
+#ifdef __linux__
+    constexpr std::size_t kMapThreshold = 1u << 20;
+    if (bytes >= kMapThreshold) {
+        void* p = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        if (p != MAP_FAILED) {
+            madvise(p, bytes, MADV_HUGEPAGE);
+            data_ = static_cast<Cell*>(p);
+            mapped_ = true;
+            return;
+        }
+    }
+#endif
+    data_ = static_cast<Cell*>(std::calloc(count, sizeof(Cell)));
+    if (!data_) throw std::bad_alloc();
+}
+
+ReportSheet::CellBuffer::~CellBuffer() {
+    if (!data_) return;
+#ifdef __linux__
+    if (mapped_) {
+        munmap(data_, capacity_ * sizeof(Cell));
+        return;
+    }
+#endif
+    std::free(data_);
+}
+
 void ReportSheet::Resize(int rows, int cols) {
     rows = std::max(rows, 0);
     cols = std::max(cols, 0);
-    if (cols == cols_) {
-        cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols));
+    const std::size_t used = static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols_);
+    const std::size_t count = static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols);
+    if (cols == cols_ && count <= cells_.capacity()) {
+        // Same width: rows come and go at the end. Dropped cells are cleared, so that rows added
+        // again later start empty.
+        if (count < used) std::fill(cells_.data() + count, cells_.data() + used, Cell{});
     } else {
-        std::vector<Cell> next(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols));
-        int keepRows = std::min(rows, rows_);
-        int keepCols = std::min(cols, cols_);
-        for (int r = 0; r < keepRows; ++r)
-            std::copy_n(cells_.begin() + static_cast<std::ptrdiff_t>(Index(r, 0)), keepCols,
-                        next.begin() + static_cast<std::ptrdiff_t>(r) * cols);
+        CellBuffer next(count);
+        const int keepRows = std::min(rows, rows_);
+        const int keepCols = std::min(cols, cols_);
+        if (cols == cols_) {
+            std::memcpy(
+                next.data(), cells_.data(),
+                static_cast<std::size_t>(keepRows) * static_cast<std::size_t>(cols) * sizeof(Cell));
+        } else {
+            for (int r = 0; r < keepRows; ++r)
+                std::memcpy(
+                    next.data() + static_cast<std::size_t>(r) * static_cast<std::size_t>(cols),
+                    cells_.data() + Index(r, 0), static_cast<std::size_t>(keepCols) * sizeof(Cell));
+        }
         cells_ = std::move(next);
     }
     rows_ = rows;
@@ -55,12 +103,18 @@ void ReportSheet::Resize(int rows, int cols) {
 }
 
 std::uint32_t ReportSheet::Intern(std::string_view text) {
+    if (lastInterned_ != 0 && poolViews_[lastInterned_ - 1] == text) return lastInterned_;
     auto it = poolIndex_.find(text);
-    if (it != poolIndex_.end()) return it->second;
+    if (it != poolIndex_.end()) {
+        lastInterned_ = it->second;
+        return it->second;
+    }
     pool_.emplace_back(text);
+    poolViews_.push_back(pool_.back());
     poolValues_.push_back(LeadingValue(text));
     auto handle = static_cast<std::uint32_t>(pool_.size());
     poolIndex_.emplace(pool_.back(), handle);
+    lastInterned_ = handle;
     return handle;
 }
 
@@ -91,7 +145,7 @@ std::string ReportSheet::Text(int row, int col) const {
     std::uint32_t h = Handle(row, col);
     if (h == 0) return {};
     if (IsInlineNumber(h)) return std::to_string(InlineValue(h));
-    return pool_[h - 1];
+    return std::string(poolViews_[h - 1]);
 }
 
 bool ReportSheet::TextIs(int row, int col, std::string_view text) const {
@@ -103,7 +157,7 @@ bool ReportSheet::TextIs(int row, int col, std::string_view text) const {
         long value = 0;
         return ParsePlainNumber(text, value) && value == InlineValue(h);
     }
-    return pool_[h - 1] == text;
+    return poolViews_[h - 1] == text;
 }
 
 double ReportSheet::CellValue(int row, int col) const {
@@ -175,7 +229,8 @@ std::size_t ReportSheet::MemoryBytes() const {
     std::size_t bytes = cells_.capacity() * sizeof(Cell);
     bytes += palette_.capacity() * sizeof(Rgb);
     bytes += (colWidths_.capacity() + rowHeights_.capacity()) * sizeof(int);
-    bytes += pool_.size() * sizeof(std::string) + poolValues_.capacity() * sizeof(double);
+    bytes += pool_.size() * sizeof(std::string) + poolValues_.capacity() * sizeof(double) +
+             poolViews_.capacity() * sizeof(std::string_view);
     for (const std::string& s : pool_)
         bytes += s.capacity() > 15 ? s.capacity() + 1 : 0;
     bytes += poolIndex_.size() * (sizeof(std::string_view) + sizeof(std::uint32_t) + 16) +

@@ -121,6 +121,34 @@ private:
     };
     static_assert(sizeof(Cell) == 8);
 
+    // Zeroed cell memory. Large sheets take fresh pages straight from the system, asking for huge
+    // pages, so that a 30 MB sheet is neither cleared by hand nor faulted in 4 KB at a time.
+    class CellBuffer {
+    public:
+        CellBuffer() = default;
+        explicit CellBuffer(std::size_t count);
+        ~CellBuffer();
+        CellBuffer(CellBuffer&& other) noexcept { Swap(other); }
+        CellBuffer& operator=(CellBuffer&& other) noexcept {
+            CellBuffer(std::move(other)).Swap(*this);
+            return *this;
+        }
+        Cell& operator[](std::size_t i) { return data_[i]; }
+        const Cell& operator[](std::size_t i) const { return data_[i]; }
+        Cell* data() { return data_; }
+        std::size_t capacity() const { return capacity_; }
+        void Swap(CellBuffer& other) noexcept {
+            std::swap(data_, other.data_);
+            std::swap(capacity_, other.capacity_);
+            std::swap(mapped_, other.mapped_);
+        }
+
+    private:
+        Cell* data_ = nullptr;
+        std::size_t capacity_ = 0;
+        bool mapped_ = false;
+    };
+
     struct PoolHash {
         std::size_t operator()(std::string_view s) const {
             return std::hash<std::string_view>{}(s);
@@ -139,9 +167,11 @@ private:
 
     int rows_ = 0;
     int cols_ = 0;
-    std::vector<Cell> cells_;
-    std::deque<std::string> pool_;  // stable addresses: the index keys view into it
+    CellBuffer cells_;  // rows_ * cols_ cells in use; cells beyond them are always empty
+    std::deque<std::string> pool_;             // stable addresses: the index keys view into it
+    std::vector<std::string_view> poolViews_;  // pool_[i] by plain indexing
     std::vector<double> poolValues_;
+    std::uint32_t lastInterned_ = 0;  // reports write the same marker many times in a row
     std::unordered_map<std::string_view, std::uint32_t, PoolHash> poolIndex_;
     std::vector<Rgb> palette_{kDefaultColour};
     std::vector<int> colWidths_;
