@@ -9,11 +9,16 @@ namespace {
 template <class Record>
 auto Field(Record& r, int col) -> decltype(&r.date) {
     switch (col) {
-        case 0: return &r.date;
-        case 1: return &r.h;
-        case 2: return &r.t;
-        case 3: return &r.u;
-        default: return nullptr;
+        case 0:
+            return &r.date;
+        case 1:
+            return &r.h;
+        case 2:
+            return &r.t;
+        case 3:
+            return &r.u;
+        default:
+            return nullptr;
     }
 }
 
@@ -28,7 +33,9 @@ Status DrawingsTable::Load(const std::filesystem::path& path) {
     return s;
 }
 
-void DrawingsTable::Clear() { rows_.assign(1, DrawRecord{}); }
+void DrawingsTable::Clear() {
+    rows_.assign(1, DrawRecord{});
+}
 
 const std::string& DrawingsTable::Cell(int row, int col) const {
     static const std::string kEmpty;
@@ -42,7 +49,9 @@ void DrawingsTable::SetCell(int row, int col, std::string text) {
     if (std::string* field = Field(rows_[row], col)) *field = std::move(text);
 }
 
-void DrawingsTable::AddAtEnd() { rows_.emplace_back(); }
+void DrawingsTable::AddAtEnd() {
+    rows_.emplace_back();
+}
 
 void DrawingsTable::InsertBefore(int row) {
     row = std::clamp(row, 0, RowCount());

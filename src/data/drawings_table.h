@@ -19,8 +19,8 @@ class DrawingsTable {
 public:
     static constexpr int kCols = 4;
     // The headers of a table as first loaded, and after an Import.
-    static constexpr std::array<std::string_view, kCols> kLoadHeaders = {
-        "---- Date ----", "--H--", "--T--", "--U--"};
+    static constexpr std::array<std::string_view, kCols> kLoadHeaders = {"---- Date ----", "--H--",
+                                                                         "--T--", "--U--"};
     static constexpr std::array<std::string_view, kCols> kImportHeaders = {"-- Date --", "--H--",
                                                                            "--T--", "--U--"};
 

@@ -8,12 +8,16 @@
 namespace numarel {
 namespace {
 
-UserMessage Tip(std::string text) { return {kFriendshipTip, std::move(text)}; }
+UserMessage Tip(std::string text) {
+    return {kFriendshipTip, std::move(text)};
+}
 
-// Names the file system would take as a path rather than as one file name.
+// Names the file system would take as a path rather than as one file name, and names with
+// control characters, which no one means to type.
 bool UsableFileName(std::string_view name) {
-    return name.find('/') == std::string_view::npos && name.find('\\') == std::string_view::npos &&
-           name.find('\0') == std::string_view::npos;
+    for (char c : name)
+        if (c == '/' || c == '\\' || static_cast<unsigned char>(c) < 0x20) return false;
+    return true;
 }
 
 }  // namespace
@@ -51,8 +55,10 @@ LotteryChange NewLottery(const ProgramFolder& folder, std::string_view answer) {
     change.message =
         s.ok() ? Tip("Lottery have been created and selected.Next, you can click Drawings button "
                      "to edit it.")
-               : UserMessage{"Error:", "The lottery has been created, but it cannot be kept as "
-                                       "the selected lottery: " + s.message(),
+               : UserMessage{"Error:",
+                             "The lottery has been created, but it cannot be kept as "
+                             "the selected lottery: " +
+                                 s.message(),
                              MessageIcon::Warning};
     return change;
 }
@@ -70,8 +76,8 @@ LotteryChange SelectLottery(const ProgramFolder& folder, std::string_view chosen
     std::string_view chosenFolder =
         cut == std::string_view::npos ? std::string_view() : chosenPath.substr(0, cut + 1);
     if (chosenFolder != dataFolder) {
-        change.message = {"Error:",
-                          "You must select lottery of the " + dataFolder + "\nPlease select again!"};
+        change.message = {
+            "Error:", "You must select lottery of the " + dataFolder + "\nPlease select again!"};
         return change;
     }
     std::string name(chosenPath.substr(cut + 1));

@@ -20,8 +20,12 @@ QColor ColourOr(const QVariant& value, const QColor& fallback) {
 
 // The colours of fixed cells come from the system, not from the widget's own palette, which
 // paints the grey area behind the cells.
-QColor ButtonFace() { return QApplication::palette().color(QPalette::Button); }
-QColor ButtonText() { return QApplication::palette().color(QPalette::ButtonText); }
+QColor ButtonFace() {
+    return QApplication::palette().color(QPalette::Button);
+}
+QColor ButtonText() {
+    return QApplication::palette().color(QPalette::ButtonText);
+}
 
 class SheetDelegate final : public QStyledItemDelegate {
 public:
@@ -122,7 +126,8 @@ GridView::GridView(QWidget* parent)
     grey.setColor(QPalette::Base, ToQColor(kEmptyArea));
     grey.setColor(QPalette::Window, ToQColor(kEmptyArea));
     setPalette(grey);
-    for (QHeaderView* header : {static_cast<QHeaderView*>(columns_), static_cast<QHeaderView*>(rows_)}) {
+    for (QHeaderView* header :
+         {static_cast<QHeaderView*>(columns_), static_cast<QHeaderView*>(rows_)}) {
         header->setPalette(grey);
         header->viewport()->setAutoFillBackground(true);
         header->viewport()->setBackgroundRole(QPalette::Base);

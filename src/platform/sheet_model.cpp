@@ -30,7 +30,8 @@ QVariant SheetModel::CellData(int row, int col, int role) const {
             Rgb fore = sheet_->ForeColor(row, col);
             return fore == kDefaultColour ? QVariant() : QVariant(ToQColor(fore));
         }
-        default: return {};
+        default:
+            return {};
     }
 }
 

@@ -7,7 +7,9 @@
 
 namespace numarel {
 
-inline QColor ToQColor(Rgb rgb) { return QColor::fromRgb((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF); }
+inline QColor ToQColor(Rgb rgb) {
+    return QColor::fromRgb((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF);
+}
 
 // A ReportSheet seen by Qt's views. Cells are read from the sheet on demand, so a sheet of any
 // size costs the view nothing up front. Row 0 and column 0 of the sheet are the fixed header row

@@ -15,10 +15,18 @@ int ToTwips(int pixels, double dpi) {
 }
 }  // namespace
 
-int TwipsToPixelsX(const QWidget* widget, int twips) { return ToPixels(twips, widget->logicalDpiX()); }
-int TwipsToPixelsY(const QWidget* widget, int twips) { return ToPixels(twips, widget->logicalDpiY()); }
-int PixelsToTwipsX(const QWidget* widget, int pixels) { return ToTwips(pixels, widget->logicalDpiX()); }
-int PixelsToTwipsY(const QWidget* widget, int pixels) { return ToTwips(pixels, widget->logicalDpiY()); }
+int TwipsToPixelsX(const QWidget* widget, int twips) {
+    return ToPixels(twips, widget->logicalDpiX());
+}
+int TwipsToPixelsY(const QWidget* widget, int twips) {
+    return ToPixels(twips, widget->logicalDpiY());
+}
+int PixelsToTwipsX(const QWidget* widget, int pixels) {
+    return ToTwips(pixels, widget->logicalDpiX());
+}
+int PixelsToTwipsY(const QWidget* widget, int pixels) {
+    return ToTwips(pixels, widget->logicalDpiY());
+}
 
 QRect TwipsRect(const QWidget* widget, int left, int top, int width, int height) {
     return QRect(TwipsToPixelsX(widget, left), TwipsToPixelsY(widget, top),
@@ -31,8 +39,8 @@ void PlaceAt(QWidget* child, int left, int top, int width, int height) {
 
 QFont DesignFont(double points, bool bold, bool italic) {
     QFont font;
-    font.setFamilies({QStringLiteral("Arial"), QStringLiteral("Liberation Sans"),
-                      QStringLiteral("Arimo")});
+    font.setFamilies(
+        {QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("Arimo")});
     font.setStyleHint(QFont::SansSerif);
     font.setPointSizeF(points);
     font.setBold(bold);

@@ -14,7 +14,9 @@ int main(int argc, char** argv) {
 
     numarel::Session session{
         numarel::ProgramFolder{QCoreApplication::applicationDirPath().toStdString()},
-        numarel::SystemPlatform(), {}, "Lottery:"};
+        numarel::SystemPlatform(),
+        {},
+        "Lottery:"};
     numarel::ReportWindows reports(session);
 
     // Report windows have no owner, so they stay open after the main window closes; the run ends

@@ -116,9 +116,8 @@ void MainWindow::BuildCommandButtons() {
         PlaceAt(b, spec.left, spec.top, spec.width, spec.height);
     }
 
-    connect(button("Command11"), &QPushButton::clicked, this, [this] {
-        OpenHelpPage(session_.platform.launcher, session_.folder, "Numarelbook");
-    });
+    connect(button("Command11"), &QPushButton::clicked, this,
+            [this] { OpenHelpPage(session_.platform.launcher, session_.folder, "Numarelbook"); });
 
     auto* newMenu = new QMenu(QStringLiteral("New Lottery"), this);
     newMenu->setObjectName(QStringLiteral("caixinjian"));
@@ -127,9 +126,8 @@ void MainWindow::BuildCommandButtons() {
     connect(create, &QAction::triggered, this, &MainWindow::NewLottery);
     QAction* help = newMenu->addAction(QStringLiteral("New Lottery Help"));
     help->setObjectName(QStringLiteral("caixinjiancaipiaobzh"));
-    connect(help, &QAction::triggered, this, [this] {
-        OpenHelpPage(session_.platform.launcher, session_.folder, "New_Lottery");
-    });
+    connect(help, &QAction::triggered, this,
+            [this] { OpenHelpPage(session_.platform.launcher, session_.folder, "New_Lottery"); });
     connect(button("Command12"), &QPushButton::clicked, this,
             [newMenu] { newMenu->popup(QCursor::pos()); });
 
@@ -138,8 +136,8 @@ void MainWindow::BuildCommandButtons() {
     connect(button("Command15"), &QPushButton::clicked, this, &QWidget::close);
     connect(button("Command1"), &QPushButton::clicked, this, &QWidget::close);
     QPushButton* news = button("Command16");
-    news->setToolTip(QStringLiteral(
-        "Click here,You may get the newest information about this software."));
+    news->setToolTip(
+        QStringLiteral("Click here,You may get the newest information about this software."));
     connect(news, &QPushButton::clicked, this, &MainWindow::ShowNews);
 }
 

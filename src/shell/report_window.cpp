@@ -116,7 +116,8 @@ Status ReportWindow::Load() {
         auto* label = new QLabel(ToQString(text.text), this);
         label->setFont(DesignFont(9));
         QPalette palette = label->palette();
-        if (text.fore != kDefaultColour) palette.setColor(QPalette::WindowText, ToQColor(text.fore));
+        if (text.fore != kDefaultColour)
+            palette.setColor(QPalette::WindowText, ToQColor(text.fore));
         if (text.back != kDefaultColour) {
             palette.setColor(QPalette::Window, ToQColor(text.back));
             label->setAutoFillBackground(true);
@@ -161,8 +162,7 @@ void ReportWindow::LayoutWindow() {
         QFontMetrics metrics(extraButton_->font());
         int textPx = std::max(metrics.horizontalAdvance(Escaped(extra.caption)),
                               metrics.horizontalAdvance(Escaped(extra.shownCaption)));
-        placeLeftOf(extraButton_,
-                    std::max(kButtonWidth, PixelsToTwipsX(this, textPx) + 360));
+        placeLeftOf(extraButton_, std::max(kButtonWidth, PixelsToTwipsX(this, textPx) + 360));
     }
     if (helpButton_) placeLeftOf(helpButton_, kButtonWidth);
 

@@ -41,8 +41,7 @@ public:
     static constexpr int kTextBoxHeight = 5175;
 
     // `command` may be nullptr for a report that no menu opens (then there is no help page).
-    ReportWindow(const ReportDefinition& definition, const CommandEntry* command,
-                 Session& session);
+    ReportWindow(const ReportDefinition& definition, const CommandEntry* command, Session& session);
     ~ReportWindow() override;
 
     // Reads the current lottery and computes the sheet. On failure the window must not be shown.

@@ -1,6 +1,8 @@
 // Walks through the desktop program's windows under a display and photographs each with
 // ImageMagick's `import`: the welcome window, the main window with a group menu open, a report and
-// the drawings editor. Used by scripts/screenshots.sh; takes the folder for the pictures.
+// the drawings editor. Used by scripts/screenshots.sh; takes the folder for the pictures and,
+// optionally, the program folder to read data\, Numarel\ and help\ from (the executable's own
+// by default).
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -8,8 +10,6 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollBar>
-#include "platform/grid_view.h"
 #include <QThread>
 #include <QTimer>
 #include <cstdio>
@@ -33,7 +33,9 @@ void Settle(int ms = 700) {
     }
 }
 
-bool Photograph(const QDir& folder, const QString& name, QRect area) {
+// Xvfb has no window manager, so windows have no title bar: the window's caption is drawn as a
+// strip above the picture instead.
+bool Photograph(const QDir& folder, const QString& name, QRect area, const QString& caption) {
     area = area.intersected(QGuiApplication::primaryScreen()->geometry());
     QString crop = QStringLiteral("%1x%2+%3+%4")
                        .arg(area.width())
@@ -44,6 +46,16 @@ bool Photograph(const QDir& folder, const QString& name, QRect area) {
     int rc = QProcess::execute(QStringLiteral("import"),
                                {QStringLiteral("-window"), QStringLiteral("root"),
                                 QStringLiteral("-crop"), crop, QStringLiteral("+repage"), file});
+    if (rc == 0)
+        rc = QProcess::execute(
+            QStringLiteral("convert"),
+            {file, QStringLiteral("-background"), QStringLiteral("#3c5a8c"),
+             QStringLiteral("-gravity"), QStringLiteral("north"), QStringLiteral("-splice"),
+             QStringLiteral("0x24"), QStringLiteral("-fill"), QStringLiteral("white"),
+             QStringLiteral("-font"), QStringLiteral("Liberation-Sans-Bold"),
+             QStringLiteral("-pointsize"), QStringLiteral("13"), QStringLiteral("-gravity"),
+             QStringLiteral("northwest"), QStringLiteral("-annotate"), QStringLiteral("+8+4"),
+             caption, file});
     std::printf("%s %s\n", rc == 0 ? "saved" : "FAILED", qPrintable(file));
     std::fflush(stdout);
     return rc == 0;
@@ -55,7 +67,8 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setFont(numarel::DesignFont(8.25));
     if (argc < 2) {
-        std::fprintf(stderr, "usage: numarel_screenshot_tour <folder for the pictures>\n");
+        std::fprintf(stderr,
+                     "usage: numarel_screenshot_tour <folder for the pictures> [program folder]\n");
         return 2;
     }
     QDir folder(QString::fromLocal8Bit(argv[1]));
@@ -63,8 +76,11 @@ int main(int argc, char** argv) {
     bool ok = true;
 
     numarel::Session session{
-        numarel::ProgramFolder{QCoreApplication::applicationDirPath().toStdString()},
-        numarel::SystemPlatform(), {}, "Lottery:"};
+        numarel::ProgramFolder{argc > 2 ? std::string(argv[2])
+                                        : QCoreApplication::applicationDirPath().toStdString()},
+        numarel::SystemPlatform(),
+        {},
+        "Lottery:"};
     numarel::ReportWindows reports(session);
     numarel::MainWindow* main = nullptr;
 
@@ -76,7 +92,8 @@ int main(int argc, char** argv) {
     welcome->move(40, 40);
     welcome->show();
     Settle();
-    ok &= Photograph(folder, QStringLiteral("welcome.png"), welcome->frameGeometry().adjusted(-12, -12, 12, 12));
+    ok &= Photograph(folder, QStringLiteral("welcome.png"), welcome->frameGeometry(),
+                     welcome->windowTitle());
 
     welcome->findChild<QPushButton*>(QStringLiteral("Command2"))->click();
     Settle();
@@ -86,7 +103,7 @@ int main(int argc, char** argv) {
     menu->popup(others->mapToGlobal(QPoint(others->width() / 2, others->height() / 2)));
     Settle();
     ok &= Photograph(folder, QStringLiteral("main-window.png"),
-                     main->frameGeometry().united(menu->geometry()).adjusted(-12, -12, 12, 12));
+                     main->frameGeometry().united(menu->geometry()), main->windowTitle());
     menu->hide();
 
     QPushButton* box = main->findChild<QPushButton*>(QStringLiteral("Command5"));
@@ -94,7 +111,7 @@ int main(int argc, char** argv) {
     boxMenu->popup(box->mapToGlobal(QPoint(box->width() / 2, box->height() / 2)));
     Settle();
     ok &= Photograph(folder, QStringLiteral("main-window-box-menu.png"),
-                     main->frameGeometry().united(boxMenu->geometry()).adjusted(-12, -12, 12, 12));
+                     main->frameGeometry().united(boxMenu->geometry()), main->windowTitle());
     boxMenu->hide();
 
     // Without a window manager nothing maximises a window: give the report the screen.
@@ -102,9 +119,8 @@ int main(int argc, char** argv) {
         report->setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
         report->showNormal();
         Settle(1200);
-        auto* sb = report->Grid()->verticalScrollBar();
-        std::printf("scroll %d..%d value %d page %d visible %d geom %d,%d %dx%d\n", sb->minimum(), sb->maximum(), sb->value(), sb->pageStep(), sb->isVisible(), sb->x(), sb->y(), sb->width(), sb->height());
-        ok &= Photograph(folder, QStringLiteral("report.png"), report->frameGeometry());
+        ok &= Photograph(folder, QStringLiteral("report.png"), report->frameGeometry(),
+                         report->windowTitle());
         report->close();
     } else {
         ok = false;
@@ -114,8 +130,8 @@ int main(int argc, char** argv) {
         numarel::DrawingsEditor editor(session, main);
         editor.move(60, 60);
         QTimer::singleShot(900, &editor, [&] {
-            ok &= Photograph(folder, QStringLiteral("editor.png"),
-                             editor.frameGeometry().adjusted(-12, -12, 12, 12));
+            ok &= Photograph(folder, QStringLiteral("editor.png"), editor.frameGeometry(),
+                             editor.windowTitle());
             editor.reject();
         });
         editor.exec();

@@ -11,7 +11,7 @@
 namespace numarel {
 namespace {
 
-// The two small pictures of the window: a drawn ball each.
+// The two small pictures of the window: drawn balls that read "3D", the kind of lottery.
 void PaintBall(QPainter& painter, const QRect& rect, const QColor& colour, const QString& digit) {
     QRadialGradient shade(rect.topLeft() + QPointF(rect.width() * 0.35, rect.height() * 0.3),
                           rect.width() * 0.7);
@@ -71,9 +71,9 @@ void WelcomeWindow::paintEvent(QPaintEvent* event) {
     QWidget::paintEvent(event);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    PaintBall(painter, TwipsRect(this, 3800, 240, 330, 330), QColor(192, 32, 32),
+    PaintBall(painter, TwipsRect(this, 300, 1230, 330, 330), QColor(192, 32, 32),
               QStringLiteral("3"));
-    PaintBall(painter, TwipsRect(this, 240, 1260, 300, 300), QColor(32, 96, 192),
+    PaintBall(painter, TwipsRect(this, 690, 1230, 330, 330), QColor(32, 96, 192),
               QStringLiteral("D"));
 }
 

@@ -11,7 +11,8 @@ using testing::TempDir;
 
 std::vector<std::string> Column(const DrawingsTable& table, int col) {
     std::vector<std::string> cells;
-    for (int row = 0; row < table.RowCount(); ++row) cells.push_back(table.Cell(row, col));
+    for (int row = 0; row < table.RowCount(); ++row)
+        cells.push_back(table.Cell(row, col));
     return cells;
 }
 
@@ -47,10 +48,10 @@ TEST(DrawingsTable, SaveWritesTheEmptyLastRowAsAnEndMarker) {
     ASSERT_TRUE(table.Load(file).ok());
     ASSERT_EQ(table.RowCount(), 4);
     const char* typed[] = {"2020003", "7", "8", "9"};
-    for (int col = 0; col < 4; ++col) table.SetCell(3, col, typed[col]);
+    for (int col = 0; col < 4; ++col)
+        table.SetCell(3, col, typed[col]);
     ASSERT_TRUE(table.Save(file).ok());
-    EXPECT_EQ(ReadAll(file),
-              "2020001 1 2 3\r\n2020002 4 5 6\r\n0 0 0 0\r\n2020003 7 8 9\r\n");
+    EXPECT_EQ(ReadAll(file), "2020001 1 2 3\r\n2020002 4 5 6\r\n0 0 0 0\r\n2020003 7 8 9\r\n");
     std::vector<DrawRecord> seen;
     ASSERT_TRUE(ReadHistory(file, seen).ok());
     EXPECT_EQ(seen.size(), 2u);
@@ -91,7 +92,7 @@ TEST(DrawingsTable, RowOperationsWorkOnTheGivenRow) {
     table.SetCell(1, 0, "B");
     table.InsertBefore(1);  // A, "", B
     table.SetCell(1, 0, "mid");
-    table.InsertBefore(0);  // "", A, mid, B
+    table.InsertBefore(0);   // "", A, mid, B
     table.InsertBefore(99);  // past the end: appended
     EXPECT_EQ(Column(table, 0), (std::vector<std::string>{"", "A", "mid", "B", ""}));
     EXPECT_TRUE(table.DeleteRow(2));

@@ -12,7 +12,9 @@ using testing::ReadAll;
 
 }  // namespace
 
-void PrintTo(const UserMessage& m, std::ostream* os) { *os << m.title << " / " << m.text; }
+void PrintTo(const UserMessage& m, std::ostream* os) {
+    *os << m.title << " / " << m.text;
+}
 
 namespace {
 
@@ -52,9 +54,9 @@ TEST_F(LotteryCommands, NewLotteryCreatesAnEmptyFileAndSelectsIt) {
     ASSERT_TRUE(std::filesystem::exists(file));
     EXPECT_EQ(std::filesystem::file_size(file), 0u);
     EXPECT_EQ(Selection(), "\"Pick 3 Evening.txt\"\r\n");
-    EXPECT_EQ(change.message,
-              (UserMessage{"Friendship Tip:", "Lottery have been created and selected.Next, you "
-                                              "can click Drawings button to edit it."}));
+    EXPECT_EQ(change.message, (UserMessage{"Friendship Tip:",
+                                           "Lottery have been created and selected.Next, you "
+                                           "can click Drawings button to edit it."}));
 }
 
 TEST_F(LotteryCommands, NewLotteryKeepsAnExistingFileAndTheSelection) {
@@ -91,17 +93,16 @@ TEST_F(LotteryCommands, SelectLotteryAcceptsOnlyFilesDirectlyInTheDataFolder) {
     const std::string data = DataFolderText(folder);
     const std::string root = folder.root.string();
     const std::string refused[] = {
-        root + "/elsewhere/x.txt",                   // another folder
-        data + "sub/x.txt",                          // below the data folder
-        root + "/Data/x.txt",                        // the comparison is case-sensitive
-        "x.txt",                                     // no folder at all
+        root + "/elsewhere/x.txt",  // another folder
+        data + "sub/x.txt",         // below the data folder
+        root + "/Data/x.txt",       // the comparison is case-sensitive
+        "x.txt",                    // no folder at all
     };
     for (const std::string& path : refused) {
         LotteryChange change = SelectLottery(folder, path);
         EXPECT_FALSE(change.changed) << path;
-        EXPECT_EQ(change.message,
-                  (UserMessage{"Error:", "You must select lottery of the " + data +
-                                             "\nPlease select again!"}))
+        EXPECT_EQ(change.message, (UserMessage{"Error:", "You must select lottery of the " + data +
+                                                             "\nPlease select again!"}))
             << path;
     }
     EXPECT_EQ(Selection(), "\"Old.txt\"\r\n");

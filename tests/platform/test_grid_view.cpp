@@ -22,10 +22,12 @@ constexpr Rgb kBlue = MakeRgb(0, 0, 255);
 ReportSheet SmallSheet(int rows = 6, int cols = 5) {
     ReportSheet sheet(rows, cols);
     sheet.SetText(0, 0, "corner");
-    for (int c = 1; c < cols; ++c) sheet.SetText(0, c, "C" + std::to_string(c));
+    for (int c = 1; c < cols; ++c)
+        sheet.SetText(0, c, "C" + std::to_string(c));
     for (int r = 1; r < rows; ++r) {
         sheet.SetText(r, 0, " 202000" + std::to_string(r) + ":123");
-        for (int c = 1; c < cols; ++c) sheet.SetNumber(r, c, r * 10 + c);
+        for (int c = 1; c < cols; ++c)
+            sheet.SetNumber(r, c, r * 10 + c);
     }
     sheet.SetBackColor(2, 3, kRed);
     sheet.SetForeColor(2, 3, kBlue);
@@ -75,7 +77,7 @@ TEST(SheetModel, ChangedCellsReachTheRightSignal) {
     ASSERT_EQ(cells.size(), 1u);
     EXPECT_EQ(cells[0], model.IndexOf(3, 2));
     EXPECT_EQ(headers, (std::vector<std::pair<Qt::Orientation, int>>{{Qt::Horizontal, 3},
-                                                                      {Qt::Vertical, 4}}));
+                                                                     {Qt::Vertical, 4}}));
 }
 
 TEST(GridView, SizesComeFromTheSheetsTwips) {
@@ -83,7 +85,7 @@ TEST(GridView, SizesComeFromTheSheetsTwips) {
     ReportSheet sheet = SmallSheet();
     sheet.SetColWidth(0, 1290);
     sheet.SetColWidth(1, 300);
-    sheet.SetColWidth(2, 2);  // a hidden store
+    sheet.SetColWidth(2, 2);   // a hidden store
     sheet.SetColWidth(3, 60);  // a thin divider
     sheet.SetRowHeight(3, 2);
     sheet.SetRowHeight(4, 480);
@@ -110,7 +112,8 @@ TEST(GridView, FontIsArialOrItsMetricTwinAtTheSheetsSize) {
     EXPECT_DOUBLE_EQ(view.font().pointSizeF(), 7.5);
     EXPECT_EQ(view.font().families().value(0), "Arial");
     const QString face = QFontInfo(view.font()).family();
-    EXPECT_TRUE(face == "Arial" || face == "Liberation Sans" || face == "Arimo") << face.toStdString();
+    EXPECT_TRUE(face == "Arial" || face == "Liberation Sans" || face == "Arimo")
+        << face.toStdString();
 
     sheet.SetFontDecipoints(90);
     view.SetSheet(&sheet);
@@ -173,7 +176,8 @@ TEST(GridView, MouseDownMovesTheCurrentCellFirst) {
     std::vector<std::pair<int, int>> doubles;
     QObject::connect(&view, &GridView::CellDoubleClicked,
                      [&](int row, int col) { doubles.emplace_back(row, col); });
-    testing::MouseDoubleClick(view.viewport(), view.visualRect(view.Model().IndexOf(4, 3)).center());
+    testing::MouseDoubleClick(view.viewport(),
+                              view.visualRect(view.Model().IndexOf(4, 3)).center());
     QHeaderView* header = view.horizontalHeader();
     testing::MouseDoubleClick(header->viewport(),
                               QPoint(header->sectionViewportPosition(1) + 3, 3));
@@ -184,8 +188,10 @@ TEST(GridView, TheLargestSheetOpensWithoutTouchingEveryCell) {
     App();
     // 215 columns by 32769 rows: what a view that made items per cell could not open at once.
     ReportSheet sheet(32769, 215);
-    for (int r = 1; r < sheet.Rows(); r += 97) sheet.SetNumber(r, r % 215, r);
-    for (int c = 0; c < 215; c += 3) sheet.SetColWidth(c, 300);
+    for (int r = 1; r < sheet.Rows(); r += 97)
+        sheet.SetNumber(r, r % 215, r);
+    for (int c = 0; c < 215; c += 3)
+        sheet.SetColWidth(c, 300);
     sheet.SetTopRow(sheet.Rows() - 1);
     GridView view;
     view.resize(800, 600);

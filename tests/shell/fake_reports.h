@@ -59,7 +59,8 @@ struct FakeReports {
     }
     static std::string SumsOfColumn(const ReportSheet& sheet, int col) {
         std::string text;
-        for (int row = 1; row <= sheet.DrawCount(); ++row) text += sheet.Text(row, col) + "\r\n";
+        for (int row = 1; row <= sheet.DrawCount(); ++row)
+            text += sheet.Text(row, col) + "\r\n";
         return text;
     }
     static std::string BoxText(const ReportSheet& sheet) {
@@ -71,9 +72,17 @@ struct FakeReports {
     static const ReportDefinition* Find(std::string_view object) {
         static const ReportDefinition kReports[] = {
             {"frmhekualu", &Build, MakeRgb(43, 145, 255)},
-            {"frmzu3leixing2", &BuildWithLabels, kDefaultColour, false, &SumsOfColumn,
+            {"frmzu3leixing2",
+             &BuildWithLabels,
+             kDefaultColour,
+             false,
+             &SumsOfColumn,
              {ExtraButton::Kind::ToggleTextBox, "Next Box numbers", "Hide", "", &BoxText}},
-            {"frmbaishi32zu", &Build, kDefaultColour, false, nullptr,
+            {"frmbaishi32zu",
+             &Build,
+             kDefaultColour,
+             false,
+             nullptr,
              {ExtraButton::Kind::ExportFile, "Export", "", "Numarel/daochu320.txt", &BoxText}},
             {"frmzusan90", &Build, kDefaultColour, true},
         };

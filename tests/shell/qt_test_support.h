@@ -1,11 +1,11 @@
 #pragma once
 
+#include <gtest/gtest.h>
 #include <QApplication>
 #include <QMouseEvent>
 #include <QWidget>
 #include <deque>
 #include <functional>
-#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
@@ -39,9 +39,9 @@ public:
     };
 
     std::vector<Shown> shown;
-    std::deque<bool> answers;       // Yes (true) or No for each question, in order
-    std::deque<QString> prompts;    // the text typed into each prompt; empty: cancelled
-    std::deque<QString> chosen;     // the path chosen in each file dialog; empty: cancelled
+    std::deque<bool> answers;     // Yes (true) or No for each question, in order
+    std::deque<QString> prompts;  // the text typed into each prompt; empty: cancelled
+    std::deque<QString> chosen;   // the path chosen in each file dialog; empty: cancelled
     std::vector<FileDialogRequest> dialogs;
     std::vector<bool> saveDialogs;  // per dialog: a save dialog
     std::vector<QString> clipboard;
@@ -85,7 +85,8 @@ public:
     // The texts of the messages and questions shown so far.
     std::vector<std::string> Texts() const {
         std::vector<std::string> texts;
-        for (const Shown& s : shown) texts.push_back(s.text.toStdString());
+        for (const Shown& s : shown)
+            texts.push_back(s.text.toStdString());
         return texts;
     }
 

@@ -26,18 +26,20 @@ protected:
         folder.root = dir.path() / "prog";
         std::filesystem::create_directories(folder.DataDir());
         std::filesystem::create_directories(folder.HelpDir());
-        WriteFile(folder.DataDir() / "Demo.txt", "2020001 1 1 3\r\n2020002 4 5 6\r\n2020003 7 7 9\r\n");
+        WriteFile(folder.DataDir() / "Demo.txt",
+                  "2020001 1 1 3\r\n2020002 4 5 6\r\n2020003 7 7 9\r\n");
         WriteSelection(folder.SelectionFile(), "Demo.txt");
-        for (const char* page : {"Numarelbook", "New_Lottery", "Sum_012_Type-Width_012_Type",
-                                 "Edit_Drawings"})
+        for (const char* page :
+             {"Numarelbook", "New_Lottery", "Sum_012_Type-Width_012_Type", "Edit_Drawings"})
             WriteFile(folder.HelpPage(page), "<html></html>");
-        session = std::make_unique<Session>(Session{folder, scripted.platform,
-                                                    folder.DataDir() / "Demo.txt", "Lottery:Demo."});
+        session = std::make_unique<Session>(
+            Session{folder, scripted.platform, folder.DataDir() / "Demo.txt", "Lottery:Demo."});
         reports = std::make_unique<ReportWindows>(*session, &FakeReports::Find);
     }
     void TearDown() override {
         for (QWidget* w : QApplication::topLevelWidgets())
-            if (w->inherits("numarel::ReportWindow") || w->inherits("numarel::MainWindow")) w->close();
+            if (w->inherits("numarel::ReportWindow") || w->inherits("numarel::MainWindow"))
+                w->close();
         Drain();
     }
 

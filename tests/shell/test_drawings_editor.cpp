@@ -29,9 +29,8 @@ protected:
     static void Type(DrawingsEditor& e, const QString& text) {
         for (QChar c : text) {
             QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-            QApplication::sendEvent(e.CellBox()->hasFocus() ? static_cast<QWidget*>(e.CellBox())
-                                                            : e.Table(),
-                                    &press);
+            QApplication::sendEvent(
+                e.CellBox()->hasFocus() ? static_cast<QWidget*>(e.CellBox()) : e.Table(), &press);
         }
     }
     static std::vector<QString> Column(DrawingsEditor& e, int col) {
@@ -137,7 +136,8 @@ TEST_F(EditorTest, RowButtonsAddAndDeleteButNeverTheLastRow) {
     Click(*e, "Command3");  // add at the end
     Click(*e, "Command3");
     EXPECT_EQ(e->Model().rowCount(), 3);
-    for (int i = 0; i < 5; ++i) Click(*e, "Command12");
+    for (int i = 0; i < 5; ++i)
+        Click(*e, "Command12");
     EXPECT_EQ(e->Model().rowCount(), 1);
     EXPECT_TRUE(scripted.shown.empty());
 }

@@ -38,8 +38,8 @@ TEST_F(MainWindowTest, MenusFollowTheCommandTable) {
         ASSERT_NE(button, nullptr) << group.control;
         // "&" is shown as it stands, not taken as a shortcut mark.
         EXPECT_EQ(button->text().replace("&&", "&"), ToQString(group.caption));
-        EXPECT_EQ(button->geometry(),
-                  TwipsRect(w, 240, 960 + 360 * buttons, 2055, 255)) << group.control;
+        EXPECT_EQ(button->geometry(), TwipsRect(w, 240, 960 + 360 * buttons, 2055, 255))
+            << group.control;
         ++buttons;
 
         QMenu* menu = w->Menu(group.menu);
@@ -122,7 +122,7 @@ TEST_F(MainWindowTest, WaitEntriesShowTheHourglassAndCaptionWhileTheReportLoads)
     ASSERT_NE(reports->Find("frmhekualu"), nullptr);
     EXPECT_EQ(reports->Find("frmhekualu")->windowTitle(), "Fake report");
 
-    Action(w, "ruanjianji", "caizu3tongji")->trigger();      // Wait: yes
+    Action(w, "ruanjianji", "caizu3tongji")->trigger();  // Wait: yes
     EXPECT_EQ(FakeReports::captionDuringBuild, "Loading......Please wait......");
     Action(w, "ruanjianji", "caizusanleixing2")->trigger();  // Wait: no
     EXPECT_EQ(FakeReports::captionDuringBuild, "Numarel");
@@ -172,13 +172,14 @@ TEST_F(MainWindowTest, NewLotteryGoesThroughEveryMessage) {
     create->trigger();
     create->trigger();
     create->trigger();
-    EXPECT_EQ(scripted.Texts(),
-              (std::vector<std::string>{
-                  "Please enter a valid file name.", "You have not entered a name.",
-                  "Please enter a valid file name.",
-                  "Lottery have been created and selected.Next, you can click Drawings button to "
-                  "edit it.",
-                  "Please enter a valid file name.", "This lottery already exists.Please rename."}));
+    EXPECT_EQ(
+        scripted.Texts(),
+        (std::vector<std::string>{
+            "Please enter a valid file name.", "You have not entered a name.",
+            "Please enter a valid file name.",
+            "Lottery have been created and selected.Next, you can click Drawings button to "
+            "edit it.",
+            "Please enter a valid file name.", "This lottery already exists.Please rename."}));
     EXPECT_EQ(scripted.shown[0].title, "New Lottery:");
     EXPECT_EQ(scripted.shown[1].title, "Friendship Tip:");
     EXPECT_EQ(scripted.shown[1].icon, MessageIcon::Information);
@@ -218,9 +219,9 @@ TEST_F(MainWindowTest, SelectLotteryGoesThroughEveryBranch) {
     Button(w, "Command13")->click();
     ASSERT_EQ(scripted.shown.size(), 4u);
     EXPECT_EQ(scripted.shown[3].title, "Error:");
-    EXPECT_EQ(scripted.shown[3].text.toStdString(),
-              "You must select lottery of the " + folder.DataDir().string() +
-                  "/\nPlease select again!");
+    EXPECT_EQ(
+        scripted.shown[3].text.toStdString(),
+        "You must select lottery of the " + folder.DataDir().string() + "/\nPlease select again!");
     EXPECT_EQ(Label(w), "Lottery:Demo.");
 
     scripted.answers = {true};

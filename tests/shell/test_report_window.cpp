@@ -65,7 +65,8 @@ TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
         const char* says;
     };
     std::string tooMany;
-    for (int i = 1; i <= 32768; ++i) tooMany += std::to_string(2000000 + i) + " 1 2 3\r\n";
+    for (int i = 1; i <= 32768; ++i)
+        tooMany += std::to_string(2000000 + i) + " 1 2 3\r\n";
     const Case cases[] = {
         {"frmhekualu", "", "does not exist"},
         {"frmhekualu", tooMany, "32767"},
@@ -79,7 +80,8 @@ TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
         EXPECT_EQ(reports->Find(c.object), nullptr);
         ASSERT_EQ(scripted.shown.size(), 1u) << c.says;
         EXPECT_EQ(scripted.shown[0].title, "Error:");
-        EXPECT_NE(scripted.shown[0].text.indexOf(c.says), -1) << scripted.shown[0].text.toStdString();
+        EXPECT_NE(scripted.shown[0].text.indexOf(c.says), -1)
+            << scripted.shown[0].text.toStdString();
     }
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
@@ -180,7 +182,8 @@ TEST_F(ReportWindowTest, TheExportButtonWritesBesideTheProgramAndOpensTheFile) {
 
 TEST_F(ReportWindowTest, AnExportThatCannotBeWrittenSaysSo) {
     FakeReports::exportFile = "Numarel/blocked";
-    std::filesystem::create_directories(folder.root / "Numarel" / "blocked");  // a folder in the way
+    std::filesystem::create_directories(folder.root / "Numarel" /
+                                        "blocked");  // a folder in the way
     ReportWindow* w = Open("frmbaishi32zu");
     w->ExtraButton()->click();
     EXPECT_TRUE(scripted.opened.empty());

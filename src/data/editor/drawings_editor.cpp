@@ -126,6 +126,9 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
     table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table_->horizontalHeader()->setHighlightSections(false);
     table_->horizontalHeader()->setSectionsClickable(false);
+    table_->horizontalHeader()->setStretchLastSection(true);
+    // Whole rows at the top, as the table scrolls by rows.
+    table_->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     table_->verticalHeader()->setDefaultSectionSize(TwipsToPixelsY(this, 255));
     for (int col = 0; col < DrawingsTable::kCols; ++col)
         table_->setColumnWidth(col, TwipsToPixelsX(this, kColumnTwips[col]));
@@ -159,7 +162,8 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
     for (auto [control, caption, handler] :
          {std::tuple{"Command12", "Delete current row ", &DrawingsEditor::DeleteCurrentRow},
           std::tuple{"Command3", "Add at the end ", &DrawingsEditor::AddAtEnd},
-          std::tuple{"Command11", "Add before current row ", &DrawingsEditor::AddBeforeCurrentRow}}) {
+          std::tuple{"Command11", "Add before current row ",
+                     &DrawingsEditor::AddBeforeCurrentRow}}) {
         connect(AddButton(control, caption, kButtonLeft, top), &QPushButton::clicked, this,
                 handler);
         top += 420;
@@ -170,14 +174,13 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
             &DrawingsEditor::Import);
     connect(AddButton("Command13", "Save", kButtonLeft, 3100), &QPushButton::clicked, this,
             &DrawingsEditor::Save);
-    connect(AddButton("Command18", "Edit Drawings Help", kButtonLeft, 3623),
-            &QPushButton::clicked, this, [this] {
-                OpenHelpPage(session_.platform.launcher, session_.folder, "Edit_Drawings");
-            });
+    connect(AddButton("Command18", "Edit Drawings Help", kButtonLeft, 3623), &QPushButton::clicked,
+            this,
+            [this] { OpenHelpPage(session_.platform.launcher, session_.folder, "Edit_Drawings"); });
     connect(AddButton("Command14", "Download", kButtonLeft, 4440), &QPushButton::clicked, this,
             &DrawingsEditor::Download);
-    connect(AddButton("Command15", "Data Download Help", kButtonLeft, 4860),
-            &QPushButton::clicked, this, [this] {
+    connect(AddButton("Command15", "Data Download Help", kButtonLeft, 4860), &QPushButton::clicked,
+            this, [this] {
                 OpenHelpPage(session_.platform.launcher, session_.folder,
                              "Data_Download-Data_Import");
             });
@@ -335,8 +338,7 @@ void DrawingsEditor::Export() {
     }
     session_.platform.messages.Show(
         this, QString::fromLatin1(kFriendshipTip),
-        QStringLiteral("The program has been exported.The store path:") + chosen +
-            QLatin1Char('.'),
+        QStringLiteral("The program has been exported.The store path:") + chosen + QLatin1Char('.'),
         MessageIcon::Information);
 }
 
