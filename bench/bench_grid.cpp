@@ -21,8 +21,9 @@ QApplication& App() {
     static char name[] = "numarel_bench_grid";
     static char* argv[] = {name, nullptr};
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication app(argc, argv);
-    return app;
+    // Never destroyed: Qt's own globals are gone by the time statics are torn down at exit.
+    static QApplication* app = new QApplication(argc, argv);
+    return *app;
 }
 
 // A sheet shaped like the widest report: a label column, digits, many narrow chart columns with a

@@ -19,8 +19,9 @@ inline QApplication& App() {
     static char name[] = "numarel-test";
     static char* argv[] = {name, nullptr};
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication app(argc, argv);
-    return app;
+    // Never destroyed: Qt's own globals are gone by the time statics are torn down at exit.
+    static QApplication* app = new QApplication(argc, argv);
+    return *app;
 }
 
 // Stands in for the person at the screen: answers questions, prompts and file dialogs from
