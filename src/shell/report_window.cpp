@@ -227,7 +227,10 @@ void ReportWindow::ShowError(const QString& text) {
 
 ReportWindow* ReportWindows::Find(std::string_view object) const {
     auto it = windows_.find(object);
-    return it == windows_.end() ? nullptr : it->second.data();
+    if (it == windows_.end() || !it->second) return nullptr;
+    // A window closed by Exit is hidden at once but deleted only when the event loop comes round.
+    ReportWindow* window = it->second.data();
+    return window->isVisible() ? window : nullptr;
 }
 
 ReportWindow* ReportWindows::Open(std::string_view object, QWidget* messageParent) {

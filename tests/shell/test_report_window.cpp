@@ -49,9 +49,11 @@ TEST_F(ReportWindowTest, AnOpenReportIsBroughtForwardAndNotComputedAgain) {
 
     // After Exit the next opening reads the file again and sees new drawings.
     WriteFile(session->drawingsPath, "2020001 1 2 3\r\n");
+    QPointer<ReportWindow> closing = first;
     first->ExitButton()->click();
-    testing::Drain();
     EXPECT_EQ(reports->Find("frmhekualu"), nullptr);
+    testing::Drain();
+    EXPECT_TRUE(closing.isNull());
     ReportWindow* second = Open("frmhekualu");
     ASSERT_NE(second, nullptr);
     EXPECT_EQ(FakeReports::builds, 2);
