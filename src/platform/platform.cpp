@@ -55,10 +55,16 @@ public:
         return QFileDialog::getOpenFileName(parent, r.title, r.folder, QtNameFilter(r.filter));
     }
     QString SaveFile(QWidget* parent, const FileDialogRequest& r) override {
-        QString start = r.folder;
-        if (!r.presetName.isEmpty()) start = QDir(r.folder).filePath(r.presetName);
+        QFileDialog dialog(parent, r.title, r.folder, QtNameFilter(r.filter));
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        // A name typed without an extension gets the filter's, as "name" -> "name.txt".
+        const qsizetype dot = r.filter.lastIndexOf(QLatin1String("*."));
+        if (dot >= 0)
+            dialog.setDefaultSuffix(r.filter.mid(dot + 2).section(QLatin1Char(';'), 0, 0));
+        if (!r.presetName.isEmpty()) dialog.selectFile(r.presetName);
         // The replace question is the dialog's own: Export replaces what is there.
-        return QFileDialog::getSaveFileName(parent, r.title, start, QtNameFilter(r.filter));
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+        return dialog.selectedFiles().constFirst();
     }
 };
 

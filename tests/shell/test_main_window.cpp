@@ -74,16 +74,6 @@ TEST_F(MainWindowTest, MenusFollowTheCommandTable) {
               "Click here,You may get the newest information about this software.");
 }
 
-TEST_F(MainWindowTest, TwoEntriesWithOneCaptionOpenTwoReports) {
-    MainWindow* w = Make();
-    QList<QAction*> same;
-    for (QAction* a : w->Menu("caigaopin7ma")->actions())
-        if (a->text() == "6 Way Box winning number from these \"6 digits\"") same << a;
-    ASSERT_EQ(same.size(), 2);
-    EXPECT_EQ(same[0]->objectName(), "caiwan6");
-    EXPECT_EQ(same[1]->objectName(), "cai6lianhao");
-}
-
 TEST_F(MainWindowTest, StartUpReadsTheSelectionAndShowsTheStartPage) {
     WriteFile(folder.HelpDir() / "Numarel.htm", "<html><body>Start page</body></html>");
     WriteSelection(folder.SelectionFile(), "Demo.txt");

@@ -226,15 +226,5 @@ TEST_F(ReportWindowTest, LayoutPutsButtonsUnderTheSheetAndLabelsAtTheLeft) {
     EXPECT_EQ(w->Grid()->geometry(), sheet);
 }
 
-TEST_F(ReportWindowTest, HelpStandsLeftOfExitWhenThereIsNoOtherButton) {
-    ReportWindow* w = Open("frmhekualu");
-    w->showNormal();
-    w->resize(800, 500);
-    QCoreApplication::processEvents();
-    EXPECT_NEAR(w->HelpButton()->geometry().right() + 1,
-                w->ExitButton()->x() - TwipsToPixelsX(w, 100), 1);
-    EXPECT_EQ(w->HelpButton()->y(), w->ExitButton()->y());
-}
-
 }  // namespace
 }  // namespace numarel
