@@ -1,0 +1,114 @@
+// Times the desktop grid view on the largest sheet of the system, 215 columns by 32769 rows,
+// offscreen: opening it (model, sizes, first paint at the newest rows) and scrolling it page by
+// page, each step painted.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QScrollBar>
+#include <cstdint>
+#include <memory>
+
+#include "frame/frame_passes.h"
+#include "frame/report_sheet.h"
+#include "platform/grid_view.h"
+
+namespace {
+
+using namespace numarel;
+
+QApplication& App() {
+    static int argc = 1;
+    static char name[] = "numarel_bench_grid";
+    static char* argv[] = {name, nullptr};
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Never destroyed: Qt's own globals are gone by the time statics are torn down at exit.
+    static QApplication* app = new QApplication(argc, argv);
+    return *app;
+}
+
+// A sheet shaped like the widest report: a label column, digits, many narrow chart columns with a
+// coloured hit per row, hidden stores and statistic rows, scrolled to the end.
+const ReportSheet& LargestSheet() {
+    static const ReportSheet sheet = [] {
+        constexpr int kRows = 32769;
+        constexpr int kCols = 215;
+        ReportSheet s(kRows, kCols);
+        s.SetColWidth(0, 1290);
+        for (int c = 1; c < kCols; ++c)
+            s.SetColWidth(c, c % 20 == 0 ? 2 : 300);
+        for (int c = 1; c < kCols; ++c)
+            s.SetText(0, c, std::to_string(c % 10));
+        std::uint32_t state = 12345;
+        for (int r = 1; r < kRows; ++r) {
+            s.SetText(r, 0, " " + std::to_string(1000000 + r) + ":123");
+            for (int c = 1; c < kCols; ++c) {
+                state = state * 1664525u + 1013904223u;
+                int v = static_cast<int>((state >> 16) % 40);
+                if (v == 0) {
+                    s.SetText(r, c, "*");
+                    s.SetBackColor(r, c, colours::kHit);
+                } else {
+                    s.SetNumber(r, c, v);
+                }
+            }
+        }
+        s.SetCurrentCell(kRows - 1, 1);
+        s.SetTopRow(kRows - 1);
+        return s;
+    }();
+    return sheet;
+}
+
+void BM_GridOpenLargestSheet(benchmark::State& state) {
+    App();
+    // The view only reads the sheet; the model's pointer is non-const for marks.
+    auto* sheet = const_cast<ReportSheet*>(&LargestSheet());
+    for (auto _ : state) {
+        auto view = std::make_unique<GridView>();
+        view->resize(1280, 900);
+        view->SetSheet(sheet);
+        view->show();
+        QCoreApplication::processEvents();
+        view->viewport()->repaint();
+        benchmark::DoNotOptimize(view->TopRow());
+        state.PauseTiming();
+        view.reset();
+        QCoreApplication::processEvents();
+        state.ResumeTiming();
+    }
+    state.counters["rows"] = LargestSheet().Rows();
+    state.counters["cols"] = LargestSheet().Cols();
+}
+BENCHMARK(BM_GridOpenLargestSheet)->Unit(benchmark::kMillisecond);
+
+// One step: a page down (wrapping to the top at the end) or a screen to the right, painted.
+void BM_GridScrollLargestSheet(benchmark::State& state) {
+    App();
+    auto* sheet = const_cast<ReportSheet*>(&LargestSheet());
+    GridView view;
+    view.resize(1280, 900);
+    view.SetSheet(sheet);
+    view.show();
+    QCoreApplication::processEvents();
+    QScrollBar* down = view.verticalScrollBar();
+    QScrollBar* across = view.horizontalScrollBar();
+    down->setValue(0);
+    std::int64_t steps = 0;
+    for (auto _ : state) {
+        if (++steps % 8 == 0) {
+            int next = across->value() + across->pageStep();
+            across->setValue(next > across->maximum() ? 0 : next);
+        } else {
+            int next = down->value() + down->pageStep();
+            down->setValue(next > down->maximum() ? 0 : next);
+        }
+        view.viewport()->repaint();
+    }
+    state.counters["pages/s"] =
+        benchmark::Counter(static_cast<double>(steps), benchmark::Counter::kIsRate);
+}
+BENCHMARK(BM_GridScrollLargestSheet)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,440 @@
+#include "data/editor/drawings_editor.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableView>
+
+#include "platform/sheet_model.h"
+#include "platform/twips.h"
+#include "shell/publisher.h"
+
+namespace numarel {
+namespace {
+
+constexpr const char* kCaption = "Drawings";
+constexpr const char* kLoadingCaption = "Loading......";
+constexpr int kButtonLeft = 7440;
+constexpr int kButtonWidth = 2175;
+constexpr int kButtonHeight = 375;
+// Date, H, T, U: the four columns fill the table's width beside its scroll bar.
+constexpr int kColumnTwips[DrawingsTable::kCols] = {2160, 1190, 1190, 1190};
+
+class WaitCursor {
+public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+}  // namespace
+
+// --- DrawingsTableModel -----------------------------------------------------------------------
+
+Status DrawingsTableModel::Load(const std::filesystem::path& path,
+                                const std::array<std::string_view, DrawingsTable::kCols>& headers) {
+    beginResetModel();
+    headers_ = headers;
+    Status s = table_.Load(path);
+    endResetModel();
+    return s;
+}
+
+void DrawingsTableModel::SetCell(int row, int col, const QString& text) {
+    table_.SetCell(row, col, text.toStdString());
+    QModelIndex i = index(row, col);
+    emit dataChanged(i, i);
+}
+
+void DrawingsTableModel::AddAtEnd() {
+    beginInsertRows({}, table_.RowCount(), table_.RowCount());
+    table_.AddAtEnd();
+    endInsertRows();
+}
+
+void DrawingsTableModel::InsertBefore(int row) {
+    row = std::clamp(row, 0, table_.RowCount());
+    beginInsertRows({}, row, row);
+    table_.InsertBefore(row);
+    endInsertRows();
+}
+
+bool DrawingsTableModel::DeleteRow(int row) {
+    if (row < 0 || row >= table_.RowCount() || table_.RowCount() <= 1) return false;
+    beginRemoveRows({}, row, row);
+    table_.DeleteRow(row);
+    endRemoveRows();
+    return true;
+}
+
+int DrawingsTableModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : table_.RowCount();
+}
+
+int DrawingsTableModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : DrawingsTable::kCols;
+}
+
+QVariant DrawingsTableModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || role != Qt::DisplayRole) return {};
+    return QString::fromStdString(table_.Cell(index.row(), index.column()));
+}
+
+QVariant DrawingsTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
+        section >= DrawingsTable::kCols)
+        return {};
+    return ToQString(headers_[static_cast<std::size_t>(section)]);
+}
+
+// --- DrawingsEditor ---------------------------------------------------------------------------
+
+DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
+    : QDialog(parent), session_(session) {
+    setObjectName(QStringLiteral("Form1gxghzhu"));
+    setWindowTitle(QString::fromLatin1(kCaption));
+    setModal(true);
+    // A fixed size: the controls stand where they were designed.
+    setFixedSize(TwipsToPixelsX(this, kClientWidth), TwipsToPixelsY(this, kClientHeight));
+
+    auto* methods = new QLabel(QStringLiteral("Please select one of the following methods"), this);
+    methods->setObjectName(QStringLiteral("Label3"));
+    QFont bold = methods->font();
+    bold.setBold(true);
+    methods->setFont(bold);
+    methods->adjustSize();
+    methods->move(TwipsToPixelsX(this, 1080), TwipsToPixelsY(this, 120));
+
+    auto* editHint =
+        new QLabel(QStringLiteral("1:Edit Drawings(You can edit after click on a cell)"), this);
+    editHint->setObjectName(QStringLiteral("Label4"));
+    editHint->adjustSize();
+    editHint->move(TwipsToPixelsX(this, 1080), TwipsToPixelsY(this, 600));
+
+    table_ = new QTableView(this);
+    table_->setObjectName(QStringLiteral("MSFlexGrid1"));
+    table_->setModel(&model_);
+    table_->setFont(DesignFont(8.25));
+    table_->horizontalHeader()->setFont(DesignFont(8.25));
+    table_->verticalHeader()->hide();
+    table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table_->horizontalHeader()->setHighlightSections(false);
+    table_->horizontalHeader()->setSectionsClickable(false);
+    table_->horizontalHeader()->setStretchLastSection(true);
+    // Whole rows at the top, as the table scrolls by rows.
+    table_->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    table_->verticalHeader()->setDefaultSectionSize(TwipsToPixelsY(this, 255));
+    for (int col = 0; col < DrawingsTable::kCols; ++col)
+        table_->setColumnWidth(col, TwipsToPixelsX(this, kColumnTwips[col]));
+    table_->setSelectionMode(QAbstractItemView::NoSelection);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setTabKeyNavigation(false);
+    PlaceAt(table_, 1080, 840, 6045, 2685);
+    table_->installEventFilter(this);
+
+    cellBox_ = new QLineEdit(table_->viewport());
+    cellBox_->setObjectName(QStringLiteral("Text1"));
+    cellBox_->setFrame(false);
+    cellBox_->setFont(DesignFont(8.25));
+    QPalette boxPalette = cellBox_->palette();
+    boxPalette.setColor(QPalette::Base, ToQColor(kCellBoxBack));
+    cellBox_->setPalette(boxPalette);
+    cellBox_->hide();
+    cellBox_->installEventFilter(this);
+
+    connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current, const QModelIndex& previous) {
+                LeaveCell(previous);
+                EnterCell(current);
+            });
+    connect(table_->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &DrawingsEditor::PlaceCellBox);
+    connect(table_->horizontalScrollBar(), &QScrollBar::valueChanged, this,
+            &DrawingsEditor::PlaceCellBox);
+
+    int top = 915;
+    for (auto [control, caption, handler] :
+         {std::tuple{"Command12", "Delete current row ", &DrawingsEditor::DeleteCurrentRow},
+          std::tuple{"Command3", "Add at the end ", &DrawingsEditor::AddAtEnd},
+          std::tuple{"Command11", "Add before current row ",
+                     &DrawingsEditor::AddBeforeCurrentRow}}) {
+        connect(AddButton(control, caption, kButtonLeft, top), &QPushButton::clicked, this,
+                handler);
+        top += 420;
+    }
+    connect(AddButton("Command16", "Export", kButtonLeft, 2280), &QPushButton::clicked, this,
+            &DrawingsEditor::Export);
+    connect(AddButton("Command17", "Import", kButtonLeft, 2680), &QPushButton::clicked, this,
+            &DrawingsEditor::Import);
+    connect(AddButton("Command13", "Save", kButtonLeft, 3100), &QPushButton::clicked, this,
+            &DrawingsEditor::Save);
+    connect(AddButton("Command18", "Edit Drawings Help", kButtonLeft, 3623), &QPushButton::clicked,
+            this,
+            [this] { OpenHelpPage(session_.platform.launcher, session_.folder, "Edit_Drawings"); });
+    connect(AddButton("Command14", "Download", kButtonLeft, 4440), &QPushButton::clicked, this,
+            &DrawingsEditor::Download);
+    connect(AddButton("Command15", "Data Download Help", kButtonLeft, 4860), &QPushButton::clicked,
+            this, [this] {
+                OpenHelpPage(session_.platform.launcher, session_.folder,
+                             "Data_Download-Data_Import");
+            });
+    connect(AddButton("Command10", "Exit", kButtonLeft, 6240), &QPushButton::clicked, this,
+            &DrawingsEditor::AskAndExit);
+
+    lotteryLabel_ = new QLabel(ToQString(session_.lotteryLabel), this);
+    lotteryLabel_->setObjectName(QStringLiteral("Label6"));
+    lotteryLabel_->adjustSize();
+    lotteryLabel_->move(TwipsToPixelsX(this, 1080), TwipsToPixelsY(this, 3720));
+
+    auto* downloadHint = new QLabel(
+        QStringLiteral(
+            "2:Data Download (Note:You must be connected to the internet to download data.)"),
+        this);
+    downloadHint->setObjectName(QStringLiteral("Label5"));
+    downloadHint->setWordWrap(true);
+    PlaceAt(downloadHint, 1080, 4680, 6120, 480);
+    downloadHint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+
+    Reload(DrawingsTable::kLoadHeaders);
+}
+
+QPushButton* DrawingsEditor::AddButton(const char* control, const char* caption, int left,
+                                       int top) {
+    auto* button = new QPushButton(QString::fromLatin1(caption), this);
+    button->setObjectName(QLatin1String(control));
+    // Enter belongs to the table and the box, never to a button.
+    button->setAutoDefault(false);
+    button->setDefault(false);
+    PlaceAt(button, left, top, kButtonWidth, kButtonHeight);
+    return button;
+}
+
+void DrawingsEditor::Reload(const std::array<std::string_view, DrawingsTable::kCols>& headers) {
+    table_->hide();
+    cellBox_->hide();
+    cellBox_->clear();
+    setWindowTitle(QString::fromLatin1(kLoadingCaption));
+    {
+        WaitCursor hourglass;
+        loadStatus_ = model_.Load(session_.drawingsPath, headers);
+    }
+    table_->show();
+    setWindowTitle(QString::fromLatin1(kCaption));
+    QModelIndex last = model_.index(model_.rowCount() - 1, 0);
+    table_->setCurrentIndex(last);
+    table_->scrollTo(last);
+    EnterCell(last);
+}
+
+void DrawingsEditor::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    PlaceCellBox();
+    if (!loadStatus_.ok()) {
+        Status failed = loadStatus_;
+        loadStatus_ = Status::Ok();
+        ShowError(failed);
+    }
+}
+
+void DrawingsEditor::EnterCell(const QModelIndex& index) {
+    cellBox_->clear();
+    if (!index.isValid()) {
+        cellBox_->hide();
+        return;
+    }
+    PlaceCellBox();
+    cellBox_->show();
+}
+
+void DrawingsEditor::LeaveCell(const QModelIndex& index) {
+    if (index.isValid() && !cellBox_->text().isEmpty())
+        model_.SetCell(index.row(), index.column(), cellBox_->text());
+    // The focus goes back to the table, not on to the next button.
+    if (cellBox_->hasFocus()) table_->setFocus();
+    cellBox_->hide();
+}
+
+void DrawingsEditor::CommitCellBox() {
+    QModelIndex current = table_->currentIndex();
+    LeaveCell(current);
+    EnterCell(current);
+}
+
+void DrawingsEditor::PlaceCellBox() {
+    QRect rect = table_->visualRect(table_->currentIndex());
+    if (rect.isValid()) cellBox_->setGeometry(rect.adjusted(0, 0, -1, -1));
+}
+
+void DrawingsEditor::DeleteCurrentRow() {
+    QModelIndex current = table_->currentIndex();
+    if (!current.isValid()) return;
+    CommitCellBox();
+    cellBox_->clear();
+    int row = current.row();
+    int col = current.column();
+    if (!model_.DeleteRow(row)) return;
+    QModelIndex next = model_.index(std::min(row, model_.rowCount() - 1), col);
+    table_->setCurrentIndex(next);
+    EnterCell(next);
+}
+
+void DrawingsEditor::AddAtEnd() {
+    CommitCellBox();
+    model_.AddAtEnd();
+    table_->scrollToBottom();
+    PlaceCellBox();
+}
+
+void DrawingsEditor::AddBeforeCurrentRow() {
+    QModelIndex current = table_->currentIndex();
+    if (!current.isValid()) return;
+    CommitCellBox();
+    int row = current.row();
+    int col = current.column();
+    model_.InsertBefore(row);
+    // The new empty row takes the current row's place, ready to be typed into.
+    QModelIndex fresh = model_.index(row, col);
+    table_->setCurrentIndex(fresh);
+    EnterCell(fresh);
+}
+
+void DrawingsEditor::Save() {
+    setWindowTitle(QStringLiteral("Saving,Please wait......"));
+    Status s;
+    {
+        WaitCursor hourglass;
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        s = model_.Table().Save(session_.drawingsPath);
+    }
+    if (!s.ok()) {
+        setWindowTitle(QString::fromLatin1(kCaption));
+        ShowError(s);
+        return;
+    }
+    setWindowTitle(QStringLiteral("OK!"));
+    session_.platform.messages.Show(this, QString::fromLatin1(kFriendshipTip),
+                                    QStringLiteral("OK!"), MessageIcon::Information);
+    setWindowTitle(QString::fromLatin1(kCaption));
+}
+
+void DrawingsEditor::Export() {
+    FileDialogRequest request;
+    request.title = QStringLiteral("Please specify a folder.");
+    request.filter = QStringLiteral("data file|*.txt");
+    request.folder = QDir::homePath();
+    request.presetName = ToQString(ExportPresetName(session_.lotteryLabel));
+    QString chosen = session_.platform.files.SaveFile(this, request);
+    if (chosen.isEmpty()) return;
+    Status s = CopyDrawingsFile(session_.drawingsPath, chosen.toStdString());
+    if (!s.ok()) {
+        ShowError(s);
+        return;
+    }
+    session_.platform.messages.Show(
+        this, QString::fromLatin1(kFriendshipTip),
+        QStringLiteral("The program has been exported.The store path:") + chosen + QLatin1Char('.'),
+        MessageIcon::Information);
+}
+
+void DrawingsEditor::Import() {
+    if (!session_.platform.messages.AskYesNo(
+            this, QString::fromLatin1(kFriendshipTip),
+            QStringLiteral("The program overwrites the contents of the table with the imported "
+                           "data.\nAre you sure you want to import?"),
+            MessageIcon::Warning))
+        return;
+    FileDialogRequest request;
+    request.title = QStringLiteral("Please locate the valid data file.");
+    request.filter = QStringLiteral("data file|*.txt");
+    request.folder = QDir::homePath();
+    QString chosen = session_.platform.files.OpenFile(this, request);
+    if (chosen.isEmpty()) return;
+    Status s = CopyDrawingsFile(chosen.toStdString(), session_.drawingsPath);
+    if (!s.ok()) {
+        ShowError(s);
+        return;
+    }
+    Reload(DrawingsTable::kImportHeaders);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    if (!loadStatus_.ok()) {
+        Status failed = loadStatus_;
+        loadStatus_ = Status::Ok();
+        ShowError(failed);
+        return;
+    }
+    session_.platform.messages.Show(this, QString::fromLatin1(kFriendshipTip),
+                                    QStringLiteral("The program has been imported."),
+                                    MessageIcon::Information);
+}
+
+void DrawingsEditor::Download() {
+    if (!session_.platform.messages.AskYesNo(
+            this, QString::fromLatin1(kFriendshipTip),
+            QStringLiteral("Before starting the download, make sure you have connected to the "
+                           "Internet. \nAre you sure you want to download?"),
+            MessageIcon::Warning))
+        return;
+    session_.platform.launcher.Open(QUrl(QString::fromLatin1(publisher::kDataPage)));
+}
+
+void DrawingsEditor::AskAndExit() {
+    if (session_.platform.messages.AskYesNo(
+            this, QStringLiteral("Query:"),
+            QStringLiteral("If you have edited the data,make sure you have saved,Are you sure you "
+                           "want to quit?"),
+            MessageIcon::Question))
+        accept();
+}
+
+void DrawingsEditor::ShowError(const Status& status) {
+    session_.platform.messages.Show(this, QStringLiteral("Error:"), ToQString(status.message()),
+                                    MessageIcon::Warning);
+}
+
+void DrawingsEditor::keyPressEvent(QKeyEvent* event) {
+    // Escape would close the editor past the question about unsaved edits.
+    if (event->key() == Qt::Key_Escape) return;
+    QDialog::keyPressEvent(event);
+}
+
+bool DrawingsEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (watched == table_ && cellBox_->isVisible() && !key->text().isEmpty() &&
+        key->text().at(0).isPrint() && !(key->modifiers() & Qt::ControlModifier)) {
+        // Typing on the table goes into the box over the current cell.
+        cellBox_->setFocus();
+        QCoreApplication::sendEvent(cellBox_, event);
+        return true;
+    }
+    if (watched == cellBox_ && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+        // Enter leaves the cell for the next one, which is what puts the text into the table.
+        QModelIndex current = table_->currentIndex();
+        if (current.isValid()) {
+            int row = current.row();
+            int col = current.column() + 1;
+            if (col == DrawingsTable::kCols) {
+                col = 0;
+                row = std::min(row + 1, model_.rowCount() - 1);
+            }
+            QModelIndex next = model_.index(row, col);
+            if (next != current) {
+                table_->setCurrentIndex(next);
+                table_->scrollTo(next);
+            } else {
+                CommitCellBox();
+            }
+            cellBox_->setFocus();
+        }
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+}  // namespace numarel

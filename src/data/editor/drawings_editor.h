@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QDialog>
+#include <array>
+#include <string_view>
+
+#include "data/drawings_table.h"
+#include "frame/report_sheet.h"
+#include "shell/session.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableView;
+
+namespace numarel {
+
+// The editor's table as Qt's views see it: the rows of a DrawingsTable under one header row.
+class DrawingsTableModel : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    explicit DrawingsTableModel(QObject* parent = nullptr) : QAbstractTableModel(parent) {}
+
+    DrawingsTable& Table() { return table_; }
+    // Replaces the whole table and its headers.
+    Status Load(const std::filesystem::path& path,
+                const std::array<std::string_view, DrawingsTable::kCols>& headers);
+    void SetCell(int row, int col, const QString& text);
+    void AddAtEnd();
+    void InsertBefore(int row);
+    bool DeleteRow(int row);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+
+private:
+    DrawingsTable table_;
+    std::array<std::string_view, DrawingsTable::kCols> headers_ = DrawingsTable::kLoadHeaders;
+};
+
+// The drawings editor, opened modal: the whole drawings file in a table, edited cell by cell
+// through a box laid over the current cell, saved back whole, copied out and in.
+class DrawingsEditor : public QDialog {
+    Q_OBJECT
+public:
+    static constexpr int kClientWidth = 9855;
+    static constexpr int kClientHeight = 6855;
+    static constexpr Rgb kCellBoxBack = MakeRgb(255, 224, 192);
+
+    DrawingsEditor(Session& session, QWidget* parent = nullptr);
+
+    DrawingsTableModel& Model() { return model_; }
+    QTableView* Table() const { return table_; }
+    // The cell editing box.
+    QLineEdit* CellBox() const { return cellBox_; }
+
+    // The commands of the buttons.
+    void DeleteCurrentRow();
+    void AddAtEnd();
+    void AddBeforeCurrentRow();
+    void Export();
+    void Import();
+    void Save();
+    void Download();
+    void AskAndExit();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QPushButton* AddButton(const char* control, const char* caption, int left, int top);
+    // Fills the table from the file: the hourglass meanwhile, the last row current at the end.
+    void Reload(const std::array<std::string_view, DrawingsTable::kCols>& headers);
+    void EnterCell(const QModelIndex& index);
+    void LeaveCell(const QModelIndex& index);
+    void PlaceCellBox();
+    // Puts what was typed into the box into its cell, as leaving the cell would.
+    void CommitCellBox();
+    void ShowError(const Status& status);
+
+    Session& session_;
+    DrawingsTableModel model_;
+    QTableView* table_;
+    QLineEdit* cellBox_;
+    QLabel* lotteryLabel_;
+    Status loadStatus_;
+};
+
+}  // namespace numarel

@@ -1,0 +1,97 @@
+#include "data/lottery_commands.h"
+
+#include <fstream>
+#include <system_error>
+
+#include "data/basic_text.h"
+
+namespace numarel {
+namespace {
+
+UserMessage Tip(std::string text) {
+    return {kFriendshipTip, std::move(text)};
+}
+
+// Names the file system would take as a path rather than as one file name, and names with
+// control characters, which no one means to type.
+bool UsableFileName(std::string_view name) {
+    for (char c : name)
+        if (c == '/' || c == '\\' || static_cast<unsigned char>(c) < 0x20) return false;
+    return true;
+}
+
+}  // namespace
+
+LotteryChange NewLottery(const ProgramFolder& folder, std::string_view answer) {
+    LotteryChange change;
+    std::string name(Trim(answer));
+    if (name.empty()) {
+        change.message = Tip("You have not entered a name.");
+        return change;
+    }
+    std::string fileName = name + ".txt";
+    std::filesystem::path path = folder.DataDir() / fileName;
+    std::error_code ec;
+    if (UsableFileName(name) && std::filesystem::exists(path, ec)) {
+        change.message = Tip("This lottery already exists.Please rename.");
+        return change;
+    }
+    bool created = false;
+    if (UsableFileName(name)) {
+        std::filesystem::create_directories(folder.DataDir(), ec);
+        std::ofstream out(path, std::ios::binary | std::ios::trunc);
+        created = static_cast<bool>(out);
+    }
+    if (!created) {
+        change.message = Tip("\"" + name + "\" cannot be used as a file name.Please rename.");
+        return change;
+    }
+
+    change.changed = true;
+    change.drawingsPath = path;
+    change.fileName = fileName;
+    change.label = LotteryLabel(fileName);
+    Status s = WriteSelection(folder.SelectionFile(), fileName);
+    change.message =
+        s.ok() ? Tip("Lottery have been created and selected.Next, you can click Drawings button "
+                     "to edit it.")
+               : UserMessage{"Error:",
+                             "The lottery has been created, but it cannot be kept as "
+                             "the selected lottery: " +
+                                 s.message(),
+                             MessageIcon::Warning};
+    return change;
+}
+
+std::string DataFolderText(const ProgramFolder& folder) {
+    std::string text = folder.DataDir().string();
+    text += std::filesystem::path::preferred_separator;
+    return text;
+}
+
+LotteryChange SelectLottery(const ProgramFolder& folder, std::string_view chosenPath) {
+    LotteryChange change;
+    const std::string dataFolder = DataFolderText(folder);
+    std::size_t cut = chosenPath.find_last_of(std::filesystem::path::preferred_separator);
+    std::string_view chosenFolder =
+        cut == std::string_view::npos ? std::string_view() : chosenPath.substr(0, cut + 1);
+    if (chosenFolder != dataFolder) {
+        change.message = {
+            "Error:", "You must select lottery of the " + dataFolder + "\nPlease select again!"};
+        return change;
+    }
+    std::string name(chosenPath.substr(cut + 1));
+    change.changed = true;
+    change.drawingsPath = std::filesystem::path(std::string(chosenPath));
+    change.fileName = name;
+    change.label = LotteryLabel(name);
+    Status s = WriteSelection(folder.SelectionFile(), name);
+    change.message = s.ok() ? UserMessage{"OK:", "You have selected " + name}
+                            : UserMessage{"Error:",
+                                          "You have selected " + name +
+                                              ", but the choice cannot be kept: " + s.message(),
+                                          MessageIcon::Warning};
+    return change;
+}
+
+}  // namespace numarel

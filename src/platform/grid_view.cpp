@@ -1,0 +1,286 @@
+#include "platform/grid_view.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include "platform/twips.h"
+
+namespace numarel {
+namespace {
+
+constexpr int kTextMargin = 2;
+
+QColor ColourOr(const QVariant& value, const QColor& fallback) {
+    return value.isValid() ? value.value<QColor>() : fallback;
+}
+
+// The colours of fixed cells come from the system, not from the widget's own palette, which
+// paints the grey area behind the cells.
+QColor ButtonFace() {
+    return QApplication::palette().color(QPalette::Button);
+}
+QColor ButtonText() {
+    return QApplication::palette().color(QPalette::ButtonText);
+}
+
+class SheetDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        static const QColor kBack = ToQColor(GridView::kCellBack);
+        static const QColor kLine = ToQColor(GridView::kGridLine);
+        painter->save();
+        painter->setFont(option.font);
+        PaintSheetCell(painter, option.rect, index.data(Qt::DisplayRole).toString(),
+                       ColourOr(index.data(Qt::BackgroundRole), kBack),
+                       ColourOr(index.data(Qt::ForegroundRole), Qt::black), kLine, false);
+        if (option.state & QStyle::State_HasFocus) {
+            QPen pen(Qt::black, 1, Qt::DotLine);
+            painter->setPen(pen);
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(option.rect.adjusted(1, 1, -3, -3));
+        }
+        painter->restore();
+    }
+};
+
+}  // namespace
+
+void PaintSheetCell(QPainter* painter, const QRect& rect, const QString& text, const QColor& back,
+                    const QColor& fore, const QColor& line, bool leftAligned) {
+    if (rect.width() <= 0 || rect.height() <= 0) return;
+    painter->fillRect(rect, back);
+    if (!text.isEmpty()) {
+        QRect textRect = rect.adjusted(kTextMargin, 0, -kTextMargin - 1, -1);
+        bool fits = painter->fontMetrics().horizontalAdvance(text) <= textRect.width();
+        int align = (leftAligned || !fits ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignVCenter;
+        painter->setPen(fore);
+        painter->drawText(textRect, align | Qt::TextSingleLine, text);
+    }
+    painter->setPen(line);
+    painter->drawLine(rect.topRight(), rect.bottomRight());
+    painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+}
+
+// --- SheetHeader ------------------------------------------------------------------------------
+
+SheetHeader::SheetHeader(Qt::Orientation orientation, QWidget* parent)
+    : QHeaderView(orientation, parent) {
+    setMinimumSectionSize(0);
+    setSectionResizeMode(QHeaderView::Fixed);
+    setHighlightSections(false);
+    setSectionsClickable(false);
+    setDefaultAlignment(orientation == Qt::Horizontal ? Qt::AlignCenter
+                                                      : Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void SheetHeader::SetThickness(int pixels) {
+    thickness_ = pixels;
+    updateGeometry();
+}
+
+QSize SheetHeader::sizeHint() const {
+    // The length along the header is whatever the view gives it; only the thickness counts.
+    return orientation() == Qt::Horizontal ? QSize(100, thickness_) : QSize(thickness_, 100);
+}
+
+void SheetHeader::paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const {
+    if (!model()) return;
+    Qt::Orientation o = orientation();
+    painter->save();
+    painter->setFont(font());
+    PaintSheetCell(painter, rect, model()->headerData(logicalIndex, o, Qt::DisplayRole).toString(),
+                   ColourOr(model()->headerData(logicalIndex, o, Qt::BackgroundRole), ButtonFace()),
+                   ColourOr(model()->headerData(logicalIndex, o, Qt::ForegroundRole), ButtonText()),
+                   Qt::black, o == Qt::Vertical);
+    painter->restore();
+}
+
+// --- GridView ---------------------------------------------------------------------------------
+
+GridView::GridView(QWidget* parent)
+    : QTableView(parent),
+      model_(new SheetModel(this)),
+      columns_(new SheetHeader(Qt::Horizontal, this)),
+      rows_(new SheetHeader(Qt::Vertical, this)) {
+    setHorizontalHeader(columns_);
+    setVerticalHeader(rows_);
+    setModel(model_);
+    setItemDelegate(new SheetDelegate(this));
+    setSelectionMode(QAbstractItemView::NoSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setAutoScroll(false);
+
+    QPalette grey = palette();
+    grey.setColor(QPalette::Base, ToQColor(kEmptyArea));
+    grey.setColor(QPalette::Window, ToQColor(kEmptyArea));
+    setPalette(grey);
+    for (QHeaderView* header :
+         {static_cast<QHeaderView*>(columns_), static_cast<QHeaderView*>(rows_)}) {
+        header->setPalette(grey);
+        header->viewport()->setAutoFillBackground(true);
+        header->viewport()->setBackgroundRole(QPalette::Base);
+    }
+    corner_ = findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
+    if (corner_) corner_->installEventFilter(this);
+
+    connect(this, &QAbstractItemView::pressed, this, [this](const QModelIndex& index) {
+        StopFollowingTopRow();
+        emit CellPressed(SheetModel::SheetRow(index), SheetModel::SheetCol(index));
+    });
+    connect(this, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& index) {
+        emit CellDoubleClicked(SheetModel::SheetRow(index), SheetModel::SheetCol(index));
+    });
+    connect(columns_, &QHeaderView::sectionDoubleClicked, this, [this](int section) {
+        if (section >= 0) emit CellDoubleClicked(0, section + 1);
+    });
+    connect(verticalScrollBar(), &QAbstractSlider::actionTriggered, this,
+            [this] { StopFollowingTopRow(); });
+}
+
+void GridView::SetSheet(ReportSheet* sheet) {
+    model_->SetSheet(sheet);
+    if (!sheet) return;
+    ApplySheetLayout();
+    SetCurrentCell(sheet->CurrentRow(), sheet->CurrentCol());
+    SetTopRow(sheet->TopRow());
+}
+
+void GridView::ApplySheetLayout() {
+    const ReportSheet& sheet = *model_->Sheet();
+    QFont font = DesignFont(sheet.FontDecipoints() / 10.0);
+    setFont(font);
+    columns_->setFont(font);
+    rows_->setFont(font);
+
+    auto widthPx = [this](int twips) {
+        return TwipsToPixelsX(this, twips < 0 ? kDefaultColWidthTwips : twips);
+    };
+    auto heightPx = [this](int twips) {
+        return TwipsToPixelsY(this, twips < 0 ? kDefaultRowHeightTwips : twips);
+    };
+    // Sized in bulk without a relayout per section; the view is laid out once at the end.
+    QSignalBlocker blockColumns(columns_);
+    QSignalBlocker blockRows(rows_);
+    columns_->setDefaultSectionSize(widthPx(-1));
+    rows_->setDefaultSectionSize(heightPx(-1));
+    rows_->SetThickness(widthPx(sheet.ColWidth(0)));
+    columns_->SetThickness(heightPx(sheet.RowHeight(0)));
+    for (int col = 1; col < sheet.Cols(); ++col) {
+        int twips = sheet.ColWidth(col);
+        if (twips < 0) continue;
+        int px = widthPx(twips);
+        if (px == 0)
+            columns_->hideSection(col - 1);
+        else
+            columns_->resizeSection(col - 1, px);
+    }
+    for (auto [row, twips] : sheet.SetRowHeights()) {
+        if (row < 1 || row >= sheet.Rows()) continue;
+        int px = heightPx(twips);
+        if (px == 0)
+            rows_->hideSection(row - 1);
+        else
+            rows_->resizeSection(row - 1, px);
+    }
+    updateGeometries();
+    viewport()->update();
+}
+
+void GridView::SetCurrentCell(int row, int col) {
+    QModelIndex index = model_->IndexOf(row, col);
+    if (!index.isValid()) return;
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+}
+
+void GridView::SetTopRow(int row) {
+    topRow_ = row;
+    followTopRow_ = true;
+    ApplyTopRow();
+}
+
+void GridView::ApplyTopRow() {
+    int count = model_->rowCount();
+    if (count == 0) return;
+    updateGeometries();
+    int section = std::clamp(topRow_ - 1, 0, count - 1);
+    verticalScrollBar()->setValue(rows_->sectionPosition(section));
+}
+
+int GridView::TopRow() const {
+    int section = rows_->logicalIndexAt(0);
+    return section < 0 ? 0 : section + 1;
+}
+
+int GridView::ColumnPixels(int col) const {
+    if (col == 0) return rows_->sizeHint().width();
+    return columns_->isSectionHidden(col - 1) ? 0 : columns_->sectionSize(col - 1);
+}
+
+int GridView::RowPixels(int row) const {
+    if (row == 0) return columns_->sizeHint().height();
+    return rows_->isSectionHidden(row - 1) ? 0 : rows_->sectionSize(row - 1);
+}
+
+void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    if (ReportSheet* sheet = model_->Sheet(); sheet && current.isValid())
+        sheet->SetCurrentCell(SheetModel::SheetRow(current), SheetModel::SheetCol(current));
+}
+
+void GridView::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
+    if (followTopRow_) ApplyTopRow();
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    if (followTopRow_) ApplyTopRow();
+}
+
+void GridView::wheelEvent(QWheelEvent* event) {
+    StopFollowingTopRow();
+    QTableView::wheelEvent(event);
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    StopFollowingTopRow();
+    // The current cell moves with the keys and the view follows it.
+    setAutoScroll(true);
+    QTableView::keyPressEvent(event);
+    setAutoScroll(false);
+}
+
+bool GridView::eventFilter(QObject* watched, QEvent* event) {
+    // The corner cell (0, 0) is Qt's corner button, painted here as a fixed cell.
+    if (watched == corner_ && event->type() == QEvent::Paint) {
+        PaintCorner(corner_);
+        return true;
+    }
+    return QTableView::eventFilter(watched, event);
+}
+
+void GridView::PaintCorner(QWidget* corner) {
+    QPainter painter(corner);
+    painter.setFont(font());
+    const ReportSheet* sheet = model_->Sheet();
+    QString text = sheet ? QString::fromStdString(sheet->Text(0, 0)) : QString();
+    Rgb back = sheet ? sheet->BackColor(0, 0) : kDefaultColour;
+    Rgb fore = sheet ? sheet->ForeColor(0, 0) : kDefaultColour;
+    PaintSheetCell(&painter, corner->rect(), text,
+                   back == kDefaultColour ? ButtonFace() : ToQColor(back),
+                   fore == kDefaultColour ? ButtonText() : ToQColor(fore), Qt::black, true);
+}
+
+}  // namespace numarel

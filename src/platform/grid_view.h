@@ -1,0 +1,99 @@
+#pragma once
+
+#include <QHeaderView>
+#include <QTableView>
+
+#include "frame/report_sheet.h"
+#include "platform/sheet_model.h"
+
+namespace numarel {
+
+// Paints one fixed row or column of a sheet: the sheet's own colours where it set them, else the
+// system's button face, with black lines around the cells.
+class SheetHeader : public QHeaderView {
+    Q_OBJECT
+public:
+    SheetHeader(Qt::Orientation orientation, QWidget* parent);
+    // The thickness of the fixed row (height) or column (width), in pixels.
+    void SetThickness(int pixels);
+    QSize sizeHint() const override;
+
+protected:
+    void paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const override;
+
+private:
+    int thickness_ = 20;
+};
+
+// The on-screen table behind a report sheet: a fixed header row and label column, per-cell back
+// and fore colours, column widths and row heights from the sheet's twips, the sheet's font, the
+// current cell and the first row shown. Cells are painted straight from the sheet through
+// SheetModel, so the largest sheets open at once.
+class GridView : public QTableView {
+    Q_OBJECT
+public:
+    // Sizes the sheet leaves at -1.
+    static constexpr int kDefaultColWidthTwips = 960;
+    static constexpr int kDefaultRowHeightTwips = 240;
+    // The colours a new sheet is drawn in.
+    static constexpr Rgb kCellBack = MakeRgb(255, 255, 255);
+    static constexpr Rgb kEmptyArea = MakeRgb(128, 128, 128);
+    static constexpr Rgb kGridLine = MakeRgb(192, 192, 192);
+
+    explicit GridView(QWidget* parent = nullptr);
+
+    // Shows `sheet` (owned by the caller, kept alive while shown): its sizes, font, current cell
+    // and first row shown.
+    void SetSheet(ReportSheet* sheet);
+    ReportSheet* Sheet() const { return model_->Sheet(); }
+    SheetModel& Model() { return *model_; }
+
+    // Moves the current cell; rows and columns count as in the sheet. The fixed row and column
+    // cannot be current.
+    void SetCurrentCell(int row, int col);
+    // Scrolls so that sheet row `row` is the first scrollable row shown, as far as the end of the
+    // sheet allows. Kept while the window settles its size, until the user scrolls.
+    void SetTopRow(int row);
+    // The first scrollable sheet row shown.
+    int TopRow() const;
+    // Repaints one cell after the sheet changed it.
+    void RefreshCell(int row, int col) { model_->CellChanged(row, col); }
+
+    // Pixel sizes of sheet columns and rows as shown.
+    int ColumnPixels(int col) const;
+    int RowPixels(int row) const;
+
+signals:
+    // A mouse button went down on a cell; the current cell is already that cell. Sheet coordinates.
+    void CellPressed(int row, int col);
+    // A double click on a cell or on a header cell of the fixed row. Sheet coordinates.
+    void CellDoubleClicked(int row, int col);
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void ApplySheetLayout();
+    void ApplyTopRow();
+    void StopFollowingTopRow() { followTopRow_ = false; }
+    void PaintCorner(QWidget* corner);
+
+    SheetModel* model_;
+    SheetHeader* columns_;
+    SheetHeader* rows_;
+    QWidget* corner_ = nullptr;
+    int topRow_ = 1;
+    bool followTopRow_ = false;
+};
+
+// Fills one cell of a sheet: its colours, its text centred (left-aligned where it does not fit),
+// the grid lines on its right and bottom edges.
+void PaintSheetCell(QPainter* painter, const QRect& rect, const QString& text, const QColor& back,
+                    const QColor& fore, const QColor& line, bool leftAligned);
+
+}  // namespace numarel

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+#include <string_view>
+
+#include "data/lottery_catalog.h"
+#include "data/user_message.h"
+
+class QWidget;
+
+namespace numarel {
+
+// What the windows ask of the system, each behind a small interface so that tests can answer in
+// place of a person. SystemPlatform() gives the real ones.
+
+class MessageBoxes {
+public:
+    virtual ~MessageBoxes() = default;
+    // A message with one OK button.
+    virtual void Show(QWidget* parent, const QString& title, const QString& text,
+                      MessageIcon icon) = 0;
+    // A question with Yes and No; true only for Yes.
+    virtual bool AskYesNo(QWidget* parent, const QString& title, const QString& text,
+                          MessageIcon icon) = 0;
+};
+
+class TextPrompt {
+public:
+    virtual ~TextPrompt() = default;
+    // The text the user entered; empty when the prompt was cancelled.
+    virtual QString Ask(QWidget* parent, const QString& title, const QString& text) = 0;
+};
+
+// A file dialog as the windows describe it. `filter` is written "description|*.ext".
+struct FileDialogRequest {
+    QString title;
+    QString filter;
+    QString folder;      // where the dialog starts
+    QString presetName;  // the name offered, save dialogs only
+};
+
+class FileDialogs {
+public:
+    virtual ~FileDialogs() = default;
+    // The chosen path, empty when the user cancelled.
+    virtual QString OpenFile(QWidget* parent, const FileDialogRequest& request) = 0;
+    virtual QString SaveFile(QWidget* parent, const FileDialogRequest& request) = 0;
+};
+
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    // Replaces whatever the clipboard held with plain text.
+    virtual void SetText(const QString& text) = 0;
+};
+
+class Launcher {
+public:
+    virtual ~Launcher() = default;
+    // Opens a document or web page with the system's default handler; the result is not looked at.
+    virtual void Open(const QUrl& url) = 0;
+};
+
+struct Platform {
+    MessageBoxes& messages;
+    TextPrompt& prompt;
+    FileDialogs& files;
+    Clipboard& clipboard;
+    Launcher& launcher;
+};
+
+// The real dialogs, clipboard and default handler.
+Platform& SystemPlatform();
+
+// "description|*.ext" as a Qt name filter, "description (*.ext)".
+QString QtNameFilter(const QString& filter);
+
+inline QString ToQString(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+inline void ShowMessage(MessageBoxes& boxes, QWidget* parent, const UserMessage& message) {
+    boxes.Show(parent, ToQString(message.title), ToQString(message.text), message.icon);
+}
+
+// Opens the help page `page` (".htm" added) from the help folder with the default handler; a
+// missing page does nothing.
+void OpenHelpPage(Launcher& launcher, const ProgramFolder& folder, std::string_view page);
+
+}  // namespace numarel

@@ -1,0 +1,264 @@
+#include "shell/report_window.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <vector>
+
+#include "frame/frame_passes.h"
+#include "platform/grid_view.h"
+#include "platform/twips.h"
+
+namespace numarel {
+namespace {
+
+constexpr const char* kLoadingCaption = "Loading......";
+
+// Keeps the hourglass up for the length of one computation.
+class WaitCursor {
+public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+void ShowWithArrow(MessageBoxes& boxes, QWidget* parent, const QString& title,
+                   const QString& text) {
+    // A message shown while a caller still shows the hourglass gets the normal pointer.
+    QApplication::setOverrideCursor(Qt::ArrowCursor);
+    boxes.Show(parent, title, text, MessageIcon::Warning);
+    QApplication::restoreOverrideCursor();
+}
+
+QString Escaped(std::string_view caption) {
+    return ToQString(caption).replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+}  // namespace
+
+Status LoadReport(const ReportDefinition& definition, const std::filesystem::path& drawingsPath,
+                  ReportSheet& sheet) {
+    std::vector<DrawRecord> drawings;
+    Status s = ReadHistory(drawingsPath, drawings);
+    if (!s.ok()) return s;
+    definition.build(drawings, sheet);
+    return Status::Ok();
+}
+
+// --- ReportWindow -----------------------------------------------------------------------------
+
+ReportWindow::ReportWindow(const ReportDefinition& definition, const CommandEntry* command,
+                           Session& session)
+    : QWidget(nullptr, Qt::Window),
+      definition_(definition),
+      command_(command),
+      session_(session),
+      grid_(new GridView(this)),
+      exitButton_(new QPushButton(QStringLiteral("Exit"), this)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setObjectName(ToQString(definition.object));
+    setWindowTitle(QString::fromLatin1(kLoadingCaption));
+    BuildControls();
+}
+
+ReportWindow::~ReportWindow() = default;
+
+void ReportWindow::BuildControls() {
+    connect(exitButton_, &QPushButton::clicked, this, &QWidget::close);
+
+    const bool hasPage = command_ && !command_->helpPage.empty();
+    if (hasPage || definition_.inertHelpButton) {
+        helpButton_ = new QPushButton(QStringLiteral("Help"), this);
+        if (hasPage && !definition_.inertHelpButton) {
+            std::string page(command_->helpPage);
+            connect(helpButton_, &QPushButton::clicked, this, [this, page] {
+                OpenHelpPage(session_.platform.launcher, session_.folder, page);
+            });
+        }
+    }
+
+    const numarel::ExtraButton& extra = definition_.extraButton;
+    if (extra.kind != numarel::ExtraButton::Kind::None) {
+        extraButton_ = new QPushButton(Escaped(extra.caption), this);
+        connect(extraButton_, &QPushButton::clicked, this, &ReportWindow::OnExtraButton);
+        if (extra.kind == numarel::ExtraButton::Kind::ToggleTextBox) {
+            textBox_ = new QPlainTextEdit(this);
+            textBox_->setReadOnly(true);
+            textBox_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+            textBox_->setFont(DesignFont(9));
+            textBox_->hide();
+            PlaceAt(textBox_, 0, 0, kTextBoxWidth, kTextBoxHeight);
+        }
+    }
+
+    connect(grid_, &GridView::CellPressed, this, &ReportWindow::OnCellPressed);
+    connect(grid_, &GridView::CellDoubleClicked, this, &ReportWindow::OnCellDoubleClicked);
+}
+
+Status ReportWindow::Load() {
+    Status s;
+    {
+        WaitCursor hourglass;
+        s = LoadReport(definition_, session_.drawingsPath, sheet_);
+    }
+    if (!s.ok()) return s;
+
+    QString title = ToQString(sheet_.Title());
+    if (title.isEmpty() || title == QLatin1String(kLoadingCaption))
+        title = command_ ? ToQString(command_->caption) : ToQString(definition_.object);
+    setWindowTitle(title);
+
+    for (const SheetLabel& text : sheet_.Labels()) {
+        auto* label = new QLabel(ToQString(text.text), this);
+        label->setFont(DesignFont(9));
+        QPalette palette = label->palette();
+        if (text.fore != kDefaultColour)
+            palette.setColor(QPalette::WindowText, ToQColor(text.fore));
+        if (text.back != kDefaultColour) {
+            palette.setColor(QPalette::Window, ToQColor(text.back));
+            label->setAutoFillBackground(true);
+        }
+        label->setPalette(palette);
+        label->adjustSize();
+        labels_.push_back(label);
+    }
+    grid_->SetSheet(&sheet_);
+    if (textBox_) textBox_->raise();
+    resize(TwipsToPixelsX(this, kDesignWidth), TwipsToPixelsY(this, kDesignHeight));
+    LayoutWindow();
+    return Status::Ok();
+}
+
+void ReportWindow::ShowMaximizedCentred() {
+    if (QScreen* screen = this->screen()) {
+        QRect free = screen->availableGeometry();
+        move(free.center() - rect().center());
+    }
+    showMaximized();
+}
+
+void ReportWindow::LayoutWindow() {
+    const int clientWidth = PixelsToTwipsX(this, width());
+    const int clientHeight = PixelsToTwipsY(this, height());
+    const int sheetWidth = clientWidth - kMarginRight;
+    const int sheetHeight = clientHeight - kMarginBelow;
+    if (sheetWidth <= 0 || sheetHeight <= 0) return;
+
+    PlaceAt(grid_, 0, 0, sheetWidth, sheetHeight);
+    const int buttonTop = sheetHeight + 225;
+    int right = sheetWidth;
+    auto placeLeftOf = [&](QPushButton* button, int width) {
+        PlaceAt(button, right - width, buttonTop, width, kButtonHeight);
+        right -= width + kButtonGap;
+    };
+    placeLeftOf(exitButton_, kButtonWidth);
+    if (extraButton_) {
+        // The report's own button is as wide as its longer caption needs.
+        const numarel::ExtraButton& extra = definition_.extraButton;
+        QFontMetrics metrics(extraButton_->font());
+        int textPx = std::max(metrics.horizontalAdvance(Escaped(extra.caption)),
+                              metrics.horizontalAdvance(Escaped(extra.shownCaption)));
+        placeLeftOf(extraButton_, std::max(kButtonWidth, PixelsToTwipsX(this, textPx) + 360));
+    }
+    if (helpButton_) placeLeftOf(helpButton_, kButtonWidth);
+
+    int labelTop = sheetHeight + 120;
+    for (QLabel* label : labels_) {
+        QSize hint = label->sizeHint();
+        label->setGeometry(TwipsToPixelsX(this, 20), TwipsToPixelsY(this, labelTop), hint.width(),
+                           hint.height());
+        labelTop += PixelsToTwipsY(this, hint.height()) + 40;
+    }
+}
+
+void ReportWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    LayoutWindow();
+}
+
+void ReportWindow::OnCellPressed(int row, int col) {
+    if (definition_.markColour == kDefaultColour) return;
+    ToggleCellMark(sheet_, row, col, definition_.markColour);
+    grid_->RefreshCell(row, col);
+}
+
+void ReportWindow::OnCellDoubleClicked(int /*row*/, int col) {
+    if (!definition_.doubleClickText) return;
+    session_.platform.clipboard.SetText(
+        QString::fromStdString(definition_.doubleClickText(sheet_, col)));
+}
+
+void ReportWindow::OnExtraButton() {
+    const numarel::ExtraButton& extra = definition_.extraButton;
+    if (extra.kind == numarel::ExtraButton::Kind::ToggleTextBox && textBox_) {
+        if (textBox_->isVisible()) {
+            textBox_->hide();
+            extraButton_->setText(Escaped(extra.caption));
+            return;
+        }
+        textBox_->setPlainText(extra.text ? QString::fromStdString(extra.text(sheet_)) : QString());
+        textBox_->raise();
+        textBox_->show();
+        extraButton_->setText(Escaped(extra.shownCaption));
+        return;
+    }
+    if (extra.kind == numarel::ExtraButton::Kind::ExportFile) {
+        std::filesystem::path file = session_.folder.root / std::filesystem::path(extra.exportFile);
+        std::error_code ec;
+        std::filesystem::create_directories(file.parent_path(), ec);
+        Status s = WriteFileSafely(file, extra.text ? extra.text(sheet_) : std::string());
+        if (!s.ok()) {
+            ShowError(ToQString(s.message()));
+            return;
+        }
+        session_.platform.launcher.Open(QUrl::fromLocalFile(QString::fromStdString(file.string())));
+    }
+}
+
+void ReportWindow::ShowError(const QString& text) {
+    ShowWithArrow(session_.platform.messages, this, QStringLiteral("Error:"), text);
+}
+
+// --- ReportWindows ----------------------------------------------------------------------------
+
+ReportWindow* ReportWindows::Find(std::string_view object) const {
+    auto it = windows_.find(object);
+    if (it == windows_.end() || !it->second) return nullptr;
+    // A window closed by Exit is hidden at once but deleted only when the event loop comes round.
+    ReportWindow* window = it->second.data();
+    return window->isVisible() ? window : nullptr;
+}
+
+ReportWindow* ReportWindows::Open(std::string_view object, QWidget* messageParent) {
+    if (ReportWindow* open = Find(object)) {
+        if (open->isMinimized()) open->showMaximized();
+        open->raise();
+        open->activateWindow();
+        return open;
+    }
+    const ReportDefinition* definition = lookup_(object);
+    if (!definition) {
+        ReportSheet unused;
+        Status s = RunReport(object, session_.drawingsPath, unused);
+        ShowWithArrow(session_.platform.messages, messageParent, QStringLiteral("Error:"),
+                      ToQString(s.message()));
+        return nullptr;
+    }
+    auto* window = new ReportWindow(*definition, FindCommand(object), session_);
+    Status s = window->Load();
+    if (!s.ok()) {
+        delete window;
+        ShowWithArrow(session_.platform.messages, messageParent, QStringLiteral("Error:"),
+                      ToQString(s.message()));
+        return nullptr;
+    }
+    windows_[std::string(object)] = window;
+    window->ShowMaximizedCentred();
+    return window;
+}
+
+}  // namespace numarel

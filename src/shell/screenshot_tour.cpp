@@ -1,0 +1,142 @@
+// Walks through the desktop program's windows under a display and photographs each with
+// ImageMagick's `import`: the welcome window, the main window with a group menu open, a report and
+// the drawings editor. Used by scripts/screenshots.sh; takes the folder for the pictures and,
+// optionally, the program folder to read data\, Numarel\ and help\ from (the executable's own
+// by default).
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QMenu>
+#include <QProcess>
+#include <QPushButton>
+#include <QScreen>
+#include <QThread>
+#include <QTimer>
+#include <cstdio>
+
+#include "data/editor/drawings_editor.h"
+#include "platform/platform.h"
+#include "platform/twips.h"
+#include "shell/main_window.h"
+#include "shell/report_window.h"
+#include "shell/welcome_window.h"
+
+namespace {
+
+// Lets the windows map and paint.
+void Settle(int ms = 700) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < ms) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+        QThread::msleep(20);
+    }
+}
+
+// Xvfb has no window manager, so windows have no title bar: the window's caption is drawn as a
+// strip above the picture instead.
+bool Photograph(const QDir& folder, const QString& name, QRect area, const QString& caption) {
+    area = area.intersected(QGuiApplication::primaryScreen()->geometry());
+    QString crop = QStringLiteral("%1x%2+%3+%4")
+                       .arg(area.width())
+                       .arg(area.height())
+                       .arg(area.x())
+                       .arg(area.y());
+    QString file = folder.filePath(name);
+    int rc = QProcess::execute(QStringLiteral("import"),
+                               {QStringLiteral("-window"), QStringLiteral("root"),
+                                QStringLiteral("-crop"), crop, QStringLiteral("+repage"), file});
+    if (rc == 0)
+        rc = QProcess::execute(
+            QStringLiteral("convert"),
+            {file, QStringLiteral("-background"), QStringLiteral("#3c5a8c"),
+             QStringLiteral("-gravity"), QStringLiteral("north"), QStringLiteral("-splice"),
+             QStringLiteral("0x24"), QStringLiteral("-fill"), QStringLiteral("white"),
+             QStringLiteral("-font"), QStringLiteral("Liberation-Sans-Bold"),
+             QStringLiteral("-pointsize"), QStringLiteral("13"), QStringLiteral("-gravity"),
+             QStringLiteral("northwest"), QStringLiteral("-annotate"), QStringLiteral("+8+4"),
+             caption, file});
+    std::printf("%s %s\n", rc == 0 ? "saved" : "FAILED", qPrintable(file));
+    std::fflush(stdout);
+    return rc == 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setFont(numarel::DesignFont(8.25));
+    if (argc < 2) {
+        std::fprintf(stderr,
+                     "usage: numarel_screenshot_tour <folder for the pictures> [program folder]\n");
+        return 2;
+    }
+    QDir folder(QString::fromLocal8Bit(argv[1]));
+    folder.mkpath(QStringLiteral("."));
+    bool ok = true;
+
+    numarel::Session session{
+        numarel::ProgramFolder{argc > 2 ? std::string(argv[2])
+                                        : QCoreApplication::applicationDirPath().toStdString()},
+        numarel::SystemPlatform(),
+        {},
+        "Lottery:"};
+    numarel::ReportWindows reports(session);
+    numarel::MainWindow* main = nullptr;
+
+    auto* welcome = new numarel::WelcomeWindow(session, [&] {
+        main = new numarel::MainWindow(session, reports);
+        main->move(40, 40);
+        main->show();
+    });
+    welcome->move(40, 40);
+    welcome->show();
+    Settle();
+    ok &= Photograph(folder, QStringLiteral("welcome.png"), welcome->frameGeometry(),
+                     welcome->windowTitle());
+
+    welcome->findChild<QPushButton*>(QStringLiteral("Command2"))->click();
+    Settle();
+    if (!main) return 1;
+    QPushButton* others = main->findChild<QPushButton*>(QStringLiteral("Command9"));
+    QMenu* menu = main->Menu("caiqitayouguan");
+    menu->popup(others->mapToGlobal(QPoint(others->width() / 2, others->height() / 2)));
+    Settle();
+    ok &= Photograph(folder, QStringLiteral("main-window.png"),
+                     main->frameGeometry().united(menu->geometry()), main->windowTitle());
+    menu->hide();
+
+    QPushButton* box = main->findChild<QPushButton*>(QStringLiteral("Command5"));
+    QMenu* boxMenu = main->Menu("caizuxuanyouguan");
+    boxMenu->popup(box->mapToGlobal(QPoint(box->width() / 2, box->height() / 2)));
+    Settle();
+    ok &= Photograph(folder, QStringLiteral("main-window-box-menu.png"),
+                     main->frameGeometry().united(boxMenu->geometry()), main->windowTitle());
+    boxMenu->hide();
+
+    // Without a window manager nothing maximises a window: give the report the screen.
+    if (numarel::ReportWindow* report = reports.Open("frmbjiouhe", main)) {
+        report->setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        report->showNormal();
+        Settle(1200);
+        ok &= Photograph(folder, QStringLiteral("report.png"), report->frameGeometry(),
+                         report->windowTitle());
+        report->close();
+    } else {
+        ok = false;
+    }
+
+    {
+        numarel::DrawingsEditor editor(session, main);
+        editor.move(60, 60);
+        QTimer::singleShot(900, &editor, [&] {
+            ok &= Photograph(folder, QStringLiteral("editor.png"), editor.frameGeometry(),
+                             editor.windowTitle());
+            editor.reject();
+        });
+        editor.exec();
+    }
+    main->close();
+    Settle(200);
+    return ok ? 0 : 1;
+}

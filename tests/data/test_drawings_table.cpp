@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include "data/drawings_table.h"
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::ReadAll;
+using testing::TempDir;
+
+std::vector<std::string> Column(const DrawingsTable& table, int col) {
+    std::vector<std::string> cells;
+    for (int row = 0; row < table.RowCount(); ++row)
+        cells.push_back(table.Cell(row, col));
+    return cells;
+}
+
+TEST(DrawingsTable, LoadShowsEveryRecordMarkersIncludedAndOneEmptyRow) {
+    TempDir dir;
+    auto file = dir.Write("d.txt", "2020001 1 2 3\r\n0 0 0 0\r\n2020003,4,5,6");
+    DrawingsTable table;
+    ASSERT_TRUE(table.Load(file).ok());
+    EXPECT_EQ(Column(table, 0), (std::vector<std::string>{"2020001", "0", "2020003", ""}));
+    EXPECT_EQ(Column(table, 3), (std::vector<std::string>{"3", "0", "6", ""}));
+}
+
+TEST(DrawingsTable, LoadOfAnEmptyOrMissingFileLeavesOneEmptyRow) {
+    TempDir dir;
+    DrawingsTable table;
+    ASSERT_TRUE(table.Load(dir.Write("empty.txt", "")).ok());
+    EXPECT_EQ(table.RowCount(), 1);
+    table.AddAtEnd();
+    EXPECT_FALSE(table.Load(dir.path() / "missing.txt").ok());
+    EXPECT_EQ(table.RowCount(), 1);
+    EXPECT_EQ(table.SaveBytes(), "0 0 0 0\r\n");
+}
+
+TEST(DrawingsTable, SaveWritesTheEmptyLastRowAsAnEndMarker) {
+    TempDir dir;
+    auto file = dir.Write("d.txt", "2020001 1 2 3\r\n2020002 4 5 6\r\n");
+    DrawingsTable table;
+    ASSERT_TRUE(table.Load(file).ok());
+    ASSERT_TRUE(table.Save(file).ok());
+    EXPECT_EQ(ReadAll(file), "2020001 1 2 3\r\n2020002 4 5 6\r\n0 0 0 0\r\n");
+
+    // Reopened: the marker row, then a new empty row; a drawing typed there lands behind it.
+    ASSERT_TRUE(table.Load(file).ok());
+    ASSERT_EQ(table.RowCount(), 4);
+    const char* typed[] = {"2020003", "7", "8", "9"};
+    for (int col = 0; col < 4; ++col)
+        table.SetCell(3, col, typed[col]);
+    ASSERT_TRUE(table.Save(file).ok());
+    EXPECT_EQ(ReadAll(file), "2020001 1 2 3\r\n2020002 4 5 6\r\n0 0 0 0\r\n2020003 7 8 9\r\n");
+    std::vector<DrawRecord> seen;
+    ASSERT_TRUE(ReadHistory(file, seen).ok());
+    EXPECT_EQ(seen.size(), 2u);
+}
+
+TEST(DrawingsTable, SaveChecksDigitsButWritesDatesAsTyped) {
+    struct Case {
+        DrawRecord row;
+        std::string line;
+    };
+    const Case cases[] = {
+        {{"2020001", "0", "9", "1"}, "2020001 0 9 1"},
+        {{"2020002", "12", "-1", "5x"}, "2020002 0 0 5x"},  // 5x passes as its number 5
+        {{"", " ", "", "10"}, "0 0 0 0"},                   // an empty row is a marker
+        {{"x17", "3.5", " 4", "0.5"}, "x17 3.5  4 0"},
+    };
+    DrawingsTable table;
+    table.DeleteRow(0);  // refused: the last row stays
+    ASSERT_EQ(table.RowCount(), 1);
+    std::string expected;
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        if (i > 0) table.AddAtEnd();
+        const DrawRecord& r = cases[i].row;
+        int row = static_cast<int>(i);
+        table.SetCell(row, 0, r.date);
+        table.SetCell(row, 1, r.h);
+        table.SetCell(row, 2, r.t);
+        table.SetCell(row, 3, r.u);
+        expected += cases[i].line + "\r\n";
+    }
+    EXPECT_EQ(table.SaveBytes(), expected);
+}
+
+TEST(DrawingsTable, RowOperationsWorkOnTheGivenRow) {
+    DrawingsTable table;
+    table.SetCell(0, 0, "A");
+    table.AddAtEnd();
+    table.SetCell(1, 0, "B");
+    table.InsertBefore(1);  // A, "", B
+    table.SetCell(1, 0, "mid");
+    table.InsertBefore(0);   // "", A, mid, B
+    table.InsertBefore(99);  // past the end: appended
+    EXPECT_EQ(Column(table, 0), (std::vector<std::string>{"", "A", "mid", "B", ""}));
+    EXPECT_TRUE(table.DeleteRow(2));
+    EXPECT_FALSE(table.DeleteRow(9));
+    EXPECT_EQ(Column(table, 0), (std::vector<std::string>{"", "A", "B", ""}));
+    while (table.DeleteRow(0)) {
+    }
+    EXPECT_EQ(table.RowCount(), 1);
+    // Cells outside the table read empty and ignore writes.
+    table.SetCell(5, 0, "x");
+    table.SetCell(0, 4, "x");
+    EXPECT_EQ(table.Cell(5, 0), "");
+    EXPECT_EQ(table.Cell(0, 4), "");
+}
+
+TEST(DrawingsTable, ExportOffersTheLotteryNameWithoutItsFullStop) {
+    EXPECT_EQ(ExportPresetName("Lottery:Synthetic-Demo."), "Synthetic-Demo");
+    EXPECT_EQ(ExportPresetName("Lottery:a.b."), "a.b");
+    EXPECT_EQ(ExportPresetName("Lottery:"), "");
+}
+
+TEST(DrawingsTable, CopyReplacesTheTargetOnlyWhenTheSourceIsRead) {
+    TempDir dir;
+    auto from = dir.Write("from.txt", "2020001 1 2 3\r\n");
+    auto to = dir.Write("to.txt", "old\r\n");
+    EXPECT_FALSE(CopyDrawingsFile(dir.path() / "missing.txt", to).ok());
+    EXPECT_EQ(ReadAll(to), "old\r\n");
+    ASSERT_TRUE(CopyDrawingsFile(from, to).ok());
+    EXPECT_EQ(ReadAll(to), "2020001 1 2 3\r\n");
+    ASSERT_TRUE(CopyDrawingsFile(to, to).ok());  // a file copied onto itself stays whole
+    EXPECT_EQ(ReadAll(to), "2020001 1 2 3\r\n");
+}
+
+}  // namespace
+}  // namespace numarel

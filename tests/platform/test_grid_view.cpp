@@ -1,0 +1,237 @@
+#include <gtest/gtest.h>
+
+#include <QScrollBar>
+#include <filesystem>
+#include <fstream>
+
+#include "platform/grid_view.h"
+#include "platform/platform.h"
+#include "platform/twips.h"
+#include "shell/qt_test_support.h"
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::App;
+
+constexpr Rgb kRed = MakeRgb(255, 0, 0);
+constexpr Rgb kBlue = MakeRgb(0, 0, 255);
+
+// A small report-like sheet: header row, label column, a few coloured cells.
+ReportSheet SmallSheet(int rows = 6, int cols = 5) {
+    ReportSheet sheet(rows, cols);
+    sheet.SetText(0, 0, "corner");
+    for (int c = 1; c < cols; ++c)
+        sheet.SetText(0, c, "C" + std::to_string(c));
+    for (int r = 1; r < rows; ++r) {
+        sheet.SetText(r, 0, " 202000" + std::to_string(r) + ":123");
+        for (int c = 1; c < cols; ++c)
+            sheet.SetNumber(r, c, r * 10 + c);
+    }
+    sheet.SetBackColor(2, 3, kRed);
+    sheet.SetForeColor(2, 3, kBlue);
+    sheet.SetBackColor(0, 2, kBlue);
+    return sheet;
+}
+
+TEST(SheetModel, CellsStartAfterTheFixedRowAndColumn) {
+    App();
+    ReportSheet sheet = SmallSheet();
+    SheetModel model;
+    model.SetSheet(&sheet);
+    EXPECT_EQ(model.rowCount(), 5);
+    EXPECT_EQ(model.columnCount(), 4);
+    QModelIndex cell = model.IndexOf(2, 3);
+    EXPECT_EQ(cell.data().toString(), "23");
+    EXPECT_EQ(cell.data(Qt::BackgroundRole).value<QColor>(), QColor(255, 0, 0));
+    EXPECT_EQ(cell.data(Qt::ForegroundRole).value<QColor>(), QColor(0, 0, 255));
+    // Colour 0 is the view's default, not black.
+    EXPECT_FALSE(model.IndexOf(1, 1).data(Qt::BackgroundRole).isValid());
+    EXPECT_EQ(model.headerData(2, Qt::Horizontal).toString(), "C3");
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal, Qt::BackgroundRole).value<QColor>(),
+              QColor(0, 0, 255));
+    EXPECT_EQ(model.headerData(0, Qt::Vertical).toString(), " 2020001:123");
+
+    ReportSheet empty;
+    model.SetSheet(&empty);
+    EXPECT_EQ(model.rowCount(), 0);
+    EXPECT_EQ(model.columnCount(), 0);
+}
+
+TEST(SheetModel, ChangedCellsReachTheRightSignal) {
+    App();
+    ReportSheet sheet = SmallSheet();
+    SheetModel model;
+    model.SetSheet(&sheet);
+    std::vector<QModelIndex> cells;
+    std::vector<std::pair<Qt::Orientation, int>> headers;
+    QObject::connect(&model, &QAbstractItemModel::dataChanged,
+                     [&](const QModelIndex& from, const QModelIndex&) { cells.push_back(from); });
+    QObject::connect(&model, &QAbstractItemModel::headerDataChanged,
+                     [&](Qt::Orientation o, int first, int) { headers.emplace_back(o, first); });
+    model.CellChanged(3, 2);
+    model.CellChanged(0, 4);
+    model.CellChanged(5, 0);
+    model.CellChanged(99, 1);  // outside: nothing
+    ASSERT_EQ(cells.size(), 1u);
+    EXPECT_EQ(cells[0], model.IndexOf(3, 2));
+    EXPECT_EQ(headers, (std::vector<std::pair<Qt::Orientation, int>>{{Qt::Horizontal, 3},
+                                                                     {Qt::Vertical, 4}}));
+}
+
+TEST(GridView, SizesComeFromTheSheetsTwips) {
+    App();
+    ReportSheet sheet = SmallSheet();
+    sheet.SetColWidth(0, 1290);
+    sheet.SetColWidth(1, 300);
+    sheet.SetColWidth(2, 2);   // a hidden store
+    sheet.SetColWidth(3, 60);  // a thin divider
+    sheet.SetRowHeight(3, 2);
+    sheet.SetRowHeight(4, 480);
+    GridView view;
+    view.SetSheet(&sheet);
+    const double perInch = view.logicalDpiX();
+    auto px = [&](int twips) { return static_cast<int>(std::lround(twips * perInch / 1440.0)); };
+    EXPECT_EQ(view.ColumnPixels(0), px(1290));
+    EXPECT_EQ(view.ColumnPixels(1), px(300));
+    EXPECT_EQ(view.ColumnPixels(2), 0);
+    EXPECT_EQ(view.ColumnPixels(3), px(60));
+    EXPECT_EQ(view.ColumnPixels(4), px(GridView::kDefaultColWidthTwips));
+    EXPECT_EQ(view.RowPixels(0), px(GridView::kDefaultRowHeightTwips));
+    EXPECT_EQ(view.RowPixels(3), 0);
+    EXPECT_EQ(view.RowPixels(4), px(480));
+    EXPECT_EQ(view.RowPixels(5), px(GridView::kDefaultRowHeightTwips));
+}
+
+TEST(GridView, FontIsArialOrItsMetricTwinAtTheSheetsSize) {
+    App();
+    ReportSheet sheet = SmallSheet();
+    GridView view;
+    view.SetSheet(&sheet);
+    EXPECT_DOUBLE_EQ(view.font().pointSizeF(), 7.5);
+    EXPECT_EQ(view.font().families().value(0), "Arial");
+    const QString face = QFontInfo(view.font()).family();
+    EXPECT_TRUE(face == "Arial" || face == "Liberation Sans" || face == "Arimo")
+        << face.toStdString();
+
+    sheet.SetFontDecipoints(90);
+    view.SetSheet(&sheet);
+    EXPECT_DOUBLE_EQ(view.font().pointSizeF(), 9.0);
+}
+
+TEST(GridView, OpensAtTheTopRowAndKeepsTheCurrentCellInTheSheet) {
+    App();
+    ReportSheet sheet = SmallSheet(400, 5);
+    sheet.SetCurrentCell(399, 1);
+    sheet.SetTopRow(399);
+    GridView view;
+    view.resize(300, 200);
+    view.SetSheet(&sheet);
+    view.show();
+    QCoreApplication::processEvents();
+    QScrollBar* bar = view.verticalScrollBar();
+    EXPECT_GT(bar->maximum(), 0);
+    EXPECT_EQ(bar->value(), bar->maximum());
+    EXPECT_GT(view.TopRow(), 380);
+    EXPECT_EQ(view.currentIndex(), view.Model().IndexOf(399, 1));
+
+    // The window growing after it opened (as maximising does) keeps the newest rows in sight.
+    view.resize(300, 400);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar->value(), bar->maximum());
+
+    view.SetCurrentCell(5, 4);
+    EXPECT_EQ(sheet.CurrentRow(), 5);
+    EXPECT_EQ(sheet.CurrentCol(), 4);
+    view.SetCurrentCell(0, 2);  // fixed cells are never current
+    EXPECT_EQ(sheet.CurrentRow(), 5);
+
+    sheet.SetTopRow(10);
+    view.SetSheet(&sheet);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.TopRow(), 10);
+}
+
+TEST(GridView, MouseDownMovesTheCurrentCellFirst) {
+    App();
+    ReportSheet sheet = SmallSheet();
+    GridView view;
+    view.resize(400, 300);
+    view.SetSheet(&sheet);
+    view.show();
+    QCoreApplication::processEvents();
+    int pressedRow = -1, pressedCol = -1, currentAtPress = -1;
+    QObject::connect(&view, &GridView::CellPressed, [&](int row, int col) {
+        pressedRow = row;
+        pressedCol = col;
+        currentAtPress = sheet.CurrentRow() * 100 + sheet.CurrentCol();
+    });
+    QRect cell = view.visualRect(view.Model().IndexOf(3, 2));
+    testing::MousePress(view.viewport(), cell.center());
+    EXPECT_EQ(pressedRow, 3);
+    EXPECT_EQ(pressedCol, 2);
+    EXPECT_EQ(currentAtPress, 302);
+
+    std::vector<std::pair<int, int>> doubles;
+    QObject::connect(&view, &GridView::CellDoubleClicked,
+                     [&](int row, int col) { doubles.emplace_back(row, col); });
+    testing::MouseDoubleClick(view.viewport(),
+                              view.visualRect(view.Model().IndexOf(4, 3)).center());
+    QHeaderView* header = view.horizontalHeader();
+    testing::MouseDoubleClick(header->viewport(),
+                              QPoint(header->sectionViewportPosition(1) + 3, 3));
+    EXPECT_EQ(doubles, (std::vector<std::pair<int, int>>{{4, 3}, {0, 2}}));
+}
+
+TEST(GridView, TheLargestSheetOpensWithoutTouchingEveryCell) {
+    App();
+    // 215 columns by 32769 rows: what a view that made items per cell could not open at once.
+    ReportSheet sheet(32769, 215);
+    for (int r = 1; r < sheet.Rows(); r += 97)
+        sheet.SetNumber(r, r % 215, r);
+    for (int c = 0; c < 215; c += 3)
+        sheet.SetColWidth(c, 300);
+    sheet.SetTopRow(sheet.Rows() - 1);
+    GridView view;
+    view.resize(800, 600);
+    view.SetSheet(&sheet);
+    view.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.Model().rowCount(), 32768);
+    EXPECT_EQ(view.verticalScrollBar()->value(), view.verticalScrollBar()->maximum());
+    EXPECT_GT(view.TopRow(), 32700);
+}
+
+// --- the platform's small helpers --------------------------------------------------------------
+
+class RecordingLauncher final : public Launcher {
+public:
+    void Open(const QUrl& url) override { opened.push_back(url); }
+    std::vector<QUrl> opened;
+};
+
+TEST(Platform, HelpPagesOpenOnlyWhenTheyExist) {
+    App();
+    testing::TempDir dir;
+    ProgramFolder folder{dir.path()};
+    std::filesystem::create_directories(folder.HelpDir());
+    std::ofstream(folder.HelpPage("Sum_or_difference_of_Pairs ")) << "<html></html>";
+    RecordingLauncher launcher;
+    OpenHelpPage(launcher, folder, "Missing_Page");
+    EXPECT_TRUE(launcher.opened.empty());
+    // The name is used exactly, a blank before ".htm" included.
+    OpenHelpPage(launcher, folder, "Sum_or_difference_of_Pairs ");
+    ASSERT_EQ(launcher.opened.size(), 1u);
+    EXPECT_TRUE(launcher.opened[0].isLocalFile());
+    EXPECT_TRUE(launcher.opened[0].toLocalFile().endsWith("help/Sum_or_difference_of_Pairs .htm"));
+}
+
+TEST(Platform, FiltersAreWrittenAsQtExpects) {
+    EXPECT_EQ(QtNameFilter("Lottery file|*.txt"), "Lottery file (*.txt)");
+    EXPECT_EQ(QtNameFilter("data file|*.txt|All|*.*"), "data file (*.txt);;All (*.*)");
+    EXPECT_EQ(QtNameFilter("*.txt"), "*.txt");
+}
+
+}  // namespace
+}  // namespace numarel

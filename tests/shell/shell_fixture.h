@@ -1,0 +1,59 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+
+#include "data/lottery_catalog.h"
+#include "shell/fake_reports.h"
+#include "shell/qt_test_support.h"
+#include "shell/report_window.h"
+#include "shell/session.h"
+#include "support/test_support.h"
+
+namespace numarel::testing {
+
+// A program folder of its own (data\ with one lottery, Numarel\ selecting it, help\ with a few
+// pages), a scripted platform and report windows over the fake reports.
+class ShellTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        App();
+        FakeReports::Reset();
+        FakeReports::exportFile = "Numarel/daochu320.txt";
+        folder.root = dir.path() / "prog";
+        std::filesystem::create_directories(folder.DataDir());
+        std::filesystem::create_directories(folder.HelpDir());
+        WriteFile(folder.DataDir() / "Demo.txt",
+                  "2020001 1 1 3\r\n2020002 4 5 6\r\n2020003 7 7 9\r\n");
+        WriteSelection(folder.SelectionFile(), "Demo.txt");
+        for (const char* page :
+             {"Numarelbook", "New_Lottery", "Sum_012_Type-Width_012_Type", "Edit_Drawings"})
+            WriteFile(folder.HelpPage(page), "<html></html>");
+        session = std::make_unique<Session>(
+            Session{folder, scripted.platform, folder.DataDir() / "Demo.txt", "Lottery:Demo."});
+        reports = std::make_unique<ReportWindows>(*session, &FakeReports::Find);
+    }
+    void TearDown() override {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->inherits("numarel::ReportWindow") || w->inherits("numarel::MainWindow"))
+                w->close();
+        Drain();
+    }
+
+    static void WriteFile(const std::filesystem::path& path, std::string_view bytes) {
+        std::filesystem::create_directories(path.parent_path());
+        std::ofstream out(path, std::ios::binary);
+        out << bytes;
+    }
+
+    TempDir dir;
+    ProgramFolder folder;
+    ScriptedPlatform scripted;
+    std::unique_ptr<Session> session;
+    std::unique_ptr<ReportWindows> reports;
+};
+
+}  // namespace numarel::testing

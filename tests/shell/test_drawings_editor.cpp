@@ -1,0 +1,231 @@
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+
+#include "data/editor/drawings_editor.h"
+#include "shell/shell_fixture.h"
+
+namespace numarel {
+namespace {
+
+class EditorTest : public testing::ShellTest {
+protected:
+    std::unique_ptr<DrawingsEditor> Make(std::string_view bytes) {
+        WriteFile(session->drawingsPath, bytes);
+        auto editor = std::make_unique<DrawingsEditor>(*session);
+        editor->show();
+        QCoreApplication::processEvents();
+        return editor;
+    }
+    static void Click(DrawingsEditor& e, const char* control) {
+        e.findChild<QPushButton*>(QLatin1String(control))->click();
+    }
+    static void Go(DrawingsEditor& e, int row, int col) {
+        e.Table()->setCurrentIndex(e.Model().index(row, col));
+    }
+    static void Type(DrawingsEditor& e, const QString& text) {
+        for (QChar c : text) {
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+            QApplication::sendEvent(
+                e.CellBox()->hasFocus() ? static_cast<QWidget*>(e.CellBox()) : e.Table(), &press);
+        }
+    }
+    static std::vector<QString> Column(DrawingsEditor& e, int col) {
+        std::vector<QString> cells;
+        for (int row = 0; row < e.Model().rowCount(); ++row)
+            cells.push_back(e.Model().index(row, col).data().toString());
+        return cells;
+    }
+    std::string File() { return testing::ReadAll(session->drawingsPath); }
+};
+
+TEST_F(EditorTest, LoadShowsEveryRecordAndOpensAtTheEmptyLastRow) {
+    auto e = Make("2020001 1 2 3\r\n0 0 0 0\r\n2020003 7 8 9\r\n");
+    EXPECT_EQ(e->windowTitle(), "Drawings");
+    EXPECT_EQ(Column(*e, 0), (std::vector<QString>{"2020001", "0", "2020003", ""}));
+    const char* headers[] = {"---- Date ----", "--H--", "--T--", "--U--"};
+    for (int col = 0; col < 4; ++col)
+        EXPECT_EQ(e->Model().headerData(col, Qt::Horizontal).toString(), headers[col]);
+    EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(3, 0));
+    EXPECT_EQ(e->findChild<QLabel*>("Label6")->text(), "Lottery:Demo.");
+    EXPECT_TRUE(e->CellBox()->isVisible());
+    EXPECT_EQ(e->CellBox()->palette().color(QPalette::Base), QColor(255, 224, 192));
+
+    auto empty = Make("");
+    EXPECT_EQ(empty->Model().rowCount(), 1);
+    EXPECT_TRUE(scripted.shown.empty());
+}
+
+TEST_F(EditorTest, AMissingFileSaysSoAndShowsAnEmptyTable) {
+    std::filesystem::remove(session->drawingsPath);
+    DrawingsEditor e(*session);
+    e.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(e.Model().rowCount(), 1);
+    ASSERT_EQ(scripted.shown.size(), 1u);
+    EXPECT_EQ(scripted.shown[0].title, "Error:");
+}
+
+TEST_F(EditorTest, TheBoxTakesTextIntoTheCellThatIsLeft) {
+    auto e = Make("2020001 1 2 3\r\n");
+    Go(*e, 0, 1);
+    EXPECT_TRUE(e->CellBox()->isVisible());
+    EXPECT_EQ(e->CellBox()->text(), "");  // the old text is not shown
+    EXPECT_EQ(e->CellBox()->geometry().topLeft(),
+              e->Table()->visualRect(e->Model().index(0, 1)).topLeft());
+    Type(*e, "7");
+    EXPECT_EQ(e->CellBox()->text(), "7");
+    EXPECT_EQ(Column(*e, 1)[0], "1");  // not yet: the cell is still current
+    Go(*e, 0, 2);
+    EXPECT_EQ(Column(*e, 1)[0], "7");
+    Go(*e, 0, 3);  // left without typing: keeps its value
+    EXPECT_EQ(Column(*e, 2)[0], "2");
+}
+
+TEST_F(EditorTest, EnterMovesOnSoThatADrawingIsTypedInOneGo) {
+    auto e = Make("2020001 1 2 3\r\n");
+    Go(*e, 1, 0);
+    for (const char* field : {"2020002", "4", "5", "6"}) {
+        Type(*e, field);
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(e->CellBox(), &enter);
+    }
+    EXPECT_TRUE(e->isVisible());  // Enter never reaches a button or closes the editor
+    EXPECT_EQ(Column(*e, 0)[1], "2020002");
+    EXPECT_EQ(Column(*e, 3)[1], "6");
+    Click(*e, "Command13");
+    EXPECT_EQ(File(), "2020001 1 2 3\r\n2020002 4 5 6\r\n");
+}
+
+TEST_F(EditorTest, SaveWritesEveryRowAndTheUntypedBoxIsNotSaved) {
+    auto e = Make("2020001 1 2 3\r\n");
+    Go(*e, 0, 3);
+    Type(*e, "12");
+    Go(*e, 0, 2);
+    Type(*e, "9");  // typed, but the cell is never left
+    std::vector<QString> titles;
+    scripted.onShown = [&](const auto&) { titles.push_back(e->windowTitle()); };
+    Click(*e, "Command13");
+    EXPECT_EQ(File(), "2020001 1 2 0\r\n0 0 0 0\r\n");
+    EXPECT_EQ(scripted.Texts(), (std::vector<std::string>{"OK!"}));
+    EXPECT_EQ(scripted.shown[0].title, "Friendship Tip:");
+    EXPECT_EQ(titles, (std::vector<QString>{"OK!"}));
+    EXPECT_EQ(e->windowTitle(), "Drawings");
+}
+
+TEST_F(EditorTest, AnEmptyRowInTheMiddleBecomesAnEndMarker) {
+    auto e = Make("2020001 1 2 3\r\n2020002 4 5 6\r\n");
+    Go(*e, 1, 0);
+    Click(*e, "Command11");  // add before current row: the new row becomes current
+    EXPECT_EQ(e->Table()->currentIndex().row(), 1);
+    EXPECT_EQ(Column(*e, 0), (std::vector<QString>{"2020001", "", "2020002", ""}));
+    Go(*e, 3, 0);
+    Click(*e, "Command12");  // delete the empty last row
+    Click(*e, "Command13");
+    EXPECT_EQ(File(), "2020001 1 2 3\r\n0 0 0 0\r\n2020002 4 5 6\r\n");
+    std::vector<DrawRecord> seen;
+    ASSERT_TRUE(ReadHistory(session->drawingsPath, seen).ok());
+    EXPECT_EQ(seen.size(), 1u);
+}
+
+TEST_F(EditorTest, RowButtonsAddAndDeleteButNeverTheLastRow) {
+    auto e = Make("");
+    Click(*e, "Command3");  // add at the end
+    Click(*e, "Command3");
+    EXPECT_EQ(e->Model().rowCount(), 3);
+    for (int i = 0; i < 5; ++i)
+        Click(*e, "Command12");
+    EXPECT_EQ(e->Model().rowCount(), 1);
+    EXPECT_TRUE(scripted.shown.empty());
+}
+
+TEST_F(EditorTest, ExportCopiesTheFileOnDisk) {
+    auto e = Make("2020001 1 2 3\r\n");
+    Go(*e, 0, 0);
+    Type(*e, "999");
+    Go(*e, 0, 1);  // edited, not saved: not in the copy
+    const auto target = dir.path() / "copy.txt";
+    WriteFile(target, "replaced\r\n");
+    scripted.chosen = {QString(), QString::fromStdString(target.string())};
+    Click(*e, "Command16");  // cancelled: nothing
+    Click(*e, "Command16");
+    ASSERT_EQ(scripted.dialogs.size(), 2u);
+    EXPECT_TRUE(scripted.saveDialogs[0]);
+    EXPECT_EQ(scripted.dialogs[0].title, "Please specify a folder.");
+    EXPECT_EQ(scripted.dialogs[0].filter, "data file|*.txt");
+    EXPECT_EQ(scripted.dialogs[0].presetName, "Demo");
+    EXPECT_EQ(testing::ReadAll(target), "2020001 1 2 3\r\n");
+    ASSERT_EQ(scripted.shown.size(), 1u);
+    EXPECT_EQ(scripted.shown[0].text.toStdString(),
+              "The program has been exported.The store path:" + target.string() + ".");
+}
+
+TEST_F(EditorTest, ImportAsksThenCopiesOverTheFileAndReloads) {
+    auto e = Make("2020001 1 2 3\r\n");
+    const auto source = dir.path() / "in.txt";
+    WriteFile(source, "2021001 4 4 4\r\n2021002 5 5 5\r\n");
+
+    scripted.answers = {false, true, true};
+    scripted.chosen = {QString(), QString::fromStdString(source.string())};
+    Click(*e, "Command17");  // No
+    Click(*e, "Command17");  // Yes, dialog cancelled
+    EXPECT_EQ(File(), "2020001 1 2 3\r\n");
+    Click(*e, "Command17");
+    EXPECT_EQ(File(), "2021001 4 4 4\r\n2021002 5 5 5\r\n");
+    EXPECT_EQ(Column(*e, 0), (std::vector<QString>{"2021001", "2021002", ""}));
+    EXPECT_EQ(e->Model().headerData(0, Qt::Horizontal).toString(), "-- Date --");
+    EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(2, 0));
+    EXPECT_EQ(scripted.Texts(),
+              (std::vector<std::string>{
+                  "The program overwrites the contents of the table with the imported data.\nAre "
+                  "you sure you want to import?",
+                  "The program overwrites the contents of the table with the imported data.\nAre "
+                  "you sure you want to import?",
+                  "The program overwrites the contents of the table with the imported data.\nAre "
+                  "you sure you want to import?",
+                  "The program has been imported."}));
+    EXPECT_EQ(scripted.shown[0].icon, MessageIcon::Warning);
+    EXPECT_EQ(scripted.dialogs[0].title, "Please locate the valid data file.");
+}
+
+TEST_F(EditorTest, DownloadOpensTheDataPageOnlyAfterYes) {
+    auto e = Make("");
+    scripted.answers = {false, true};
+    Click(*e, "Command14");
+    EXPECT_TRUE(scripted.opened.empty());
+    Click(*e, "Command14");
+    ASSERT_EQ(scripted.opened.size(), 1u);
+    EXPECT_EQ(scripted.opened[0].path(), "/dtdl.htm");
+    EXPECT_EQ(scripted.shown[0].text,
+              "Before starting the download, make sure you have connected to the Internet. \nAre "
+              "you sure you want to download?");
+}
+
+TEST_F(EditorTest, HelpButtonsOpenTheirPages) {
+    auto e = Make("");
+    Click(*e, "Command18");
+    Click(*e, "Command15");  // its page is not in help\: nothing
+    ASSERT_EQ(scripted.opened.size(), 1u);
+    EXPECT_TRUE(scripted.opened[0].toLocalFile().endsWith("help/Edit_Drawings.htm"));
+}
+
+TEST_F(EditorTest, ExitAsksAndStaysOpenOnNo) {
+    auto e = Make("");
+    scripted.answers = {false, true};
+    Click(*e, "Command10");
+    EXPECT_TRUE(e->isVisible());
+    ASSERT_EQ(scripted.shown.size(), 1u);
+    EXPECT_EQ(scripted.shown[0].title, "Query:");
+    EXPECT_EQ(scripted.shown[0].text,
+              "If you have edited the data,make sure you have saved,Are you sure you want to "
+              "quit?");
+    Click(*e, "Command10");
+    EXPECT_FALSE(e->isVisible());
+    EXPECT_EQ(e->result(), QDialog::Accepted);
+}
+
+}  // namespace
+}  // namespace numarel

@@ -1,0 +1,271 @@
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QTextBrowser>
+
+#include "platform/twips.h"
+#include "shell/main_window.h"
+#include "shell/shell_fixture.h"
+#include "shell/welcome_window.h"
+
+namespace numarel {
+namespace {
+
+using testing::FakeReports;
+
+class MainWindowTest : public testing::ShellTest {
+protected:
+    MainWindow* Make() {
+        auto* w = new MainWindow(*session, *reports);
+        w->show();
+        QCoreApplication::processEvents();
+        return w;
+    }
+    static QAction* Action(MainWindow* w, std::string_view menu, const char* control) {
+        return w->Menu(menu)->findChild<QAction*>(QLatin1String(control));
+    }
+    static QPushButton* Button(QWidget* w, const char* control) {
+        return w->findChild<QPushButton*>(QLatin1String(control));
+    }
+    std::string Label(MainWindow* w) { return w->LotteryLabel()->text().toStdString(); }
+};
+
+TEST_F(MainWindowTest, MenusFollowTheCommandTable) {
+    MainWindow* w = Make();
+    int buttons = 0;
+    for (const GroupButton& group : GroupButtons()) {
+        QPushButton* button = w->findChild<QPushButton*>(ToQString(group.control));
+        ASSERT_NE(button, nullptr) << group.control;
+        // "&" is shown as it stands, not taken as a shortcut mark.
+        EXPECT_EQ(button->text().replace("&&", "&"), ToQString(group.caption));
+        EXPECT_EQ(button->geometry(), TwipsRect(w, 240, 960 + 360 * buttons, 2055, 255))
+            << group.control;
+        ++buttons;
+
+        QMenu* menu = w->Menu(group.menu);
+        ASSERT_NE(menu, nullptr) << group.menu;
+        std::span<const CommandEntry> entries = MenuEntries(group.menu);
+        QList<QAction*> actions = menu->actions();
+        ASSERT_EQ(actions.size(), static_cast<qsizetype>(entries.size())) << group.menu;
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            const CommandEntry& entry = entries[i];
+            QAction* action = actions[static_cast<qsizetype>(i)];
+            EXPECT_EQ(action->isSeparator(), entry.IsSeparator()) << entry.control;
+            if (entry.IsSeparator()) continue;
+            EXPECT_EQ(action->text().replace("&&", "&"), ToQString(entry.caption));
+            EXPECT_EQ(action->objectName(), ToQString(entry.control));
+            EXPECT_EQ(action->isEnabled(), FakeReports::Find(entry.report) != nullptr)
+                << entry.control;
+        }
+    }
+    EXPECT_EQ(buttons, 8);
+    // Buttons stand top to bottom in the table's order, 360 twips apart.
+    EXPECT_LT(Button(w, "Command3")->y(), Button(w, "Command4")->y());
+    EXPECT_LT(Button(w, "Command2")->y(), Button(w, "Command9")->y());
+
+    QList<QAction*> lottery = w->Menu("caixinjian")->actions();
+    ASSERT_EQ(lottery.size(), 2);
+    EXPECT_EQ(lottery[0]->text(), "New Lottery");
+    EXPECT_EQ(lottery[1]->text(), "New Lottery Help");
+    EXPECT_EQ(w->windowTitle(), "Numarel");
+    EXPECT_EQ(Label(w), "Lottery:Demo.");
+    EXPECT_EQ(w->findChild<QLabel*>("Label1")->text(), "v15.1");
+    EXPECT_EQ(Button(w, "Command16")->toolTip(),
+              "Click here,You may get the newest information about this software.");
+}
+
+TEST_F(MainWindowTest, StartUpReadsTheSelectionAndShowsTheStartPage) {
+    WriteFile(folder.HelpDir() / "Numarel.htm", "<html><body>Start page</body></html>");
+    WriteSelection(folder.SelectionFile(), "Demo.txt");
+    session->drawingsPath.clear();
+    MainWindow* w = Make();
+    EXPECT_EQ(session->drawingsPath, folder.DataDir() / "Demo.txt");
+    EXPECT_EQ(session->lotteryLabel, "Lottery:Demo.");
+    EXPECT_TRUE(w->WebView()->source().toLocalFile().endsWith("help/Numarel.htm"));
+    EXPECT_NE(w->WebView()->toPlainText().indexOf("Start page"), -1);
+    testing::Drain();
+    EXPECT_TRUE(scripted.shown.empty());
+}
+
+TEST_F(MainWindowTest, AMissingSelectionIsReplacedAndSaidOnce) {
+    WriteSelection(folder.SelectionFile(), "Gone.txt");
+    MainWindow* w = Make();
+    testing::Drain();
+    EXPECT_EQ(Label(w), "Lottery:Demo.");
+    ASSERT_EQ(scripted.shown.size(), 1u);
+    EXPECT_EQ(scripted.shown[0].title, "Friendship Tip:");
+    EXPECT_NE(scripted.shown[0].text.indexOf("Gone.txt"), -1);
+    w->hide();
+    w->show();
+    testing::Drain();
+    EXPECT_EQ(scripted.shown.size(), 1u);
+}
+
+TEST_F(MainWindowTest, WaitEntriesShowTheHourglassAndCaptionWhileTheReportLoads) {
+    MainWindow* w = Make();
+    FakeReports::watched = w;
+    Action(w, "caihezhikuadu", "caihekua_ll")->trigger();  // Wait: yes
+    EXPECT_EQ(FakeReports::captionDuringBuild, "Loading......Please wait......");
+    EXPECT_TRUE(FakeReports::hourglassDuringBuild);
+    EXPECT_EQ(w->windowTitle(), "Numarel");
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    ASSERT_NE(reports->Find("frmhekualu"), nullptr);
+    EXPECT_EQ(reports->Find("frmhekualu")->windowTitle(), "Fake report");
+
+    Action(w, "ruanjianji", "caizu3tongji")->trigger();  // Wait: yes
+    EXPECT_EQ(FakeReports::captionDuringBuild, "Loading......Please wait......");
+    Action(w, "ruanjianji", "caizusanleixing2")->trigger();  // Wait: no
+    EXPECT_EQ(FakeReports::captionDuringBuild, "Numarel");
+    EXPECT_EQ(FakeReports::builds, 3);
+}
+
+TEST_F(MainWindowTest, ChoosingAnOpenReportBringsItForward) {
+    MainWindow* w = Make();
+    QAction* open = Action(w, "caihezhikuadu", "caihekua_ll");
+    open->trigger();
+    ReportWindow* report = reports->Find("frmhekualu");
+    ASSERT_NE(report, nullptr);
+    report->showMinimized();
+    FakeReports::watched = w;
+    open->trigger();
+    EXPECT_EQ(reports->Find("frmhekualu"), report);
+    EXPECT_EQ(FakeReports::builds, 1);
+    EXPECT_FALSE(report->isMinimized());
+}
+
+TEST_F(MainWindowTest, ReportsStayOpenWhenTheMainWindowCloses) {
+    MainWindow* w = Make();
+    Action(w, "caihezhikuadu", "caihekua_ll")->trigger();
+    QPointer<ReportWindow> report = reports->Find("frmhekualu");
+    Button(w, "Command15")->click();
+    testing::Drain();
+    ASSERT_FALSE(report.isNull());
+    EXPECT_TRUE(report->isVisible());
+}
+
+TEST_F(MainWindowTest, AfterSelectLotteryOpenReportsKeepTheOldData) {
+    WriteFile(folder.DataDir() / "Other.txt", "2021001 9 9 9\r\n");
+    MainWindow* w = Make();
+    Action(w, "caihezhikuadu", "caihekua_ll")->trigger();
+    scripted.answers = {true};
+    scripted.chosen = {QString::fromStdString((folder.DataDir() / "Other.txt").string())};
+    w->SelectLottery();
+    EXPECT_EQ(reports->Find("frmhekualu")->Sheet().DrawCount(), 3);
+    Action(w, "ruanjianji", "caizusanleixing2")->trigger();
+    EXPECT_EQ(reports->Find("frmzu3leixing2")->Sheet().DrawCount(), 1);
+}
+
+TEST_F(MainWindowTest, NewLotteryGoesThroughEveryMessage) {
+    MainWindow* w = Make();
+    scripted.prompts = {"", "  Evening  ", "Evening"};
+    QAction* create = Action(w, "caixinjian", "caixinjiancaipiao");
+    create->trigger();
+    create->trigger();
+    create->trigger();
+    EXPECT_EQ(
+        scripted.Texts(),
+        (std::vector<std::string>{
+            "Please enter a valid file name.", "You have not entered a name.",
+            "Please enter a valid file name.",
+            "Lottery have been created and selected.Next, you can click Drawings button to "
+            "edit it.",
+            "Please enter a valid file name.", "This lottery already exists.Please rename."}));
+    EXPECT_EQ(scripted.shown[0].title, "New Lottery:");
+    EXPECT_EQ(scripted.shown[1].title, "Friendship Tip:");
+    EXPECT_EQ(scripted.shown[1].icon, MessageIcon::Information);
+    EXPECT_EQ(Label(w), "Lottery:Evening.");
+    EXPECT_EQ(session->drawingsPath, folder.DataDir() / "Evening.txt");
+    EXPECT_EQ(testing::ReadAll(folder.SelectionFile()), "\"Evening.txt\"\r\n");
+}
+
+TEST_F(MainWindowTest, SelectLotteryGoesThroughEveryBranch) {
+    WriteFile(folder.DataDir() / "Night.txt", "");
+    WriteFile(dir.path() / "elsewhere" / "Night.txt", "");
+    MainWindow* w = Make();
+    const QString question = "Are you sure you want to select lottery?";
+
+    scripted.answers = {false};  // No: nothing more
+    Button(w, "Command13")->click();
+    ASSERT_EQ(scripted.shown.size(), 1u);
+    EXPECT_TRUE(scripted.shown[0].question);
+    EXPECT_EQ(scripted.shown[0].title, "Friendship Tip:");
+    EXPECT_EQ(scripted.shown[0].text, question);
+    EXPECT_EQ(scripted.shown[0].icon, MessageIcon::Warning);
+    EXPECT_TRUE(scripted.dialogs.empty());
+
+    scripted.answers = {true};  // Yes, then the dialog is cancelled: silence
+    scripted.chosen = {QString()};
+    Button(w, "Command13")->click();
+    EXPECT_EQ(scripted.shown.size(), 2u);
+    ASSERT_EQ(scripted.dialogs.size(), 1u);
+    EXPECT_EQ(scripted.dialogs[0].title, "Select Lottery");
+    EXPECT_EQ(scripted.dialogs[0].filter, "Lottery file|*.txt");
+    EXPECT_EQ(scripted.dialogs[0].folder, QString::fromStdString(folder.DataDir().string()));
+    EXPECT_TRUE(scripted.dialogs[0].presetName.isEmpty());
+    EXPECT_FALSE(scripted.saveDialogs[0]);
+
+    scripted.answers = {true};  // a file from another folder
+    scripted.chosen = {QString::fromStdString((dir.path() / "elsewhere" / "Night.txt").string())};
+    Button(w, "Command13")->click();
+    ASSERT_EQ(scripted.shown.size(), 4u);
+    EXPECT_EQ(scripted.shown[3].title, "Error:");
+    EXPECT_EQ(
+        scripted.shown[3].text.toStdString(),
+        "You must select lottery of the " + folder.DataDir().string() + "/\nPlease select again!");
+    EXPECT_EQ(Label(w), "Lottery:Demo.");
+
+    scripted.answers = {true};
+    scripted.chosen = {QString::fromStdString((folder.DataDir() / "Night.txt").string())};
+    Button(w, "Command13")->click();
+    ASSERT_EQ(scripted.shown.size(), 6u);
+    EXPECT_EQ(scripted.shown[5].title, "OK:");
+    EXPECT_EQ(scripted.shown[5].text, "You have selected Night.txt");
+    EXPECT_EQ(Label(w), "Lottery:Night.");
+    EXPECT_EQ(session->drawingsPath, folder.DataDir() / "Night.txt");
+    EXPECT_EQ(testing::ReadAll(folder.SelectionFile()), "\"Night.txt\"\r\n");
+}
+
+TEST_F(MainWindowTest, HelpNewsAndLotteryHelpOpenTheirPages) {
+    MainWindow* w = Make();
+    Button(w, "Command11")->click();
+    Action(w, "caixinjian", "caixinjiancaipiaobzh")->trigger();
+    Button(w, "Command16")->click();
+    ASSERT_EQ(scripted.opened.size(), 3u);
+    EXPECT_TRUE(scripted.opened[0].toLocalFile().endsWith("help/Numarelbook.htm"));
+    EXPECT_TRUE(scripted.opened[1].toLocalFile().endsWith("help/New_Lottery.htm"));
+    EXPECT_EQ(scripted.opened[2].path(), "/new.htm");
+    EXPECT_FALSE(scripted.opened[2].isLocalFile());
+    EXPECT_TRUE(scripted.shown.empty());
+}
+
+TEST_F(MainWindowTest, ExitClosesAtOnceWithoutAQuestion) {
+    for (const char* exit : {"Command15", "Command1"}) {
+        QPointer<MainWindow> w = Make();
+        Button(w, exit)->click();
+        testing::Drain();
+        EXPECT_TRUE(w.isNull()) << exit;
+    }
+    EXPECT_TRUE(scripted.shown.empty());
+}
+
+TEST_F(MainWindowTest, StartOpensTheMainWindowAndClosesTheWelcome) {
+    QPointer<MainWindow> main;
+    QPointer<WelcomeWindow> welcome = new WelcomeWindow(*session, [&] {
+        main = new MainWindow(*session, *reports);
+        main->show();
+    });
+    welcome->show();
+    EXPECT_EQ(welcome->windowTitle(), "Welcome to use this software.");
+    Button(welcome, "Command1")->click();  // Home Page: the welcome window stays
+    ASSERT_EQ(scripted.opened.size(), 1u);
+    EXPECT_FALSE(scripted.opened[0].isLocalFile());
+    EXPECT_TRUE(welcome->isVisible());
+    Button(welcome, "Command2")->click();
+    testing::Drain();
+    EXPECT_TRUE(welcome.isNull());
+    ASSERT_FALSE(main.isNull());
+    EXPECT_TRUE(main->isVisible());
+}
+
+}  // namespace
+}  // namespace numarel

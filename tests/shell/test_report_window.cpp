@@ -1,0 +1,230 @@
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+
+#include "platform/grid_view.h"
+#include "platform/twips.h"
+#include "shell/shell_fixture.h"
+
+namespace numarel {
+namespace {
+
+using testing::FakeReports;
+
+class ReportWindowTest : public testing::ShellTest {
+protected:
+    ReportWindow* Open(std::string_view object) {
+        ReportWindow* window = reports->Open(object, nullptr);
+        if (window) QCoreApplication::processEvents();
+        return window;
+    }
+    QPoint CellCentre(ReportWindow* w, int row, int col) {
+        return w->Grid()->visualRect(w->Grid()->Model().IndexOf(row, col)).center();
+    }
+};
+
+TEST_F(ReportWindowTest, OpensMaximisedWithTheTitleAndTheNewestRowsInSight) {
+    ReportWindow* w = Open("frmbjiouhe");  // the real report
+    ASSERT_NE(w, nullptr);
+    EXPECT_TRUE(w->isVisible());
+    EXPECT_TRUE(w->isMaximized());
+    EXPECT_EQ(w->windowTitle().toStdString(), w->Sheet().Title());
+    EXPECT_NE(w->windowTitle(), "Loading......");
+    EXPECT_EQ(w->Sheet().DrawCount(), 3);
+    EXPECT_EQ(w->Grid()->Sheet(), &w->Sheet());
+    QScrollBar* bar = w->Grid()->verticalScrollBar();
+    EXPECT_EQ(bar->value(), bar->maximum());
+    EXPECT_EQ(w->HelpButton() != nullptr, true);  // the command table names a page
+    EXPECT_EQ(w->ExtraButton(), nullptr);
+    EXPECT_TRUE(w->Labels().empty());
+}
+
+TEST_F(ReportWindowTest, AnOpenReportIsBroughtForwardAndNotComputedAgain) {
+    ReportWindow* first = Open("frmhekualu");
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(FakeReports::builds, 1);
+    EXPECT_EQ(Open("frmhekualu"), first);
+    EXPECT_EQ(FakeReports::builds, 1);
+
+    // After Exit the next opening reads the file again and sees new drawings.
+    WriteFile(session->drawingsPath, "2020001 1 2 3\r\n");
+    QPointer<ReportWindow> closing = first;
+    first->ExitButton()->click();
+    EXPECT_EQ(reports->Find("frmhekualu"), nullptr);
+    testing::Drain();
+    EXPECT_TRUE(closing.isNull());
+    ReportWindow* second = Open("frmhekualu");
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(FakeReports::builds, 2);
+    EXPECT_EQ(second->Sheet().DrawCount(), 1);
+}
+
+TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
+    struct Case {
+        const char* object;
+        std::string bytes;  // empty: no file at all
+        const char* says;
+    };
+    std::string tooMany;
+    for (int i = 1; i <= 32768; ++i)
+        tooMany += std::to_string(2000000 + i) + " 1 2 3\r\n";
+    const Case cases[] = {
+        {"frmhekualu", "", "does not exist"},
+        {"frmhekualu", tooMany, "32767"},
+        {"frm3dliangma", "2020001 1 2 3\r\n", "not available yet"},  // in the menus, not built
+    };
+    for (const Case& c : cases) {
+        std::filesystem::remove(session->drawingsPath);
+        if (!c.bytes.empty()) WriteFile(session->drawingsPath, c.bytes);
+        scripted.shown.clear();
+        EXPECT_EQ(reports->Open(c.object, nullptr), nullptr) << c.says;
+        EXPECT_EQ(reports->Find(c.object), nullptr);
+        ASSERT_EQ(scripted.shown.size(), 1u) << c.says;
+        EXPECT_EQ(scripted.shown[0].title, "Error:");
+        EXPECT_NE(scripted.shown[0].text.indexOf(c.says), -1)
+            << scripted.shown[0].text.toStdString();
+    }
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ReportWindowTest, MouseDownTogglesTheMarkAndLosesTheReportColour) {
+    ReportWindow* w = Open("frmhekualu");
+    ASSERT_NE(w, nullptr);
+    const Rgb mark = MakeRgb(43, 145, 255);
+    // Row 1 (1 1 3) has a report colour in column 5; row 2 has none.
+    ASSERT_EQ(w->Sheet().BackColor(1, 5), colours::kHit);
+    for (auto [row, col] : {std::pair{1, 5}, std::pair{2, 2}}) {
+        testing::MousePress(w->Grid()->viewport(), CellCentre(w, row, col));
+        EXPECT_EQ(w->Sheet().BackColor(row, col), mark);
+        EXPECT_EQ(w->Grid()->Model().IndexOf(row, col).data(Qt::BackgroundRole).value<QColor>(),
+                  QColor(43, 145, 255));
+        testing::MousePress(w->Grid()->viewport(), CellCentre(w, row, col),
+                            Qt::RightButton);  // any button
+        EXPECT_EQ(w->Sheet().BackColor(row, col), kDefaultColour);
+    }
+}
+
+TEST_F(ReportWindowTest, ReportsWithoutMarksIgnoreMouseDown) {
+    ReportWindow* w = Open("frmzusan90");
+    ASSERT_NE(w, nullptr);
+    testing::MousePress(w->Grid()->viewport(), CellCentre(w, 2, 2));
+    EXPECT_EQ(w->Sheet().BackColor(2, 2), kDefaultColour);
+    EXPECT_EQ(w->Sheet().CurrentRow(), 2);
+}
+
+TEST_F(ReportWindowTest, DoubleClickPutsTheColumnsTextOnTheClipboard) {
+    ReportWindow* w = Open("frmzu3leixing2");
+    ASSERT_NE(w, nullptr);
+    testing::MouseDoubleClick(w->Grid()->viewport(), CellCentre(w, 2, 4));
+    ASSERT_EQ(scripted.clipboard.size(), 1u);
+    EXPECT_EQ(scripted.clipboard[0], "5\r\n15\r\n23\r\n");
+
+    ReportWindow* plain = Open("frmhekualu");
+    testing::MouseDoubleClick(plain->Grid()->viewport(), CellCentre(plain, 2, 4));
+    EXPECT_EQ(scripted.clipboard.size(), 1u);
+}
+
+TEST_F(ReportWindowTest, HelpOpensThePageOfTheCommandTableOrNothing) {
+    ReportWindow* withPage = Open("frmhekualu");
+    ASSERT_NE(withPage->HelpButton(), nullptr);
+    withPage->HelpButton()->click();
+    ASSERT_EQ(scripted.opened.size(), 1u);
+    EXPECT_TRUE(scripted.opened[0].toLocalFile().endsWith("help/Sum_012_Type-Width_012_Type.htm"));
+
+    // A page named in the table but missing from help\ opens nothing.
+    ReportWindow* missing = Open("frmbaishi32zu");
+    ASSERT_NE(missing->HelpButton(), nullptr);
+    missing->HelpButton()->click();
+    EXPECT_EQ(scripted.opened.size(), 1u);
+
+    ReportWindow* inert = Open("frmzusan90");
+    ASSERT_NE(inert->HelpButton(), nullptr);
+    EXPECT_EQ(inert->HelpButton()->text(), "Help");
+    inert->HelpButton()->click();
+    EXPECT_EQ(scripted.opened.size(), 1u);
+
+    EXPECT_EQ(Open("frmzu3leixing2")->HelpButton(), nullptr);
+    EXPECT_TRUE(scripted.shown.empty());
+}
+
+TEST_F(ReportWindowTest, TheTextBoxButtonShowsFreshTextAndTogglesItsCaption) {
+    ReportWindow* w = Open("frmzu3leixing2");
+    QPushButton* button = w->ExtraButton();
+    ASSERT_NE(button, nullptr);
+    ASSERT_NE(w->TextBox(), nullptr);
+    EXPECT_EQ(button->text(), "Next Box numbers");
+    EXPECT_FALSE(w->TextBox()->isVisible());
+
+    button->click();
+    EXPECT_TRUE(w->TextBox()->isVisible());
+    EXPECT_TRUE(w->TextBox()->isReadOnly());
+    EXPECT_EQ(w->TextBox()->toPlainText(), "Box text 1 of 3");
+    EXPECT_EQ(button->text(), "Hide");
+    EXPECT_EQ(w->TextBox()->geometry(), TwipsRect(w, 0, 0, 8055, 5175));
+
+    button->click();
+    EXPECT_FALSE(w->TextBox()->isVisible());
+    EXPECT_EQ(button->text(), "Next Box numbers");
+    button->click();
+    EXPECT_EQ(w->TextBox()->toPlainText(), "Box text 2 of 3");
+}
+
+TEST_F(ReportWindowTest, TheExportButtonWritesBesideTheProgramAndOpensTheFile) {
+    ReportWindow* w = Open("frmbaishi32zu");
+    ASSERT_NE(w->ExtraButton(), nullptr);
+    EXPECT_EQ(w->ExtraButton()->text(), "Export");
+    w->ExtraButton()->click();
+    const auto file = folder.root / "Numarel" / "daochu320.txt";
+    EXPECT_EQ(testing::ReadAll(file), "Box text 1 of 3");
+    ASSERT_EQ(scripted.opened.size(), 1u);
+    EXPECT_EQ(scripted.opened[0], QUrl::fromLocalFile(QString::fromStdString(file.string())));
+    EXPECT_TRUE(scripted.shown.empty());
+}
+
+TEST_F(ReportWindowTest, AnExportThatCannotBeWrittenSaysSo) {
+    FakeReports::exportFile = "Numarel/blocked";
+    std::filesystem::create_directories(folder.root / "Numarel" /
+                                        "blocked");  // a folder in the way
+    ReportWindow* w = Open("frmbaishi32zu");
+    w->ExtraButton()->click();
+    EXPECT_TRUE(scripted.opened.empty());
+    ASSERT_EQ(scripted.shown.size(), 1u);
+    EXPECT_EQ(scripted.shown[0].title, "Error:");
+}
+
+TEST_F(ReportWindowTest, LayoutPutsButtonsUnderTheSheetAndLabelsAtTheLeft) {
+    ReportWindow* w = Open("frmzu3leixing2");
+    w->showNormal();
+    w->resize(TwipsToPixelsX(w, 11625), TwipsToPixelsY(w, 6720));
+    QCoreApplication::processEvents();
+    const QRect sheet = w->Grid()->geometry();
+    EXPECT_EQ(sheet.topLeft(), QPoint(0, 0));
+    EXPECT_EQ(sheet.width(), TwipsToPixelsX(w, 11625 - 90));
+    EXPECT_EQ(sheet.height(), TwipsToPixelsY(w, 6720 - 735));
+    const QRect exit = w->ExitButton()->geometry();
+    const QRect extra = w->ExtraButton()->geometry();
+    EXPECT_NEAR(exit.right() + 1, sheet.right() + 1, 1);
+    EXPECT_NEAR(exit.top(), sheet.bottom() + 1 + TwipsToPixelsY(w, 225), 1);
+    EXPECT_NEAR(extra.right() + 1, exit.left() - TwipsToPixelsX(w, 100), 1);
+
+    ASSERT_EQ(w->Labels().size(), 2u);
+    QLabel* first = w->Labels()[0];
+    QLabel* second = w->Labels()[1];
+    EXPECT_EQ(first->text(), "First label");
+    EXPECT_EQ(first->palette().color(QPalette::WindowText), QColor(255, 0, 0));
+    EXPECT_FALSE(first->autoFillBackground());
+    EXPECT_EQ(second->palette().color(QPalette::Window), QColor(255, 255, 0));
+    EXPECT_TRUE(second->autoFillBackground());
+    EXPECT_NEAR(first->x(), TwipsToPixelsX(w, 20), 1);
+    EXPECT_NEAR(first->y(), sheet.bottom() + 1 + TwipsToPixelsY(w, 120), 1);
+    EXPECT_NEAR(second->y(), first->geometry().bottom() + 1 + TwipsToPixelsY(w, 40), 1);
+
+    // Too small for the margins: the layout stays as it was.
+    w->resize(20, 20);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(w->Grid()->geometry(), sheet);
+}
+
+}  // namespace
+}  // namespace numarel
