@@ -114,17 +114,25 @@ int main(int argc, char** argv) {
                      main->frameGeometry().united(boxMenu->geometry()), main->windowTitle());
     boxMenu->hide();
 
-    // Without a window manager nothing maximises a window: give the report the screen.
-    if (numarel::ReportWindow* report = reports.Open("frmbjiouhe", main)) {
+    // Without a window manager nothing maximises a window: give each report the screen.
+    auto photographReport = [&](const char* object, const QString& file, bool pressExtra) {
+        numarel::ReportWindow* report = reports.Open(object, main);
+        if (!report) return false;
         report->setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
         report->showNormal();
         Settle(1200);
-        ok &= Photograph(folder, QStringLiteral("report.png"), report->frameGeometry(),
-                         report->windowTitle());
+        if (pressExtra && report->ExtraButton()) {
+            report->ExtraButton()->click();
+            Settle(300);
+        }
+        bool taken = Photograph(folder, file, report->frameGeometry(), report->windowTitle());
         report->close();
-    } else {
-        ok = false;
-    }
+        Settle(200);
+        return taken;
+    };
+    ok &= photographReport("frmbjiouhe", QStringLiteral("report.png"), false);
+    ok &= photographReport("frmzu3leixing2", QStringLiteral("report-3-way-box-type.png"), false);
+    ok &= photographReport("frmrenwenleng", QStringLiteral("report-cold-warm-hot.png"), true);
 
     {
         numarel::DrawingsEditor editor(session, main);
