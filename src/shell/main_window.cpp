@@ -93,12 +93,12 @@ void MainWindow::BuildGroupButtons() {
 }
 
 void MainWindow::BuildCommandButtons() {
-    struct Spec {
+    struct ButtonPlace {
         const char* control;
         const char* caption;
         int left, top, width, height;
     };
-    static constexpr Spec kButtons[] = {
+    static constexpr ButtonPlace kButtons[] = {
         {"Command11", "Help", 2400, 2040, kButtonWidth, kButtonHeight},
         {"Command12", "New Lottery", 2400, 2400, kButtonWidth, kButtonHeight},
         {"Command13", "Select Lottery", 2400, 2760, kButtonWidth, kButtonHeight},
@@ -110,10 +110,10 @@ void MainWindow::BuildCommandButtons() {
     auto button = [this](const char* control) {
         return findChild<QPushButton*>(QLatin1String(control), Qt::FindDirectChildrenOnly);
     };
-    for (const Spec& spec : kButtons) {
-        auto* b = new QPushButton(QString::fromLatin1(spec.caption), this);
-        b->setObjectName(QLatin1String(spec.control));
-        PlaceAt(b, spec.left, spec.top, spec.width, spec.height);
+    for (const ButtonPlace& place : kButtons) {
+        auto* b = new QPushButton(QString::fromLatin1(place.caption), this);
+        b->setObjectName(QLatin1String(place.control));
+        PlaceAt(b, place.left, place.top, place.width, place.height);
     }
 
     connect(button("Command11"), &QPushButton::clicked, this,
