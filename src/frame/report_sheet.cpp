@@ -84,15 +84,19 @@ void ReportSheet::Resize(int rows, int cols) {
         CellBuffer next(count);
         const int keepRows = std::min(rows, rows_);
         const int keepCols = std::min(cols, cols_);
-        if (cols == cols_) {
-            std::memcpy(
-                next.data(), cells_.data(),
-                static_cast<std::size_t>(keepRows) * static_cast<std::size_t>(cols) * sizeof(Cell));
-        } else {
-            for (int r = 0; r < keepRows; ++r)
-                std::memcpy(
-                    next.data() + static_cast<std::size_t>(r) * static_cast<std::size_t>(cols),
-                    cells_.data() + Index(r, 0), static_cast<std::size_t>(keepCols) * sizeof(Cell));
+        // A sheet that held no cells may have no buffer at all, and memcpy takes no null source.
+        if (keepRows > 0 && keepCols > 0) {
+            if (cols == cols_) {
+                std::memcpy(next.data(), cells_.data(),
+                            static_cast<std::size_t>(keepRows) * static_cast<std::size_t>(cols) *
+                                sizeof(Cell));
+            } else {
+                for (int r = 0; r < keepRows; ++r)
+                    std::memcpy(
+                        next.data() + static_cast<std::size_t>(r) * static_cast<std::size_t>(cols),
+                        cells_.data() + Index(r, 0),
+                        static_cast<std::size_t>(keepCols) * sizeof(Cell));
+            }
         }
         cells_ = std::move(next);
     }
