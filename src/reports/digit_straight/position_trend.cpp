@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 
 #include "data/basic_text.h"
 #include "frame/frame_passes.h"
@@ -25,24 +26,22 @@ int MoveChartCol(int position) {
     return DigitChartCol(position) + 10;
 }
 
-// The frame's fill, with this chart's label: the date as it stands in the file, with no blank
-// before it. Written once per row, as labels are the one text a sheet keeps per drawing.
+// The frame's fill, with this chart's label: the drawing label without the blank the date's
+// number-to-text form puts before it. The date is a number, so a date that is not one leaves the
+// label empty. Written once per row, as labels are the one text a sheet keeps per drawing.
 void FillTrendRows(ReportSheet& sheet, std::span<const DrawRecord> drawings) {
     CurrentDigits digits{0, 0, 0};
     int row = 1;
-    std::string label;
     for (const DrawRecord& record : drawings) {
         if (row > sheet.DrawCount()) break;
-        label.assign(Trim(record.date));
-        label += ':';
+        const std::string label = DrawingLabel(record);
+        sheet.SetText(row, 0, std::string_view(label).substr(label.starts_with(' ') ? 1 : 0));
         const std::string* fields[3] = {&record.h, &record.t, &record.u};
         for (int i = 0; i < 3; ++i) {
-            label += Trim(*fields[i]);
             // A digit that cannot be converted keeps the value of the drawing before.
             if (auto v = ToInt16(*fields[i])) digits[static_cast<std::size_t>(i)] = *v;
             sheet.SetNumber(row, 1 + i, digits[static_cast<std::size_t>(i)]);
         }
-        sheet.SetText(row, 0, label);
         ++row;
     }
 }
