@@ -17,13 +17,10 @@ namespace numarel {
 namespace {
 
 constexpr std::uint32_t kNumberTag = 0x80000000u;
-constexpr long kNumberBias = 1L << 30;  // numbers in [-2^30, 2^30) are kept inline
+constexpr long kNumberBias = 1L << 30;  // as ReportSheet keeps them
 
 bool IsInlineNumber(std::uint32_t h) {
     return (h & kNumberTag) != 0;
-}
-long InlineValue(std::uint32_t h) {
-    return static_cast<long>(h & ~kNumberTag) - kNumberBias;
 }
 
 // Plain decimal text with no leading zeros or blanks, the form SetNumber writes.
@@ -106,22 +103,6 @@ void ReportSheet::Resize(int rows, int cols) {
     rowHeights_.resize(static_cast<std::size_t>(rows), -1);
 }
 
-std::uint32_t ReportSheet::Intern(std::string_view text) {
-    if (lastInterned_ != 0 && poolViews_[lastInterned_ - 1] == text) return lastInterned_;
-    auto it = poolIndex_.find(text);
-    if (it != poolIndex_.end()) {
-        lastInterned_ = it->second;
-        return it->second;
-    }
-    pool_.emplace_back(text);
-    poolViews_.push_back(pool_.back());
-    poolValues_.push_back(LeadingValue(text));
-    auto handle = static_cast<std::uint32_t>(pool_.size());
-    poolIndex_.emplace(pool_.back(), handle);
-    lastInterned_ = handle;
-    return handle;
-}
-
 void ReportSheet::SetText(int row, int col, std::string_view text) {
     if (!Contains(row, col)) return;
     std::uint32_t handle = 0;
@@ -129,46 +110,32 @@ void ReportSheet::SetText(int row, int col, std::string_view text) {
     if (text.empty()) {
         handle = 0;
     } else if (ParsePlainNumber(text, value)) {
-        handle = kNumberTag | static_cast<std::uint32_t>(value + kNumberBias);
+        handle = NumberHandle(value);
     } else {
-        handle = Intern(text);
+        handle = pool_.Intern(text);
     }
     cells_[Index(row, col)].text = handle;
-}
-
-void ReportSheet::SetNumber(int row, int col, long value) {
-    if (!Contains(row, col)) return;
-    if (value >= -kNumberBias && value < kNumberBias) {
-        cells_[Index(row, col)].text = kNumberTag | static_cast<std::uint32_t>(value + kNumberBias);
-    } else {
-        SetText(row, col, std::to_string(value));
-    }
 }
 
 std::string ReportSheet::Text(int row, int col) const {
     std::uint32_t h = Handle(row, col);
     if (h == 0) return {};
     if (IsInlineNumber(h)) return std::to_string(InlineValue(h));
-    return std::string(poolViews_[h - 1]);
+    return std::string(pool_.View(h));
 }
 
-bool ReportSheet::TextIs(int row, int col, std::string_view text) const {
-    std::uint32_t h = Handle(row, col);
-    if (h == 0) return text.empty();
-    if (IsInlineNumber(h)) {
-        // Most probes of a number cell are markers such as "***": no need to parse them.
-        if (text.empty() || (text[0] != '-' && (text[0] < '0' || text[0] > '9'))) return false;
-        long value = 0;
-        return ParsePlainNumber(text, value) && value == InlineValue(h);
-    }
-    return poolViews_[h - 1] == text;
+bool ReportSheet::NumberIs(std::uint32_t h, std::string_view text) {
+    // Most probes of a number cell are markers such as "***": no need to parse them.
+    if (text.empty() || (text[0] != '-' && (text[0] < '0' || text[0] > '9'))) return false;
+    long value = 0;
+    return ParsePlainNumber(text, value) && value == InlineValue(h);
 }
 
 double ReportSheet::CellValue(int row, int col) const {
     std::uint32_t h = Handle(row, col);
     if (h == 0) return 0;
     if (IsInlineNumber(h)) return static_cast<double>(InlineValue(h));
-    return poolValues_[h - 1];
+    return pool_.Value(h);
 }
 
 short ReportSheet::CellNumber(int row, int col) const {
@@ -233,13 +200,7 @@ std::size_t ReportSheet::MemoryBytes() const {
     std::size_t bytes = cells_.capacity() * sizeof(Cell);
     bytes += palette_.capacity() * sizeof(Rgb);
     bytes += (colWidths_.capacity() + rowHeights_.capacity()) * sizeof(int);
-    bytes += pool_.size() * sizeof(std::string) + poolValues_.capacity() * sizeof(double) +
-             poolViews_.capacity() * sizeof(std::string_view);
-    for (const std::string& s : pool_)
-        bytes += s.capacity() > 15 ? s.capacity() + 1 : 0;
-    bytes += poolIndex_.size() * (sizeof(std::string_view) + sizeof(std::uint32_t) + 16) +
-             poolIndex_.bucket_count() * sizeof(void*);
-    return bytes;
+    return bytes + pool_.MemoryBytes();
 }
 
 }  // namespace numarel

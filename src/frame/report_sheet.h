@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
+
+#include "frame/text_pool.h"
 
 namespace numarel {
 
@@ -56,11 +56,22 @@ public:
     // --- text ------------------------------------------------------------------------------
     void SetText(int row, int col, std::string_view text);
     // Writes a number as plain decimal text.
-    void SetNumber(int row, int col, long value);
+    void SetNumber(int row, int col, long value) {
+        if (!Contains(row, col)) return;
+        if (value >= -kNumberBias && value < kNumberBias)
+            cells_[Index(row, col)].text = NumberHandle(value);
+        else
+            SetText(row, col, std::to_string(value));
+    }
     std::string Text(int row, int col) const;
     bool IsEmpty(int row, int col) const { return Handle(row, col) == 0; }
     // True when the cell's text is exactly `text`.
-    bool TextIs(int row, int col, std::string_view text) const;
+    bool TextIs(int row, int col, std::string_view text) const {
+        std::uint32_t h = Handle(row, col);
+        if (h == 0) return text.empty();
+        if (h & kNumberTag) return NumberIs(h, text);
+        return pool_.View(h) == text;
+    }
     // The number at the start of the cell's text, blanks ignored; 0 for an empty or non-numeric
     // text.
     double CellValue(int row, int col) const;
@@ -114,6 +125,19 @@ public:
     std::size_t MemoryBytes() const;
 
 private:
+    // A cell's text handle: 0 empty; with the high bit set, a number kept inline; else a handle
+    // of the text pool.
+    static constexpr std::uint32_t kNumberTag = 0x80000000u;
+    static constexpr long kNumberBias = 1L << 30;  // numbers in [-2^30, 2^30) are kept inline
+    static std::uint32_t NumberHandle(long value) {
+        return kNumberTag | static_cast<std::uint32_t>(value + kNumberBias);
+    }
+    static long InlineValue(std::uint32_t h) {
+        return static_cast<long>(h & ~kNumberTag) - kNumberBias;
+    }
+    // True when the inline number `h` is written as `text`.
+    static bool NumberIs(std::uint32_t h, std::string_view text);
+
     struct Cell {
         std::uint32_t text = 0;  // 0 empty; high bit set: inline number; else pool index + 1
         std::uint16_t back = 0;  // palette index, 0 = default
@@ -149,12 +173,6 @@ private:
         bool mapped_ = false;
     };
 
-    struct PoolHash {
-        std::size_t operator()(std::string_view s) const {
-            return std::hash<std::string_view>{}(s);
-        }
-    };
-
     std::uint32_t Handle(int row, int col) const {
         return Contains(row, col) ? cells_[Index(row, col)].text : 0;
     }
@@ -168,11 +186,7 @@ private:
     int rows_ = 0;
     int cols_ = 0;
     CellBuffer cells_;  // rows_ * cols_ cells in use; cells beyond them are always empty
-    std::deque<std::string> pool_;             // stable addresses: the index keys view into it
-    std::vector<std::string_view> poolViews_;  // pool_[i] by plain indexing
-    std::vector<double> poolValues_;
-    std::uint32_t lastInterned_ = 0;  // reports write the same marker many times in a row
-    std::unordered_map<std::string_view, std::uint32_t, PoolHash> poolIndex_;
+    TextPool pool_;
     std::vector<Rgb> palette_{kDefaultColour};
     std::vector<int> colWidths_;
     std::vector<int> rowHeights_;

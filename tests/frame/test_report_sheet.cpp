@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/report_sheet.h"
+#include "frame/text_pool.h"
 
 namespace numarel {
 namespace {
@@ -87,6 +88,28 @@ TEST(ReportSheet, TheLargestSheetStaysCompact) {
     }
     double perCell = static_cast<double>(sheet.MemoryBytes()) / (32769.0 * 215.0);
     EXPECT_LT(perCell, 10.0);
+}
+
+}  // namespace
+}  // namespace numarel
+
+namespace numarel {
+namespace {
+
+TEST(TextPool, EachTextOnceAndViewsSurviveGrowth) {
+    TextPool pool;
+    const std::string longText(40000, 'x');
+    std::uint32_t first = pool.Intern(" 2020001:123");
+    std::uint32_t big = pool.Intern(longText);
+    for (int i = 0; i < 5000; ++i) pool.Intern("label " + std::to_string(i));
+    EXPECT_EQ(pool.Intern(" 2020001:123"), first);
+    EXPECT_EQ(pool.Intern("label 17"), pool.Intern(std::string("label 17")));
+    EXPECT_EQ(pool.Size(), 5002u);
+    EXPECT_EQ(pool.View(first), " 2020001:123");
+    EXPECT_EQ(pool.Value(first), 2020001);
+    EXPECT_EQ(pool.View(big), longText);
+    TextPool moved = std::move(pool);
+    EXPECT_EQ(moved.View(first), " 2020001:123");
 }
 
 }  // namespace
