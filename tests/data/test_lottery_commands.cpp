@@ -80,43 +80,36 @@ TEST_F(LotteryCommands, NewLotteryThroughEveryMessage) {
     EXPECT_EQ(ReadAll(folder.DataDir() / "Mine.txt"), "2020001 1 2 3\r\n");
 }
 
-TEST_F(LotteryCommands, SelectLotteryAcceptsOnlyFilesDirectlyInTheDataFolder) {
+TEST_F(LotteryCommands, SelectLotteryTakesOnlyFilesDirectlyInTheDataFolder) {
     const std::string data = DataFolderText(folder);
     const std::string root = folder.root.string();
-    const std::string refused[] = {
-        root + "/elsewhere/x.txt",  // another folder
-        data + "sub/x.txt",         // below the data folder
-        root + "/Data/x.txt",       // the comparison is case-sensitive
-        "x.txt",                    // no folder at all
-    };
-    for (const std::string& path : refused) {
-        LotteryChange change = SelectLottery(folder, path);
-        EXPECT_FALSE(change.changed) << path;
-        EXPECT_EQ(change.message, (UserMessage{"Error:", "You must select lottery of the " + data +
-                                                             "\nPlease select again!"}))
-            << path;
-    }
-    EXPECT_EQ(Selection(), "\"Old.txt\"\r\n");
-    EXPECT_EQ(data.back(), '/');
-}
-
-TEST_F(LotteryCommands, SelectLotteryTakesTheNameAndRewritesTheSelection) {
+    ASSERT_EQ(data.back(), '/');
     struct Case {
-        std::string name;
-        std::string label;
+        std::string path;
+        std::string name;  // empty: refused
+        std::string label = "";
     };
     const Case cases[] = {
-        {"Old.txt", "Lottery:Old."},  // the current lottery again still rewrites the file
-        {"Night Draw.txt", "Lottery:Night Draw."},
-        {"a.b.txt", "Lottery:a.b."},
-        {"NoDot", "Lottery:"},
+        {root + "/elsewhere/x.txt", ""},
+        {data + "sub/x.txt", ""},
+        {root + "/Data/x.txt", ""},  // the comparison is case-sensitive
+        {"x.txt", ""},
+        {data + "Old.txt", "Old.txt", "Lottery:Old."},  // the current one again is written too
+        {data + "Night Draw.txt", "Night Draw.txt", "Lottery:Night Draw."},
+        {data + "a.b.txt", "a.b.txt", "Lottery:a.b."},
+        {data + "NoDot", "NoDot", "Lottery:"},
     };
     for (const Case& c : cases) {
         std::filesystem::remove(folder.SelectionFile());
-        const std::string path = DataFolderText(folder) + c.name;
-        LotteryChange change = SelectLottery(folder, path);
-        ASSERT_TRUE(change.changed) << c.name;
-        EXPECT_EQ(change.drawingsPath, std::filesystem::path(path));
+        LotteryChange change = SelectLottery(folder, c.path);
+        EXPECT_EQ(change.changed, !c.name.empty()) << c.path;
+        if (!change.changed) {
+            EXPECT_EQ(change.message, (UserMessage{"Error:", "You must select lottery of the " +
+                                                                 data + "\nPlease select again!"}));
+            EXPECT_FALSE(std::filesystem::exists(folder.SelectionFile()));
+            continue;
+        }
+        EXPECT_EQ(change.drawingsPath, std::filesystem::path(c.path));
         EXPECT_EQ(change.label, c.label);
         EXPECT_EQ(change.message, (UserMessage{"OK:", "You have selected " + c.name}));
         EXPECT_EQ(Selection(), "\"" + c.name + "\"\r\n");

@@ -181,25 +181,20 @@ TEST_F(EditorTest, ImportAsksThenCopiesOverTheFileAndReloads) {
     EXPECT_EQ(scripted.dialogs[0].title, "Please locate the valid data file.");
 }
 
-TEST_F(EditorTest, DownloadOpensTheDataPageOnlyAfterYes) {
+TEST_F(EditorTest, DownloadOpensTheDataPageOnlyAfterYesAndHelpOpensItsPage) {
     auto e = Make("");
     scripted.answers = {false, true};
     Click(*e, "Command14");
     EXPECT_TRUE(scripted.opened.empty());
     Click(*e, "Command14");
-    ASSERT_EQ(scripted.opened.size(), 1u);
+    Click(*e, "Command18");
+    Click(*e, "Command15");  // its page is not in help\: nothing
+    ASSERT_EQ(scripted.opened.size(), 2u);
     EXPECT_EQ(scripted.opened[0].path(), "/dtdl.htm");
+    EXPECT_TRUE(scripted.opened[1].toLocalFile().endsWith("help/Edit_Drawings.htm"));
     EXPECT_EQ(scripted.shown[0].text,
               "Before starting the download, make sure you have connected to the Internet. \nAre "
               "you sure you want to download?");
-}
-
-TEST_F(EditorTest, HelpButtonsOpenTheirPages) {
-    auto e = Make("");
-    Click(*e, "Command18");
-    Click(*e, "Command15");  // its page is not in help\: nothing
-    ASSERT_EQ(scripted.opened.size(), 1u);
-    EXPECT_TRUE(scripted.opened[0].toLocalFile().endsWith("help/Edit_Drawings.htm"));
 }
 
 TEST_F(EditorTest, ExitAsksAndStaysOpenOnNo) {
