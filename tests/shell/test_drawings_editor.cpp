@@ -62,22 +62,6 @@ TEST_F(EditorTest, LoadShowsEveryRecordAndOpensAtTheEmptyLastRow) {
     EXPECT_EQ(scripted.shown[0].title, "Error:");
 }
 
-TEST_F(EditorTest, TheBoxTakesTextIntoTheCellThatIsLeft) {
-    auto e = Make("2020001 1 2 3\r\n");
-    Go(*e, 0, 1);
-    EXPECT_TRUE(e->CellBox()->isVisible());
-    EXPECT_EQ(e->CellBox()->text(), "");  // the old text is not shown
-    EXPECT_EQ(e->CellBox()->geometry().topLeft(),
-              e->Table()->visualRect(e->Model().index(0, 1)).topLeft());
-    Type(*e, "7");
-    EXPECT_EQ(e->CellBox()->text(), "7");
-    EXPECT_EQ(Column(*e, 1)[0], "1");  // not yet: the cell is still current
-    Go(*e, 0, 2);
-    EXPECT_EQ(Column(*e, 1)[0], "7");
-    Go(*e, 0, 3);  // left without typing: keeps its value
-    EXPECT_EQ(Column(*e, 2)[0], "2");
-}
-
 TEST_F(EditorTest, EnterMovesOnSoThatADrawingIsTypedInOneGo) {
     auto e = Make("2020001 1 2 3\r\n");
     Go(*e, 1, 0);
@@ -93,12 +77,19 @@ TEST_F(EditorTest, EnterMovesOnSoThatADrawingIsTypedInOneGo) {
     EXPECT_EQ(File(), "2020001 1 2 3\r\n2020002 4 5 6\r\n");
 }
 
-TEST_F(EditorTest, SaveWritesEveryRowAndTheUntypedBoxIsNotSaved) {
+TEST_F(EditorTest, TheBoxTakesTextIntoTheCellThatIsLeftAndSaveWritesEveryRow) {
     auto e = Make("2020001 1 2 3\r\n");
     Go(*e, 0, 3);
+    EXPECT_TRUE(e->CellBox()->isVisible());
+    EXPECT_EQ(e->CellBox()->text(), "");  // the old text is not shown
+    EXPECT_EQ(e->CellBox()->geometry().topLeft(),
+              e->Table()->visualRect(e->Model().index(0, 3)).topLeft());
     Type(*e, "12");
+    EXPECT_EQ(Column(*e, 3)[0], "3");  // not yet: the cell is still current
     Go(*e, 0, 2);
-    Type(*e, "9");  // typed, but the cell is never left
+    EXPECT_EQ(Column(*e, 3)[0], "12");
+    Go(*e, 0, 1);   // left without typing: keeps its value
+    Type(*e, "9");  // typed, but the cell is never left: not saved
     std::vector<QString> titles;
     scripted.onShown = [&] { titles.push_back(e->windowTitle()); };
     Click(*e, "Command13");

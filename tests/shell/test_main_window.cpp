@@ -54,28 +54,26 @@ TEST_F(MainWindowTest, MenusFollowTheCommandTable) {
     }
 }
 
-TEST_F(MainWindowTest, StartUpReadsTheSelectionAndShowsTheStartPage) {
+TEST_F(MainWindowTest, StartUpReadsTheSelectionOrSaysOnceWhatReplacedIt) {
     WriteFile(folder.HelpDir() / "Numarel.htm", "<html><body>Start page</body></html>");
     session->drawingsPath.clear();
     MainWindow* w = Make();
+    testing::Drain();
     EXPECT_EQ(session->drawingsPath, folder.DataDir() / "Demo.txt");
-    EXPECT_EQ(session->lotteryLabel, "Lottery:Demo.");
+    EXPECT_EQ(Label(w), "Lottery:Demo.");
     EXPECT_TRUE(w->WebView()->source().toLocalFile().endsWith("help/Numarel.htm"));
     EXPECT_NE(w->WebView()->toPlainText().indexOf("Start page"), -1);
-    testing::Drain();
     EXPECT_TRUE(scripted.shown.empty());
-}
 
-TEST_F(MainWindowTest, AMissingSelectionIsReplacedAndSaidOnce) {
     WriteSelection(folder.SelectionFile(), "Gone.txt");
-    MainWindow* w = Make();
+    MainWindow* replaced = Make();
     testing::Drain();
-    EXPECT_EQ(Label(w), "Lottery:Demo.");
+    EXPECT_EQ(Label(replaced), "Lottery:Demo.");
     ASSERT_EQ(scripted.shown.size(), 1u);
     EXPECT_EQ(scripted.shown[0].title, "Friendship Tip:");
     EXPECT_NE(scripted.shown[0].text.indexOf("Gone.txt"), -1);
-    w->hide();
-    w->show();
+    replaced->hide();
+    replaced->show();
     testing::Drain();
     EXPECT_EQ(scripted.shown.size(), 1u);
 }
