@@ -22,7 +22,7 @@ protected:
     }
 };
 
-TEST_F(ReportWindowTest, OpensMaximisedWithTheTitleAndTheNewestRowsInSight) {
+TEST_F(ReportWindowTest, OpensMaximisedUnderTheReportsTitle) {
     ReportWindow* w = Open("frmbjiouhe");  // the real report
     ASSERT_NE(w, nullptr);
     EXPECT_TRUE(w->isVisible());
