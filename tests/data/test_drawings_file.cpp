@@ -14,40 +14,28 @@ DrawRecord R(std::string d, std::string h, std::string t, std::string u) {
     return {std::move(d), std::move(h), std::move(t), std::move(u)};
 }
 
-TEST(DrawingsReader, SeparatorsInAnyMixReadTheSame) {
-    auto blanks = ParseDrawings("2020001 1 2 3\r\n2020002 4 5 6\r\n");
-    auto commas = ParseDrawings("2020001,1,2,3\r\n2020002,4,5,6");
-    auto mixed = ParseDrawings("2020001 1\n2,3 2020002\r\n4 , 5   6");
-    std::vector<DrawRecord> expected = {R("2020001", "1", "2", "3"), R("2020002", "4", "5", "6")};
-    EXPECT_EQ(blanks, expected);
-    EXPECT_EQ(commas, expected);
-    EXPECT_EQ(mixed, expected);
-}
-
-TEST(DrawingsReader, QuotedFieldsLoseTheirQuotesAndKeepBlanks) {
-    auto r = ParseDrawings("\"2020 001\",\"1\",2,3\r\n");
-    ASSERT_EQ(r.size(), 1u);
-    EXPECT_EQ(r[0], R("2020 001", "1", "2", "3"));
-}
-
-TEST(DrawingsReader, ALineWithAFieldTooManyShiftsLaterRecords) {
-    auto r = ParseDrawings("1 1 2 3 9\r\n2 4 5 6\r\n");
-    ASSERT_EQ(r.size(), 3u);
-    EXPECT_EQ(r[1], R("9", "2", "4", "5"));
-    // The short last record keeps the earlier values of the fields it lacks.
-    EXPECT_EQ(r[2], R("6", "2", "4", "5"));
-}
-
-TEST(DrawingsReader, ShortLastRecordKeepsTheEarlierValues) {
-    auto r = ParseDrawings("2020001 1 2 3\r\n2020002 7\r\n");
-    ASSERT_EQ(r.size(), 2u);
-    EXPECT_EQ(r[1], R("2020002", "7", "2", "3"));
-}
-
-TEST(DrawingsReader, TwoCommasMakeAnEmptyField) {
-    auto r = ParseDrawings("2020001,,2,3");
-    ASSERT_EQ(r.size(), 1u);
-    EXPECT_EQ(r[0], R("2020001", "", "2", "3"));
+TEST(DrawingsReader, FieldsAreReadFourAtATime) {
+    struct Case {
+        const char* bytes;
+        std::vector<DrawRecord> records;
+    };
+    const std::vector<DrawRecord> two = {R("2020001", "1", "2", "3"), R("2020002", "4", "5", "6")};
+    const Case cases[] = {
+        {"2020001 1 2 3\r\n2020002 4 5 6\r\n", two},
+        {"2020001,1,2,3\r\n2020002,4,5,6", two},
+        {"2020001 1\n2,3 2020002\r\n4 , 5   6", two},  // separators in any mix
+        {"\"2020 001\",\"1\",2,3\r\n", {R("2020 001", "1", "2", "3")}},
+        {"2020001,,2,3", {R("2020001", "", "2", "3")}},
+        // A short last record keeps the earlier values of the fields it lacks.
+        {"2020001 1 2 3\r\n2020002 7\r\n", {two[0], R("2020002", "7", "2", "3")}},
+        // A field too many shifts every later record.
+        {"1 1 2 3 9\r\n2 4 5 6\r\n",
+         {R("1", "1", "2", "3"), R("9", "2", "4", "5"), R("6", "2", "4", "5")}},
+        {"", {}},
+        {" \r\n\r\n", {}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(ParseDrawings(c.bytes), c.records) << c.bytes;
 }
 
 TEST(DrawingsReader, EndMarkerComparesNumerically) {
@@ -58,13 +46,9 @@ TEST(DrawingsReader, EndMarkerComparesNumerically) {
     }
     EXPECT_FALSE(IsEndMarker(R("abc", "1", "2", "3")));
     EXPECT_FALSE(IsEndMarker(R("2020001", "0", "0", "0")));
-}
-
-TEST(DrawingsReader, EmptyAndMarkerOnlyFiles) {
-    EXPECT_TRUE(ParseDrawings("").empty());
-    EXPECT_TRUE(ParseDrawings(" \r\n\r\n").empty());
+    // A file of nothing but a marker: the editor shows it, reports see no drawing.
     auto zeros = ParseDrawings("0 0 0 0\r\n");
-    EXPECT_EQ(zeros.size(), 1u);  // the editor shows the marker
+    EXPECT_EQ(zeros.size(), 1u);
     EXPECT_EQ(ReportDrawCount(zeros), 0u);
 }
 
@@ -75,7 +59,8 @@ TEST(DrawingsReader, ReadHistoryReportsMissingFilesAndTheDrawingLimit) {
     EXPECT_EQ(missing.code(), Status::Code::NotFound);
 
     std::string big;
-    for (std::size_t i = 0; i < kMaxDrawings; ++i) big += "1 1 2 3\r\n";
+    for (std::size_t i = 0; i < kMaxDrawings; ++i)
+        big += "1 1 2 3\r\n";
     auto exact = dir.Write("exact.txt", big);
     EXPECT_TRUE(ReadHistory(exact, drawings).ok());
     EXPECT_EQ(drawings.size(), kMaxDrawings);
@@ -89,15 +74,17 @@ TEST(DrawingsReader, ReadHistoryReportsMissingFilesAndTheDrawingLimit) {
     EXPECT_TRUE(ReadHistory(hidden, drawings).ok());
 }
 
-TEST(DrawingsWriter, SaveRulesForDatesAndDigits) {
-    std::vector<DrawRecord> rows = {
-        R("2020001", "1", "0", "9"), R("2020002", "12", "-1", "5x"), R(" ", "", " ", ""),
-        R("2020003", " 4", "0.5", "9.5")};
+TEST(DrawingsWriter, SaveChecksDigitsButWritesDatesAsTyped) {
+    std::vector<DrawRecord> rows = {R("2020001", "1", "0", "9"),
+                                    R("2020002", "12", "-1", "5x"),  // 5x passes as its number 5
+                                    R(" ", "", " ", "10"),           // an empty row is a marker
+                                    R("x17", "3.5", " 4", "0.5"), R("2020003", "9", "9.5", "1")};
     EXPECT_EQ(FormatDrawingsTable(rows),
               "2020001 1 0 9\r\n"
               "2020002 0 0 5x\r\n"
               "0 0 0 0\r\n"
-              "2020003  4 0 0\r\n");
+              "x17 3.5  4 0\r\n"
+              "2020003 9 0 1\r\n");
 }
 
 TEST(DrawingsWriter, WriteFileSafelyReplacesTheWholeFile) {
@@ -121,12 +108,6 @@ TEST(SelectionFile, RoundTripAndLastStringWins) {
     dir.Write("Numarel/shujuwenjian.ini", "\"a.txt\"\r\n\"b.txt\"\r\n");
     ASSERT_TRUE(ReadSelection(ini, name).ok());
     EXPECT_EQ(name, "b.txt");
-}
-
-TEST(SelectionFile, LotteryLabelCutsAfterTheLastDot) {
-    EXPECT_EQ(LotteryLabel("Pick3.txt"), "Lottery:Pick3.");
-    EXPECT_EQ(LotteryLabel("a.b.txt"), "Lottery:a.b.");
-    EXPECT_EQ(LotteryLabel("nodot"), "Lottery:");
 }
 
 TEST(SelectionFile, FirstStartFallsBackToTheSampleAndSaysSo) {

@@ -60,63 +60,38 @@ TEST(FrameMissCounters, CountSinceTheLastHitIncludingThisDrawing) {
     EXPECT_EQ(column, (Texts{"1", "2", "*", "1", "*", "*", "1"}));
 }
 
-TEST(FrameStatistics, AmountMaxCurrentAndAverage) {
-    ReportSheet sheet = HitColumn({"", "", "***", "", "", "", "***", ""});
-    FillMissCounters(sheet, 5, 5);
-    AddStatisticRows(sheet, 5, "***");
-    const int n = 8;
-    EXPECT_EQ(sheet.Rows(), n + 6);
-    EXPECT_EQ(RowTexts(sheet, n + 2, 0, 0), (Texts{"Amount"}));
-    EXPECT_EQ(sheet.Text(n + 5, 0), "Average");
-    EXPECT_EQ(sheet.Text(n + 2, 5), "2");
-    EXPECT_EQ(sheet.Text(n + 3, 5), "3");  // the run 1 2 3 between the two hits
-    EXPECT_EQ(sheet.Text(n + 4, 5), "1");
-    EXPECT_EQ(sheet.Text(n + 5, 5), "4");
-    EXPECT_EQ(sheet.BackColor(n + 2, 1), colours::kStatisticBack);
-    EXPECT_EQ(sheet.ForeColor(n + 5, 5), colours::kStatisticFore);
-    EXPECT_EQ(sheet.TopRow(), n + 5);
-    EXPECT_TRUE(sheet.Visible());
-}
-
-TEST(FrameStatistics, HitOnTheLastDrawingAndOpenRuns) {
-    // The open run at the end counts only up to the row before it.
-    ReportSheet sheet = HitColumn({"", "", "", "", "***"});
-    FillMissCounters(sheet, 5, 5);
-    AddStatisticRows(sheet, 5, "***");
-    EXPECT_EQ(sheet.Text(7, 5), "1");  // Amount
-    EXPECT_EQ(sheet.Text(8, 5), "4");  // Max Miss
-    EXPECT_EQ(sheet.Text(9, 5), "0");  // Current Miss
-    EXPECT_EQ(sheet.Text(10, 5), "5");
-
-    ReportSheet none = HitColumn({"", "", "", ""});
-    FillMissCounters(none, 5, 5);
-    AddStatisticRows(none, 5, "***");
-    EXPECT_EQ(none.Text(6, 5), "0");
-    EXPECT_EQ(none.Text(7, 5), "3");  // largest up to DrawCount - 1
-    EXPECT_EQ(none.Text(8, 5), "4");
-    EXPECT_TRUE(none.IsEmpty(9, 5));  // the division by 0 leaves it empty
-
-    ReportSheet variant = HitColumn({"", "", "", ""});
-    FillMissCounters(variant, 5, 5);
-    AddStatisticRows(variant, 5, "***", AverageRule::DrawCountWhenNoHit);
-    EXPECT_EQ(variant.Text(9, 5), "4");
-}
-
-TEST(FrameStatistics, OneDrawingAndNone) {
-    ReportSheet one = HitColumn({"***"});
-    FillMissCounters(one, 5, 5);
-    AddStatisticRows(one, 5, "***");
-    EXPECT_EQ(RowTexts(one, 3, 5, 5), (Texts{"1"}));
-    EXPECT_EQ(one.Text(4, 5), "0");
-    EXPECT_EQ(one.Text(5, 5), "0");
-    EXPECT_EQ(one.Text(6, 5), "1");
-
-    ReportSheet empty = HitColumn({});
-    AddStatisticRows(empty, 5, "***");
-    EXPECT_EQ(empty.Rows(), 6);
-    EXPECT_EQ(empty.Text(2, 5), "0");
-    EXPECT_EQ(empty.Text(3, 5), "0");
-    EXPECT_TRUE(empty.IsEmpty(5, 5));
+TEST(FrameStatistics, AmountMaxMissCurrentMissAndAverage) {
+    struct Case {
+        std::vector<std::string> cells;
+        AverageRule rule;
+        Texts rows;  // Amount, Max Miss, Current Miss, Average
+    };
+    const Texts none = {"", "", "", ""};
+    const Case cases[] = {
+        // The run 1 2 3 between the two hits is the largest.
+        {{"", "", "***", "", "", "", "***", ""}, AverageRule::EmptyWhenNoHit, {"2", "3", "1", "4"}},
+        // The open run at the end counts only up to the row before it.
+        {{"", "", "", "", "***"}, AverageRule::EmptyWhenNoHit, {"1", "4", "0", "5"}},
+        // Without a hit the average is a division by 0 and stays empty, unless the rule says.
+        {none, AverageRule::EmptyWhenNoHit, {"0", "3", "4", ""}},
+        {none, AverageRule::DrawCountWhenNoHit, {"0", "3", "4", "4"}},
+        {{"***"}, AverageRule::EmptyWhenNoHit, {"1", "0", "0", "1"}},
+        {{}, AverageRule::EmptyWhenNoHit, {"0", "0", "", ""}},
+    };
+    for (const Case& c : cases) {
+        ReportSheet sheet = HitColumn(c.cells);
+        FillMissCounters(sheet, 5, 5);
+        AddStatisticRows(sheet, 5, "***", c.rule);
+        const int n = static_cast<int>(c.cells.size());
+        ASSERT_EQ(sheet.Rows(), n + 6);
+        EXPECT_EQ(sheet.Text(n + 2, 0), "Amount");
+        EXPECT_EQ(sheet.Text(n + 5, 0), "Average");
+        Texts rows;
+        for (int r = n + 2; r <= n + 5; ++r)
+            rows.push_back(sheet.Text(r, 5));
+        EXPECT_EQ(rows, c.rows) << n << " drawings";
+        EXPECT_EQ(sheet.TopRow(), n + 5);
+    }
 }
 
 TEST(FrameMarks, SecondClickRestoresTheDefaultNotTheReportColour) {

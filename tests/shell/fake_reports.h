@@ -26,7 +26,6 @@ struct FakeReports {
     static inline QWidget* watched = nullptr;
     static inline QString captionDuringBuild;
     static inline bool hourglassDuringBuild = false;
-    static inline std::string exportFile = "Numarel/daochu320.txt";
 
     static void Reset() {
         builds = textBuilds = 0;
@@ -87,14 +86,7 @@ struct FakeReports {
             {"frmzusan90", &Build, kDefaultColour, true},
         };
         for (const ReportDefinition& def : kReports)
-            if (def.object == object) {
-                if (def.object == "frmbaishi32zu") {
-                    static ReportDefinition exporting = def;
-                    exporting.extraButton.exportFile = exportFile;
-                    return &exporting;
-                }
-                return &def;
-            }
+            if (def.object == object) return &def;
         if (object == "frmbjiouhe") return FindReport(object);
         return nullptr;
     }

@@ -33,7 +33,6 @@ class ScriptedPlatform final : public MessageBoxes,
                                public Launcher {
 public:
     struct Shown {
-        bool question = false;
         QString title;
         QString text;
         MessageIcon icon = MessageIcon::Information;
@@ -48,79 +47,73 @@ public:
     std::vector<QString> clipboard;
     std::vector<QUrl> opened;
     // Runs when a message is shown, for checks of the windows' state at that moment.
-    std::function<void(const Shown&)> onShown;
+    std::function<void()> onShown;
 
     Platform platform{*this, *this, *this, *this, *this};
 
     void Show(QWidget*, const QString& title, const QString& text, MessageIcon icon) override {
-        shown.push_back({false, title, text, icon});
-        if (onShown) onShown(shown.back());
+        shown.push_back({title, text, icon});
+        if (onShown) onShown();
     }
     bool AskYesNo(QWidget*, const QString& title, const QString& text, MessageIcon icon) override {
-        shown.push_back({true, title, text, icon});
-        if (answers.empty()) {
-            ADD_FAILURE() << "unexpected question: " << text.toStdString();
-            return false;
-        }
-        bool yes = answers.front();
-        answers.pop_front();
-        return yes;
+        shown.push_back({title, text, icon});
+        return Next(answers, "question");
     }
     QString Ask(QWidget*, const QString& title, const QString& text) override {
-        shown.push_back({true, title, text, MessageIcon::Question});
+        shown.push_back({title, text, MessageIcon::Question});
         return Next(prompts, "prompt");
     }
     QString OpenFile(QWidget*, const FileDialogRequest& request) override {
-        dialogs.push_back(request);
-        saveDialogs.push_back(false);
-        return Next(chosen, "open dialog");
+        return Dialog(request, false);
     }
     QString SaveFile(QWidget*, const FileDialogRequest& request) override {
-        dialogs.push_back(request);
-        saveDialogs.push_back(true);
-        return Next(chosen, "save dialog");
+        return Dialog(request, true);
     }
     void SetText(const QString& text) override { clipboard.push_back(text); }
     void Open(const QUrl& url) override { opened.push_back(url); }
 
-    // The texts of the messages and questions shown so far.
-    std::vector<std::string> Texts() const {
-        std::vector<std::string> texts;
+    // The messages and questions shown so far, each as its title, a blank and its text.
+    std::vector<std::string> Said() const {
+        std::vector<std::string> said;
         for (const Shown& s : shown)
-            texts.push_back(s.text.toStdString());
-        return texts;
+            said.push_back((s.title + " " + s.text).toStdString());
+        return said;
     }
 
 private:
-    static QString Next(std::deque<QString>& script, const char* what) {
+    QString Dialog(const FileDialogRequest& request, bool save) {
+        dialogs.push_back(request);
+        saveDialogs.push_back(save);
+        return Next(chosen, "file dialog");
+    }
+    template <class T>
+    static T Next(std::deque<T>& script, const char* what) {
         if (script.empty()) {
             ADD_FAILURE() << "unexpected " << what;
             return {};
         }
-        QString next = script.front();
+        T next = script.front();
         script.pop_front();
         return next;
     }
 };
 
 // Mouse events as a person's hand gives them, delivered straight to a widget.
-inline void MousePress(QWidget* widget, QPoint pos, Qt::MouseButton button = Qt::LeftButton) {
-    QMouseEvent press(QEvent::MouseButtonPress, pos, widget->mapToGlobal(pos), button, button,
-                      Qt::NoModifier);
-    QApplication::sendEvent(widget, &press);
-    QMouseEvent release(QEvent::MouseButtonRelease, pos, widget->mapToGlobal(pos), button,
-                        Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &release);
+inline void MouseEvents(QWidget* widget, QPoint pos, std::initializer_list<QEvent::Type> types,
+                        Qt::MouseButton button = Qt::LeftButton) {
+    for (QEvent::Type type : types) {
+        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : button;
+        QMouseEvent event(type, pos, widget->mapToGlobal(pos), button, held, Qt::NoModifier);
+        QApplication::sendEvent(widget, &event);
+    }
 }
-
+inline void MousePress(QWidget* widget, QPoint pos, Qt::MouseButton button = Qt::LeftButton) {
+    MouseEvents(widget, pos, {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}, button);
+}
 inline void MouseDoubleClick(QWidget* widget, QPoint pos) {
-    MousePress(widget, pos);
-    QMouseEvent twice(QEvent::MouseButtonDblClick, pos, widget->mapToGlobal(pos), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &twice);
-    QMouseEvent release(QEvent::MouseButtonRelease, pos, widget->mapToGlobal(pos), Qt::LeftButton,
-                        Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &release);
+    MouseEvents(widget, pos,
+                {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                 QEvent::MouseButtonRelease});
 }
 
 // Lets deleteLater and queued work run.

