@@ -125,8 +125,6 @@ std::string ReportSheet::Text(int row, int col) const {
 }
 
 bool ReportSheet::NumberIs(std::uint32_t h, std::string_view text) {
-    // Most probes of a number cell are markers such as "***": no need to parse them.
-    if (text.empty() || (text[0] != '-' && (text[0] < '0' || text[0] > '9'))) return false;
     long value = 0;
     return ParsePlainNumber(text, value) && value == InlineValue(h);
 }
@@ -138,10 +136,7 @@ double ReportSheet::CellValue(int row, int col) const {
     return pool_.Value(h);
 }
 
-short ReportSheet::CellNumber(int row, int col) const {
-    std::uint32_t h = Handle(row, col);
-    if (IsInlineNumber(h))  // a whole number already: only the clamp of RoundToInt16 applies
-        return static_cast<short>(std::clamp<long>(InlineValue(h), SHRT_MIN, SHRT_MAX));
+short ReportSheet::RoundedCellValue(int row, int col) const {
     return RoundToInt16(CellValue(row, col));
 }
 

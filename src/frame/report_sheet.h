@@ -69,14 +69,25 @@ public:
     bool TextIs(int row, int col, std::string_view text) const {
         std::uint32_t h = Handle(row, col);
         if (h == 0) return text.empty();
-        if (h & kNumberTag) return NumberIs(h, text);
+        if (h & kNumberTag) {
+            // Most probes of a number cell are markers such as "***": no need to parse them.
+            if (text.empty() || (text[0] != '-' && (text[0] < '0' || text[0] > '9'))) return false;
+            return NumberIs(h, text);
+        }
         return pool_.View(h) == text;
     }
     // The number at the start of the cell's text, blanks ignored; 0 for an empty or non-numeric
     // text.
     double CellValue(int row, int col) const;
     // CellValue as a 16-bit counter: rounded half to even, clamped.
-    short CellNumber(int row, int col) const;
+    short CellNumber(int row, int col) const {
+        std::uint32_t h = Handle(row, col);
+        if (h & kNumberTag) {  // a whole number already: only the clamp applies
+            long v = InlineValue(h);
+            return static_cast<short>(v < -32768 ? -32768 : v > 32767 ? 32767 : v);
+        }
+        return RoundedCellValue(row, col);
+    }
 
     // --- colours ---------------------------------------------------------------------------
     void SetBackColor(int row, int col, Rgb colour);
@@ -135,6 +146,7 @@ private:
     static long InlineValue(std::uint32_t h) {
         return static_cast<long>(h & ~kNumberTag) - kNumberBias;
     }
+    short RoundedCellValue(int row, int col) const;
     // True when the inline number `h` is written as `text`.
     static bool NumberIs(std::uint32_t h, std::string_view text);
 
