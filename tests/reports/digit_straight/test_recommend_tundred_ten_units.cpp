@@ -17,7 +17,6 @@ using Texts = std::vector<std::string>;
 
 TEST(RecommendTundredTenUnits, DigitsMovedToAnotherPositionHit) {
     ReportSheet sheet = Build("frmzhixuantaloven", Drawings({"123", "213"}));
-    EXPECT_EQ(sheet.Title(), "Recommend Tundred Ten Units");
     ASSERT_EQ(sheet.Rows(), 2 + 5);
     EXPECT_EQ(sheet.Text(1, 0), " 2020001");
 

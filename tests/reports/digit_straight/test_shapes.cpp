@@ -32,14 +32,12 @@ TEST(RiseDownShape, EachDrawingMarksTheFirstMatchingShape) {
     ReportSheet sheet =
         Build("frmxingxiang", Drawings({"159", "951", "519", "559", "955", "595", "515", "777",
                                         "132", "231", "312", "344", "443"}));
-    EXPECT_EQ(sheet.Title(), "Rise-Down shape");
     ASSERT_EQ(sheet.Rows(), 13 + 3);
     for (std::size_t i = 0; i < expected.size(); ++i) {
         const int row = static_cast<int>(i) + 1;
         SCOPED_TRACE(sheet.Text(row, 0));
         EXPECT_EQ(sheet.Text(row, expected[i].col), expected[i].shape);
         EXPECT_EQ(sheet.BackColor(row, expected[i].col), expected[i].colour);
-        EXPECT_EQ(sheet.Text(0, expected[i].col), expected[i].shape);
         int marked = 0;
         for (int c = 1; c <= 13; ++c)
             marked += sheet.IsEmpty(row, c) ? 0 : 1;
@@ -56,7 +54,6 @@ TEST(RiseDownShape, EachDrawingMarksTheFirstMatchingShape) {
 
 TEST(StraightNumberShape, WordsLettersAndWordColumns) {
     ReportSheet sheet = Build("frmjibenxingtai", Drawings({"148", "059"}));
-    EXPECT_EQ(sheet.Title(), "Straight Number shape");
     ASSERT_EQ(sheet.Rows(), 5);
     EXPECT_EQ(testing::RowTexts(sheet, 1, 40, 42), (std::vector<std::string>{"1", "4", "8"}));
 
