@@ -25,7 +25,6 @@ TEST(TundredTenUnitsTrend, MovesArePlainDifferencesPlacedBySize) {
     const ReportSheet sheet = Build("frm3weizoushi", Drawings({"905", "095", "362"}));
     EXPECT_EQ(sheet.Rows(), 3 + 5);
     EXPECT_EQ(sheet.Text(1, 0), "2020001:905");
-    EXPECT_EQ(RowTexts(sheet, 1, 1, 3), (Texts{"9", "0", "5"}));
 
     // The first drawing has digit cells only.
     EXPECT_EQ(ColumnsColoured(sheet, 1, kDigit), (Cols{14, 25, 50}));
