@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -13,44 +14,33 @@ namespace {
 using testing::Build;
 using testing::ColumnsColoured;
 using testing::Drawings;
+using Cols = std::vector<int>;
 
 constexpr Rgb kBand = MakeRgb(212, 188, 134);
 
 TEST(Recommend320StraightNumbers, HTJoinedAsTextHitsItsPairColumn) {
     ReportSheet sheet = Build("frmbaishi32zu", Drawings({"307", "309", "052", "500", "999"}));
-    EXPECT_EQ(sheet.Title(), "Recommend 320 Straight Numbers");
     ASSERT_EQ(sheet.Rows(), 7);
 
-    struct Expected {
-        int row;
-        int col;  // 0: no hit
-        const char* pair;
-    };
-    for (const Expected& e : {Expected{1, 15, "30"}, Expected{2, 15, "30"}, Expected{3, 5, "05"},
-                              Expected{4, 0, ""}, Expected{5, 36, "99"}}) {
-        SCOPED_TRACE(e.row);
-        if (e.col == 0) {
-            EXPECT_TRUE(ColumnsColoured(sheet, e.row, colours::kHit).empty());
-            EXPECT_TRUE(sheet.IsEmpty(e.row, 37));
-        } else {
-            EXPECT_EQ(ColumnsColoured(sheet, e.row, colours::kHit), std::vector<int>{e.col});
-            EXPECT_EQ(sheet.Text(e.row, e.col), e.pair);
-            EXPECT_EQ(sheet.Text(0, e.col), e.pair);
-            EXPECT_EQ(sheet.Text(e.row, 37), "YES");
+    // Per drawing: the hit column (0 for none) and the pair it shows, which is also its header.
+    const std::pair<int, std::string> hits[] = {
+        {15, "30"}, {15, "30"}, {5, "05"}, {0, ""}, {36, "99"}};
+    for (int r = 1; r <= 5; ++r) {
+        SCOPED_TRACE(r);
+        const auto& [col, pair] = hits[r - 1];
+        EXPECT_EQ(ColumnsColoured(sheet, r, colours::kHit), col ? Cols{col} : Cols{});
+        EXPECT_EQ(sheet.Text(r, 37), col ? "YES" : "");
+        if (col) {
+            EXPECT_EQ(sheet.Text(r, col), pair);
+            EXPECT_EQ(sheet.Text(0, col), pair);
         }
     }
     // Bands stay where nothing hit and give way to red where something did.
-    std::vector<int> banded;
-    for (int c = 5; c <= 12; ++c)
-        banded.push_back(c);
-    for (int c = 21; c <= 28; ++c)
-        banded.push_back(c);
+    const Cols banded = {5, 6, 7, 8, 9, 10, 11, 12, 21, 22, 23, 24, 25, 26, 27, 28};
     EXPECT_EQ(ColumnsColoured(sheet, 4, kBand), banded);
-    banded.erase(banded.begin());
-    EXPECT_EQ(ColumnsColoured(sheet, 3, kBand), banded);
+    EXPECT_EQ(ColumnsColoured(sheet, 3, kBand), Cols(banded.begin() + 1, banded.end()));
     EXPECT_TRUE(ColumnsColoured(sheet, 6, kBand).empty());
-    for (int c = 0; c < sheet.Cols(); ++c)
-        EXPECT_TRUE(sheet.IsEmpty(6, c));
+    EXPECT_EQ(testing::RowTexts(sheet, 6, 0, 37), std::vector<std::string>(38));
 }
 
 TEST(Recommend320StraightNumbers, ExportListsEveryDrawingWithItsHit) {

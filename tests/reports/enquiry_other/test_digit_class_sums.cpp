@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "frame/frame_passes.h"
 #include "support/test_support.h"
 
@@ -9,87 +12,82 @@ namespace {
 using testing::Build;
 using testing::ColumnsColoured;
 using testing::Drawings;
+using Texts = std::vector<std::string>;
 
-struct TraceCase {
-    const char* report;
-    const char* digits;
-    int firstCol;   // the coloured cell of the first number line
-    int secondCol;  // of the second, -1 where there is none
-    const char* firstText;
-    const char* secondText;
-};
-
-// Each drawing marks exactly one cell on each number line, in the colour of its line.
+// Each drawing marks exactly one cell on each number line, in the colour of its line: value v at
+// column 7 + v on the first line, 36 + v on the second.
 TEST(DigitClassSums, EachDrawingMarksOneValuePerNumberLine) {
-    const TraceCase cases[] = {
-        {"frmbjiouhe", "000", 7, 36, "0", "0"},    {"frmbjiouhe", "999", 34, 36, "27", "0"},
-        {"frmbjiouhe", "123", 11, 38, "4", "2"},   {"frmbxiaodahe", "444", 19, 36, "12", "0"},
-        {"frmbxiaodahe", "999", 7, 63, "0", "27"}, {"frmbxiaodahe", "405", 11, 41, "4", "5"},
-        {"frmbzhihehe", "017", 15, 36, "8", "0"},  {"frmbzhihehe", "489", 7, 57, "0", "21"},
-        {"frm3shu5luhe", "999", 19, -1, "12", ""}, {"frm3shu5luhe", "505", 7, -1, "0", ""},
+    const struct {
+        const char* report;
+        const char* digits;
+        int first;
+        int second;  // -1 where there is no second line
+    } cases[] = {
+        {"frmbjiouhe", "000", 0, 0},     {"frmbjiouhe", "999", 27, 0},
+        {"frmbjiouhe", "123", 4, 2},     {"frmbxiaodahe", "444", 12, 0},
+        {"frmbxiaodahe", "999", 0, 27},  {"frmbxiaodahe", "405", 4, 5},
+        {"frmbzhihehe", "017", 8, 0},    {"frmbzhihehe", "489", 0, 21},
+        {"frm3shu5luhe", "999", 12, -1}, {"frm3shu5luhe", "505", 0, -1},
     };
-    for (const TraceCase& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.report) + " " + c.digits);
         auto sheet = Build(c.report, Drawings({c.digits}));
-        EXPECT_EQ(ColumnsColoured(sheet, 1, colours::kFirstTrace), (std::vector<int>{c.firstCol}));
-        EXPECT_EQ(sheet.Text(1, c.firstCol), c.firstText);
-        if (c.secondCol >= 0) {
-            EXPECT_EQ(ColumnsColoured(sheet, 1, colours::kHit), (std::vector<int>{c.secondCol}));
-            EXPECT_EQ(sheet.Text(1, c.secondCol), c.secondText);
+        EXPECT_EQ(ColumnsColoured(sheet, 1, colours::kFirstTrace), std::vector<int>{7 + c.first});
+        EXPECT_EQ(sheet.Text(1, 7 + c.first), std::to_string(c.first));
+        if (c.second >= 0) {
+            EXPECT_EQ(ColumnsColoured(sheet, 1, colours::kHit), std::vector<int>{36 + c.second});
+            EXPECT_EQ(sheet.Text(1, 36 + c.second), std::to_string(c.second));
         } else {
             EXPECT_TRUE(ColumnsColoured(sheet, 1, colours::kHit).empty());
-            EXPECT_EQ(sheet.Text(1, 5), c.firstText);  // the value itself
+            EXPECT_EQ(sheet.Text(1, 5), std::to_string(c.first));  // the value itself
         }
     }
 }
 
-TEST(DigitClassSums, HeaderWidthsAndUnreachableValues) {
-    auto odd = Build("frmbjiouhe", {});
-    EXPECT_EQ(odd.Cols(), 61);
-    EXPECT_EQ(odd.Title(), "Sum of Odd-Sum of Even");
-    EXPECT_EQ(odd.ColWidth(0), 1290);
-    EXPECT_EQ(odd.Text(0, 7), "0");
-    EXPECT_EQ(odd.Text(0, 34), "27");
-    EXPECT_EQ(odd.ColWidth(27), 2);  // Sum of Odd 20 cannot happen
-    EXPECT_TRUE(odd.IsEmpty(0, 27));
-    EXPECT_EQ(odd.ColWidth(37), 2);  // Sum of Even is never odd
-    EXPECT_EQ(odd.Text(0, 60), "24");
-    EXPECT_EQ(odd.ColWidth(35), 300);
-    EXPECT_TRUE(odd.IsEmpty(0, 35));
-
-    auto prime = Build("frmbzhihehe", {});
-    EXPECT_EQ(prime.Cols(), 64);
-    EXPECT_EQ(prime.ColWidth(5), 2);
-    EXPECT_EQ(prime.ColWidth(35), 20);
-    for (int v : {1, 2, 3, 5, 7, 11})
-        EXPECT_EQ(prime.ColWidth(36 + v), 2) << v;
-    EXPECT_EQ(prime.ColWidth(36 + 4), 300);
-    EXPECT_EQ(prime.Text(0, 36 + 12), "12");
-
-    auto rem = Build("frm3shu5luhe", {});
-    EXPECT_EQ(rem.Cols(), 20);
-    EXPECT_EQ(rem.ColWidth(5), 300);
-    EXPECT_EQ(rem.Text(0, 19), "12");
-}
-
-TEST(DigitClassSums, EmptyHistoryShowsOnlyTheHeader) {
-    auto sheet = Build("frmbxiaodahe", {});
-    EXPECT_EQ(sheet.Rows(), 2);
-    EXPECT_EQ(sheet.Text(0, 1), "H");
-    for (int c = 0; c < sheet.Cols(); ++c)
-        EXPECT_TRUE(sheet.IsEmpty(1, c));
-    EXPECT_EQ(sheet.TopRow(), 1);
+TEST(DigitClassSums, ValuesAClassCannotReachAreNarrowedAndUnheaded) {
+    const struct {
+        const char* report;
+        int cols;
+        const char* lastValue;  // the header of the last column
+        std::vector<int> narrowed;
+        std::vector<int> wide;
+    } cases[] = {
+        // Sum of Odd 20 cannot happen, nor an odd Sum of Even.
+        {"frmbjiouhe", 61, "24", {27, 33, 37, 59}, {26, 34, 36, 60}},
+        {"frmbxiaodahe", 64, "27", {20, 34, 37, 40}, {19, 36, 41, 63}},
+        {"frmbzhihehe", 64, "27", {25, 37, 39, 47}, {24, 36, 40, 48}},
+        {"frm3shu5luhe", 20, "12", {}, {7, 19}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.report);
+        auto sheet = Build(c.report, {});
+        EXPECT_EQ(sheet.Cols(), c.cols);
+        EXPECT_EQ(sheet.Text(0, c.cols - 1), c.lastValue);
+        for (int col : c.narrowed) {
+            EXPECT_EQ(sheet.ColWidth(col), 2) << col;
+            EXPECT_TRUE(sheet.IsEmpty(0, col)) << col;
+        }
+        for (int col : c.wide) {
+            EXPECT_EQ(sheet.ColWidth(col), 300) << col;
+            EXPECT_FALSE(sheet.IsEmpty(0, col)) << col;
+        }
+    }
 }
 
 TEST(DigitClassSums, RowsFollowTheFileAndTheNextRowStaysEmpty) {
+    auto empty = Build("frmbxiaodahe", {});
+    EXPECT_EQ(empty.Rows(), 2);
+    EXPECT_EQ(testing::RowTexts(empty, 1, 0, empty.Cols() - 1), Texts(empty.Cols()));
+    EXPECT_EQ(empty.TopRow(), 1);
+
+    // Each row starts its sums afresh.
     auto sheet = Build("frmbjiouhe", Drawings({"135", "246", "000"}));
     EXPECT_EQ(sheet.Rows(), 5);
     EXPECT_EQ(sheet.Text(1, 0), " 2020001:135");
     EXPECT_EQ(sheet.Text(1, 7 + 9), "9");
     EXPECT_EQ(sheet.Text(2, 36 + 12), "12");
     EXPECT_EQ(sheet.Text(3, 7), "0");
-    for (int c = 0; c < sheet.Cols(); ++c)
-        EXPECT_TRUE(sheet.IsEmpty(4, c));
+    EXPECT_EQ(testing::RowTexts(sheet, 4, 0, sheet.Cols() - 1), Texts(sheet.Cols()));
     EXPECT_EQ(sheet.CurrentRow(), 4);
     EXPECT_EQ(sheet.TopRow(), 4);
 }

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <map>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -16,21 +16,26 @@ namespace {
 using testing::Build;
 using testing::Drawings;
 
-constexpr Rgb kClassBack = MakeRgb(158, 140, 255);
+constexpr Rgb kRed = colours::kHit;
+constexpr Rgb kViolet = MakeRgb(158, 140, 255);
 constexpr Rgb kMissFore = MakeRgb(188, 194, 182);
 
-// The written class cells of one row from column 18 on: column -> (text, back colour).
-std::map<int, std::pair<std::string, Rgb>> ClassCells(const ReportSheet& sheet, int row) {
-    std::map<int, std::pair<std::string, Rgb>> out;
-    for (int c = 18; c < sheet.Cols(); ++c)
-        if (!sheet.IsEmpty(row, c)) out[c] = {sheet.Text(row, c), sheet.BackColor(row, c)};
+// The written class cells of one row from column 18 on, in column order, as (text, back colour);
+// a class cell stands in the column that its text heads.
+std::vector<std::pair<std::string, Rgb>> ClassCells(const ReportSheet& sheet, int row) {
+    std::vector<std::pair<std::string, Rgb>> out;
+    for (int c = 18; c < sheet.Cols(); ++c) {
+        if (sheet.IsEmpty(row, c)) continue;
+        EXPECT_EQ(sheet.Text(row, c), sheet.Text(0, c)) << "column " << c;
+        out.emplace_back(sheet.Text(row, c), sheet.BackColor(row, c));
+    }
     return out;
 }
 
 struct ClassCase {
     const char* drawing;
     int doubleCol;  // -1: none
-    std::map<int, std::pair<std::string, Rgb>> classes;
+    std::vector<std::pair<std::string, Rgb>> classes;
 };
 
 // Each drawing alone in a file: its double cell (header text on red), "-Y-" and class cells.
@@ -51,15 +56,14 @@ void ExpectClasses(const char* object, std::span<const ClassCase> cases) {
 }
 
 TEST(ThreeWayBoxType, ClassesTheDoubleWithTheThirdDigit) {
-    const Rgb red = colours::kHit;
     const ClassCase cases[] = {
-        {"001", 8, {{21, {"3S", red}}, {24, {"2E1O", kClassBack}}, {30, {"2C1P", red}}}},
-        {"110", 9, {{21, {"3S", red}}, {25, {"2O1E", kClassBack}}, {29, {"2P1C", red}}}},
-        {"117", 9, {{19, {"2S1B", red}}, {27, {"3O", kClassBack}}, {31, {"3P", red}}}},
-        {"449", 12, {{19, {"2S1B", red}}, {24, {"2E1O", kClassBack}}, {32, {"3C", red}}}},
-        {"550", 13, {{20, {"2B1S", red}}, {25, {"2O1E", kClassBack}}, {29, {"2P1C", red}}}},
-        {"688", 16, {{22, {"3B", red}}, {26, {"3E", kClassBack}}, {32, {"3C", red}}}},
-        {"232", 10, {{21, {"3S", red}}, {24, {"2E1O", kClassBack}}, {31, {"3P", red}}}},
+        {"001", 8, {{"3S", kRed}, {"2E1O", kViolet}, {"2C1P", kRed}}},
+        {"110", 9, {{"3S", kRed}, {"2O1E", kViolet}, {"2P1C", kRed}}},
+        {"117", 9, {{"2S1B", kRed}, {"3O", kViolet}, {"3P", kRed}}},
+        {"449", 12, {{"2S1B", kRed}, {"2E1O", kViolet}, {"3C", kRed}}},
+        {"550", 13, {{"2B1S", kRed}, {"2O1E", kViolet}, {"2P1C", kRed}}},
+        {"688", 16, {{"3B", kRed}, {"3E", kViolet}, {"3C", kRed}}},
+        {"232", 10, {{"3S", kRed}, {"2E1O", kViolet}, {"3P", kRed}}},
         {"777", -1, {}},
         {"123", -1, {}},
     };
@@ -67,39 +71,13 @@ TEST(ThreeWayBoxType, ClassesTheDoubleWithTheThirdDigit) {
 }
 
 TEST(ThreeWayBoxTrend, ClassesTheDoubleAlone) {
-    const Rgb red = colours::kHit;
     const ClassCase cases[] = {
-        {"007",
-         8,
-         {{19, {"Small", red}},
-          {22, {"0Type", kClassBack}},
-          {26, {"Even", red}},
-          {29, {"Composite", kClassBack}}}},
-        {"110",
-         9,
-         {{19, {"Small", red}},
-          {23, {"1Type", kClassBack}},
-          {27, {"Odd", red}},
-          {30, {"Prime", kClassBack}}}},
-        {"011",
-         9,
-         {{19, {"Small", red}},
-          {23, {"1Type", kClassBack}},
-          {27, {"Odd", red}},
-          {30, {"Prime", kClassBack}}}},
+        {"007", 8, {{"Small", kRed}, {"0Type", kViolet}, {"Even", kRed}, {"Composite", kViolet}}},
+        {"110", 9, {{"Small", kRed}, {"1Type", kViolet}, {"Odd", kRed}, {"Prime", kViolet}}},
+        {"011", 9, {{"Small", kRed}, {"1Type", kViolet}, {"Odd", kRed}, {"Prime", kViolet}}},
         // 22 is 2Type by its digit although 22 leaves 1 by 3.
-        {"223",
-         10,
-         {{19, {"Small", red}},
-          {24, {"2Type", kClassBack}},
-          {26, {"Even", red}},
-          {30, {"Prime", kClassBack}}}},
-        {"998",
-         17,
-         {{20, {"Big", red}},
-          {22, {"0Type", kClassBack}},
-          {27, {"Odd", red}},
-          {29, {"Composite", kClassBack}}}},
+        {"223", 10, {{"Small", kRed}, {"2Type", kViolet}, {"Even", kRed}, {"Prime", kViolet}}},
+        {"998", 17, {{"Big", kRed}, {"0Type", kViolet}, {"Odd", kRed}, {"Composite", kViolet}}},
         {"555", -1, {}},
     };
     ExpectClasses("Form1zu3zh", cases);
@@ -109,9 +87,16 @@ TEST(ThreeWayBoxTrend, ClassesTheDoubleAlone) {
 const auto kHistory = Drawings({"001", "777", "110", "011", "123", "688", "550"});
 
 TEST(ThreeWayBoxDoubles, MissCountsAndMaxMissOfClosedRunsOnly) {
-    for (const char* object : {"frmzu3leixing2", "Form1zu3zh"}) {
+    const struct {
+        const char* object;
+        const char* label;
+        std::size_t labelsUnderTheSheet;
+    } reports[] = {{"frmzu3leixing2", "2020001:001", 1}, {"Form1zu3zh", " 2020001", 2}};
+    for (const auto& [object, label, labels] : reports) {
         SCOPED_TRACE(object);
         ReportSheet sheet = Build(object, kHistory);
+        EXPECT_EQ(sheet.Text(1, 0), label);
+        EXPECT_EQ(sheet.Labels().size(), labels);
         const int last = 7 + 4;
         ASSERT_EQ(sheet.Rows(), last + 1);
         EXPECT_EQ(sheet.Text(last, 0), "Max Miss");
@@ -147,18 +132,6 @@ TEST(ThreeWayBoxDoubles, DoubleClickCopiesTheClosedMissLengths) {
     ReportSheet type = Build("frmzu3leixing2", kHistory);
     EXPECT_EQ(ClosedMissLengths(type, 29), "\r\n\r\n");  // 2P1C on rows 3, 4 and 7
     EXPECT_EQ(ClosedMissLengths(type, 25), "");          // parity colour is not red
-}
-
-TEST(ThreeWayBoxDoubles, LabelColumnAndLabelsUnderTheSheet) {
-    ReportSheet type = Build("frmzu3leixing2", kHistory);
-    EXPECT_EQ(type.Text(1, 0), "2020001:001");
-    ASSERT_EQ(type.Labels().size(), 1u);
-    EXPECT_EQ(type.Labels()[0].back, MakeRgb(192, 192, 0));
-
-    ReportSheet trend = Build("Form1zu3zh", kHistory);
-    EXPECT_EQ(trend.Text(1, 0), " 2020001");
-    ASSERT_EQ(trend.Labels().size(), 2u);
-    EXPECT_EQ(trend.Labels()[1].text, "0Type:00,33,66,99;1Type:11,44,77;2Type:22,55,88.");
 }
 
 }  // namespace
