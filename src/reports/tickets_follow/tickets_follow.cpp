@@ -32,19 +32,20 @@ struct TicketList {
 };
 
 // What sets the reports of the family apart.
+// What sets one list report apart; the defaults are what most of them share.
 struct TicketsFollow {
     std::string_view title;
     int cols;
-    int fontDecipoints;  // 68: the 6.75 pt grid font, to the nearest tenth
-    HitTest hitTest;
-    std::string_view hitMarker;
-    int ticketWidth;
-    std::string_view groupHeader;
-    int groupWidth;
-    // The group column gets Miss numbers and statistic rows like a ticket.
-    bool groupFollowed;
-    AverageRule average;
     std::span<const TicketList> lists;
+    int fontDecipoints = 75;  // 68: the 6.75 pt grid font, to the nearest tenth
+    HitTest hitTest = HitTest::SharedDigits;
+    std::string_view hitMarker = "***";
+    int ticketWidth = 372;
+    std::string_view groupHeader = "Gather";
+    int groupWidth = 620;
+    // The group column gets Miss numbers and statistic rows like a ticket.
+    bool groupFollowed = true;
+    AverageRule average = AverageRule::DrawCountWhenNoHit;
 };
 
 constexpr std::string_view kSixteen[] = {"026", "045", "126", "145", "236", "245", "246", "256",
@@ -100,80 +101,43 @@ constexpr TicketList kEighteenLists[] = {{"A", kEighteenA}, {"B", kEighteenB}, {
 constexpr TicketsFollow kSixteenTickets = {
     .title = "16 Tickets follow",
     .cols = 22,
+    .lists = kSixteenLists,
     .fontDecipoints = 68,
-    .hitTest = HitTest::SharedDigits,
     .hitMarker = "*****",
     .ticketWidth = 496,
     .groupHeader = "",
     .groupWidth = 558,
-    .groupFollowed = true,
     .average = AverageRule::EmptyWhenNoHit,
-    .lists = kSixteenLists,
 };
 constexpr TicketsFollow kTwentySevenTickets = {
     .title = "27 Tickets follow",
     .cols = 33,
-    .fontDecipoints = 75,
-    .hitTest = HitTest::SharedDigits,
-    .hitMarker = "***",
-    .ticketWidth = 372,
-    .groupHeader = "Gather",
-    .groupWidth = 620,
-    .groupFollowed = true,
-    .average = AverageRule::EmptyWhenNoHit,
     .lists = kTwentySevenLists,
+    .average = AverageRule::EmptyWhenNoHit,
 };
 constexpr TicketsFollow kThirtyTicketsA = {
     .title = "30 Tickets follow A",
     .cols = 36,
-    .fontDecipoints = 75,
-    .hitTest = HitTest::SharedDigits,
-    .hitMarker = "***",
-    .ticketWidth = 372,
-    .groupHeader = "Gather",
-    .groupWidth = 620,
-    .groupFollowed = true,
-    .average = AverageRule::DrawCountWhenNoHit,
     .lists = kThirtyALists,
 };
 constexpr TicketsFollow kThirtyTicketsB = {
     .title = "30 Tickets follow B",
     .cols = 36,
-    .fontDecipoints = 75,
-    .hitTest = HitTest::SharedDigits,
-    .hitMarker = "***",
-    .ticketWidth = 372,
-    .groupHeader = "Gather",
-    .groupWidth = 620,
-    .groupFollowed = true,
-    .average = AverageRule::DrawCountWhenNoHit,
     .lists = kThirtyBLists,
 };
 constexpr TicketsFollow kFiftyTickets = {
     .title = "50 Tickets follow AB",
     .cols = 109,
-    .fontDecipoints = 75,
-    .hitTest = HitTest::WholeBoxNumber,
-    .hitMarker = "***",
-    .ticketWidth = 372,
-    .groupHeader = "Gather",
-    .groupWidth = 620,
-    .groupFollowed = false,
-    .average = AverageRule::DrawCountWhenNoHit,
     .lists = kFiftyLists,
+    .hitTest = HitTest::WholeBoxNumber,
+    .groupFollowed = false,
 };
 constexpr TicketsFollow kEighteenTickets = {
     .title = "18 Tickets follow ABC",
     .cols = 63,
-    .fontDecipoints = 75,
-    .hitTest = HitTest::WholeBoxNumber,
-    .hitMarker = "***",
-    .ticketWidth = 372,
-    .groupHeader = "Gather",
-    .groupWidth = 620,
-    .groupFollowed = false,
-    .average = AverageRule::DrawCountWhenNoHit,
     .lists = kEighteenLists,
+    .hitTest = HitTest::WholeBoxNumber,
+    .groupFollowed = false,
 };
 
 // The first column of each list, and one past the last ticket.
