@@ -14,7 +14,7 @@
 #include <QTimer>
 #include <cstdio>
 
-#include "data/editor/drawings_editor.h"
+#include "shell/drawings_editor.h"
 #include "platform/platform.h"
 #include "platform/twips.h"
 #include "shell/main_window.h"
