@@ -53,6 +53,11 @@ std::span<const ReportDefinition> DigitStraightReports();
 std::span<const ReportDefinition> RecommendedDigitReports();
 std::span<const ReportDefinition> PairReports();
 std::span<const ReportDefinition> SumWidthBoxReports();
+// Sum, Width and Box shape
+std::span<const ReportDefinition> SumLinesReports();
+std::span<const ReportDefinition> SumWidthTypeReports();
+std::span<const ReportDefinition> SumWidthRegionReports();
+std::span<const ReportDefinition> RecommendNumberSumReports();
 std::span<const ReportDefinition> EnquiryOtherReports();
 
 // The report built by `object`; nullptr when it is not built yet (or unknown).
