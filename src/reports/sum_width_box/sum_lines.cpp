@@ -63,14 +63,15 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     }
 
     // The traces come after the band, so a value at either end of the line shows the trace's
-    // colour. Each copies its value cell's text onto the line.
+    // colour. Each copies its value cell onto the line; both hold plain numbers, so the number
+    // is the text.
     for (int r = 1; r <= drawCount; ++r) {
-        const int sumCol = kFirstSumLineCol + sheet.CellNumber(r, kSumCol);
-        sheet.SetText(r, sumCol, sheet.Text(r, kSumCol));
-        sheet.SetBackColor(r, sumCol, kSumTrace);
-        const int unitsCol = kFirstUnitsLineCol + sheet.CellNumber(r, kSumUnitsCol);
-        sheet.SetText(r, unitsCol, sheet.Text(r, kSumUnitsCol));
-        sheet.SetBackColor(r, unitsCol, kUnitsTrace);
+        const short sum = sheet.CellNumber(r, kSumCol);
+        sheet.SetNumber(r, kFirstSumLineCol + sum, sum);
+        sheet.SetBackColor(r, kFirstSumLineCol + sum, kSumTrace);
+        const short units = sheet.CellNumber(r, kSumUnitsCol);
+        sheet.SetNumber(r, kFirstUnitsLineCol + units, units);
+        sheet.SetBackColor(r, kFirstUnitsLineCol + units, kUnitsTrace);
     }
 
     FinishLoad(sheet, "Sum-Sum Units");

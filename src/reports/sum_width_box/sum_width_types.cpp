@@ -81,12 +81,16 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
 
     // The pairs are whatever the header row says; blanks around either text do not count.
     std::vector<std::string> headers;
-    for (std::size_t i = 0; i < std::size(kTypes); ++i)
+    std::vector<std::string> trimmedHeaders;
+    for (std::size_t i = 0; i < std::size(kTypes); ++i) {
         headers.push_back(sheet.Text(0, kFirstTraceCol + static_cast<int>(i)));
+        trimmedHeaders.emplace_back(Trim(headers.back()));
+    }
     for (int r = 1; r <= drawCount; ++r) {
-        const std::string type = sheet.Text(r, kTypeCol);
+        const std::string text = sheet.Text(r, kTypeCol);
+        const std::string_view type = Trim(text);
         for (std::size_t i = 0; i < headers.size(); ++i) {
-            if (Trim(headers[i]) != Trim(type)) continue;
+            if (trimmedHeaders[i] != type) continue;
             const int col = kFirstTraceCol + static_cast<int>(i);
             sheet.SetText(r, col, headers[i]);
             sheet.SetBackColor(r, col, kTrace);
