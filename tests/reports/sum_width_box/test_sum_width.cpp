@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,21 +18,26 @@ using testing::RowTexts;
 using Texts = std::vector<std::string>;
 using Cols = std::vector<int>;
 
-// `count` columns of the same width.
-std::vector<int> Widths(int count, int twips) {
-    return std::vector<int>(static_cast<std::size_t>(count), twips);
+// Runs of widths; a negative number repeats the width after it that many times.
+std::vector<int> Widths(std::initializer_list<int> runs) {
+    std::vector<int> out;
+    std::size_t count = 1;
+    for (int w : runs) {
+        if (w < 0) {
+            count = static_cast<std::size_t>(-w);
+            continue;
+        }
+        out.insert(out.end(), count, w);
+        count = 1;
+    }
+    return out;
 }
-
-// Joins runs of widths or texts.
-template <typename T>
-std::vector<T> Join(std::initializer_list<std::vector<T>> parts) {
-    std::vector<T> out;
-    for (const auto& p : parts)
+Texts Join(std::initializer_list<Texts> parts) {
+    Texts out;
+    for (const Texts& p : parts)
         out.insert(out.end(), p.begin(), p.end());
     return out;
 }
-
-// The numbers `first` to `last` as header texts.
 Texts Numbers(int first, int last) {
     Texts out;
     for (int n = first; n <= last; ++n)
@@ -52,16 +56,13 @@ TEST(SumWidthReports, HeaderWidthsTitleAndRows) {
         Rgb mark;
     } layouts[] = {
         {"frmxingtai3dhe", "Sum-Sum Units",
-         Join<std::string>(
-             {{"", "H", "T", "U", "Sum", ""}, Numbers(0, 27), {"", "S U", ""}, Numbers(0, 9)}),
-         Join<int>(
-             {{1290, 300, 300, 300, 480, 60}, Widths(28, 300), {60, 480, 60}, Widths(10, 300)}),
-         4, 75, kDefaultColour},
+         Join({{"", "H", "T", "U", "Sum", ""}, Numbers(0, 27), {"", "S U", ""}, Numbers(0, 9)}),
+         Widths({1290, -3, 300, 480, 60, -28, 300, 60, 480, 60, -10, 300}), 4, 75, 0},
         {"frmhekualu",
          "Sum 012 Type&Width 012 Type",
          {"", "S", "W", "SW012Type", "", "00", "11", "22", "01", "02", "10", "12", "20", "21", "",
           "", ""},
-         Join<int>({{1204, 300, 300, 860, 40}, Widths(9, 300), {2, 2, 2}}),
+         Widths({1204, 300, 300, 860, 40, -9, 300, -3, 2}),
          5,
          83,
          MakeRgb(43, 145, 255)},
@@ -69,18 +70,18 @@ TEST(SumWidthReports, HeaderWidthsTitleAndRows) {
          "Sum Units Four Regions&Width Four Regions",
          {"",   "H",  "T",  "U",  "S",  "W",  "",   "11", "12", "13", "14", "21",
           "22", "23", "24", "31", "32", "33", "34", "41", "42", "43", "44"},
-         Join<int>({{1290}, Widths(5, 300), {60}, Widths(16, 480)}),
+         Widths({1290, -5, 300, 60, -16, 480}),
          8,
          75,
-         kDefaultColour},
+         0},
         {"frmhezhi4",
          "Recommend Number Sum-[Following 7 fixed sums]+[Following 4 fixed sums]",
          {"", "H", "T", "U", "S", "8", "10", "11", "13", "15", "16", "18", "Y/N", "", "12", "13",
           "14", "15", "Y/N"},
-         Join<int>({{1290}, Widths(11, 300), {688, 688}, Widths(4, 300), {688}}),
+         Widths({1290, -11, 300, 688, 688, -4, 300, 688}),
          4,
          75,
-         kDefaultColour},
+         0},
     };
     for (const auto& l : layouts) {
         SCOPED_TRACE(std::string(l.object));
@@ -96,53 +97,38 @@ TEST(SumWidthReports, HeaderWidthsTitleAndRows) {
         EXPECT_EQ(s.TopRow(), s.Rows() - 1);
         EXPECT_EQ(s.FontDecipoints(), l.fontDecipoints);
         EXPECT_EQ(FindReport(l.object)->markColour, l.mark);
-        // Nothing is recommended: the next drawing's row holds nothing at all.
+        // Nothing is recommended: the next drawing's row stays blank and uncoloured.
         EXPECT_EQ(RowTexts(s, 3, 0, s.Cols() - 1), Texts(l.header.size()));
         EXPECT_EQ(ColumnsColoured(s, 3, kDefaultColour).size(), l.header.size());
     }
 }
 
-// --- Sum-Sum Units -------------------------------------------------------------------------------
-
-constexpr int kSumLineZero = 6;  // the Sum line's column of Sum 0
-constexpr int kSumUnitsCol = 35;
-constexpr Rgb kSumTrace = MakeRgb(0, 206, 188);
-constexpr Rgb kUnitsTrace = MakeRgb(255, 194, 0);
-constexpr Rgb kBand = MakeRgb(255, 212, 255);
-
 TEST(SumLines, EachValueStandsOnItsLineOverTheBandedEnds) {
     const struct {
         std::string_view digits;
-        std::string sum;
-        std::string units;
-        int sumCol;
-        int unitsCol;
+        std::string sum, units;
+        int sumCol, unitsCol;
     } cases[] = {
-        {"000", "0", "0", 6, 37},                                // the trace wins over the band
-        {"999", "27", "7", 33, 44}, {"550", "10", "0", 16, 37},  // Sum 10: Sum Units 0
-        {"469", "19", "9", 25, 46}, {"578", "20", "0", 26, 37},
+        {"000", "0", "0", 6, 37},  // the trace wins over the band
+        {"999", "27", "7", 33, 44},
+        {"550", "10", "0", 16, 37},  // Sum 10 has Sum Units 0
     };
     const Cols ends = {6, 7, 8, 9, 10, 11, 12, 13, 26, 27, 28, 29, 30, 31, 32, 33};
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.digits));
         const ReportSheet s = Build("frmxingtai3dhe", Drawings({c.digits}));
-        EXPECT_EQ(s.Text(1, 4), c.sum);
-        EXPECT_EQ(s.Text(1, kSumUnitsCol), c.units);
-        Texts line(41);
-        line[static_cast<std::size_t>(c.sumCol - kSumLineZero)] = c.sum;
-        line[static_cast<std::size_t>(c.unitsCol - kSumLineZero)] = c.units;
-        line[static_cast<std::size_t>(kSumUnitsCol - kSumLineZero)] = c.units;
-        EXPECT_EQ(RowTexts(s, 1, kSumLineZero, 46), line);
-        EXPECT_EQ(ColumnsColoured(s, 1, kSumTrace), Cols{c.sumCol});
-        EXPECT_EQ(ColumnsColoured(s, 1, kUnitsTrace), Cols{c.unitsCol});
+        Texts row(47);  // from column 4 on, nothing but the two values and their traces
+        row[4] = row[static_cast<std::size_t>(c.sumCol)] = c.sum;
+        row[35] = row[static_cast<std::size_t>(c.unitsCol)] = c.units;
+        EXPECT_EQ(RowTexts(s, 1, 4, 46), Texts(row.begin() + 4, row.end()));
+        EXPECT_EQ(ColumnsColoured(s, 1, MakeRgb(0, 206, 188)), Cols{c.sumCol});
+        EXPECT_EQ(ColumnsColoured(s, 1, MakeRgb(255, 194, 0)), Cols{c.unitsCol});
         Cols band;
         for (int col : ends)
             if (col != c.sumCol) band.push_back(col);
-        EXPECT_EQ(ColumnsColoured(s, 1, kBand), band);
+        EXPECT_EQ(ColumnsColoured(s, 1, MakeRgb(255, 212, 255)), band);
     }
 }
-
-// --- Sum 012 Type & Width 012 Type -------------------------------------------------------------
 
 TEST(SumWidthTypes, SumWidthAndTheirTypeTracedOnce) {
     const struct {
@@ -150,125 +136,84 @@ TEST(SumWidthTypes, SumWidthAndTheirTypeTracedOnce) {
         Texts sumWidthType;
         int traceCol;
     } cases[] = {
-        {"000", {"0", "0", "00"}, 5},
-        {"999", {"27", "0", "00"}, 5},
-        {"123", {"6", "2", "02"}, 9},
-        {"321", {"6", "2", "02"}, 9},  // the drawn order is no matter
-        {"589", {"22", "4", "11"}, 6},
-        {"119", {"11", "8", "22"}, 7},
-        {"246", {"12", "4", "01"}, 8},
-        {"049", {"13", "9", "10"}, 10},
-        {"358", {"16", "5", "12"}, 11},
-        {"137", {"11", "6", "20"}, 12},
+        {"000", {"0", "0", "00"}, 5},   {"999", {"27", "0", "00"}, 5},
+        {"321", {"6", "2", "02"}, 9},   {"589", {"22", "4", "11"}, 6},
+        {"049", {"13", "9", "10"}, 10}, {"137", {"11", "6", "20"}, 12},
         {"266", {"14", "4", "21"}, 13},
     };
-    constexpr Rgb kTrace = MakeRgb(176, 188, 79);
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.digits));
         const ReportSheet s = Build("frmhekualu", Drawings({c.digits}));
-        EXPECT_EQ(RowTexts(s, 1, 1, 3), c.sumWidthType);
-        Texts trace(9);
-        trace[static_cast<std::size_t>(c.traceCol - 5)] = c.sumWidthType[2];
-        EXPECT_EQ(RowTexts(s, 1, 4, 13), Join<std::string>({{""}, trace}));
-        EXPECT_EQ(ColumnsColoured(s, 1, kTrace), Cols{c.traceCol});
+        Texts row = Join({c.sumWidthType, Texts(10)});
+        row[static_cast<std::size_t>(c.traceCol - 1)] = c.sumWidthType[2];
+        EXPECT_EQ(RowTexts(s, 1, 1, 13), row);
+        EXPECT_EQ(ColumnsColoured(s, 1, MakeRgb(176, 188, 79)), Cols{c.traceCol});
         EXPECT_EQ(RowTexts(s, 3, 0, 13), Texts(14));  // the row after the next drawing's too
     }
 }
 
-// --- Sum Units Four Regions & Width Four Regions -----------------------------------------------
-
-TEST(SumWidthRegions, EachDrawingMarksTheCellOfItsTwoRegions) {
-    const struct {
-        std::string_view digits;
-        Texts sumWidth;
-        int pairCol;
-    } cases[] = {
-        {"000", {"0", "0"}, 7},    // "11"
-        {"999", {"27", "0"}, 19},  // Sum Units 7, Width 0: "41"
-        {"049", {"13", "9"}, 14},  // "24"
-        {"550", {"10", "5"}, 9},   // Sum 10 takes Sum Units 0: "13"
-        {"123", {"6", "2"}, 15},   // "31"
-        {"437", {"14", "4"}, 12},  // "22"
-        {"069", {"15", "9"}, 18},  // "34"
-        {"089", {"17", "9"}, 22},  // "44"
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.digits));
-        const ReportSheet s = Build("frmhekuazonghe", Drawings({c.digits}));
-        EXPECT_EQ(RowTexts(s, 1, 4, 5), c.sumWidth);
-        EXPECT_EQ(ColumnsColoured(s, 1, colours::kSumWidth), Cols{4});
-        EXPECT_EQ(ColumnsColoured(s, 1, colours::kHit), Cols{c.pairCol});
-        EXPECT_EQ(s.Text(1, c.pairCol), ".");
-    }
-}
-
-TEST(SumWidthRegions, ThreeStatisticRowsUnderFourColouredOnes) {
-    // Columns 7 "11", 8 "12", 14 "24", 19 "41".
-    const ReportSheet s = Build("frmhekuazonghe", Drawings({"000", "049", "000", "999"}));
+// "11" is column 7, "12" 8, "24" 14, "41" 19.
+TEST(SumWidthRegions, RegionCellsMissNumbersAndThreeStatisticRowsUnderFourColouredOnes) {
+    const ReportSheet s = Build("frmhekuazonghe", Drawings({"000", "049", "550", "999"}));
     ASSERT_EQ(s.Rows(), 10);
     EXPECT_EQ(s.TopRow(), 9);
-    EXPECT_EQ(RowTexts(s, 1, 7, 8), (Texts{".", "1"}));
-    EXPECT_EQ(RowTexts(s, 4, 7, 8), (Texts{"1", "4"}));
-    const struct {
-        int col;
-        Texts rows;  // drawings 1 to 4, Amount, Max Miss, Current Miss, the empty fourth row
-    } columns[] = {
-        {7, {".", "1", ".", "1", "2", "1", "1", ""}},
+    // Sum 10 takes Sum Units 0 and Width 5 region "3": "13", column 9.
+    const Texts sumWidth[] = {{"0", "0"}, {"13", "9"}, {"10", "5"}, {"27", "0"}};
+    const int pairCols[] = {7, 14, 9, 19};
+    for (int r = 1; r <= 4; ++r) {
+        EXPECT_EQ(RowTexts(s, r, 4, 5), sumWidth[r - 1]) << r;
+        EXPECT_EQ(ColumnsColoured(s, r, colours::kHit), Cols{pairCols[r - 1]}) << r;
+    }
+    EXPECT_EQ(ColumnsColoured(s, 1, colours::kSumWidth), Cols{4});
+    // Per column: drawings 1 to 4, Amount, Max Miss, Current Miss, and no Average.
+    const std::pair<int, Texts> columns[] = {
+        {7, {".", "1", "2", "3", "1", "2", "3", ""}},
         {8, {"1", "2", "3", "4", "0", "3", "4", ""}},
         {14, {"1", ".", "1", "2", "1", "1", "2", ""}},
         {19, {"1", "2", "3", ".", "1", "3", "0", ""}},
     };
-    for (const auto& c : columns) {
+    for (const auto& [col, texts] : columns) {
         Texts rows;
-        for (int r = 1; r <= 4; ++r)
-            rows.push_back(s.Text(r, c.col));
-        for (int r = 6; r <= 9; ++r)
-            rows.push_back(s.Text(r, c.col));
-        EXPECT_EQ(rows, c.rows) << c.col;
+        for (int r : {1, 2, 3, 4, 6, 7, 8, 9})
+            rows.push_back(s.Text(r, col));
+        EXPECT_EQ(rows, texts) << col;
     }
     EXPECT_EQ(RowTexts(s, 5, 0, 22), Texts(23));
     EXPECT_EQ(RowTexts(s, 6, 0, 0), Texts{"Amount"});
-    EXPECT_EQ(RowTexts(s, 7, 0, 0), Texts{"Max Miss"});
     EXPECT_EQ(RowTexts(s, 8, 0, 0), Texts{"Current Miss"});
-    EXPECT_EQ(RowTexts(s, 9, 0, 22), Texts(23));  // no Average
-    Cols footer;
-    for (int c = 1; c <= 22; ++c)
-        footer.push_back(c);
+    EXPECT_EQ(RowTexts(s, 9, 0, 22), Texts(23));
     for (int r = 6; r <= 9; ++r) {
-        EXPECT_EQ(ColumnsColoured(s, r, colours::kStatisticBack), footer) << r;
-        EXPECT_EQ(s.ForeColor(r, 22), colours::kStatisticFore) << r;
+        EXPECT_EQ(ColumnsColoured(s, r, colours::kStatisticBack).size(), 22u) << r;
+        EXPECT_EQ(s.ForeColor(r, 1), colours::kStatisticFore) << r;
     }
     EXPECT_TRUE(ColumnsColoured(s, 5, colours::kStatisticBack).empty());
 }
 
-// --- Recommend Number Sum ----------------------------------------------------------------------
-
 TEST(RecommendNumberSum, EachListMarksTheDrawingsSum) {
     const struct {
         std::string_view digits;
+        std::string sum;
         Cols hitCols;  // first list 5 to 11, second 14 to 17
         Texts flags;   // columns 12 and 18
     } cases[] = {
-        {"049", {8, 15}, {"-Y-", "-Y-"}},  // Sum 13 stands in both lists
-        {"555", {9, 17}, {"-Y-", "-Y-"}},  // so does 15
-        {"008", {5}, {"-Y-", ""}},        {"990", {11}, {"-Y-", ""}}, {"345", {14}, {"", "-Y-"}},
-        {"932", {16}, {"", "-Y-"}},       {"423", {}, {"", ""}},  // Sum 9: neither
+        {"049", "13", {8, 15}, {"-Y-", "-Y-"}},  // Sum 13 stands in both lists
+        {"555", "15", {9, 17}, {"-Y-", "-Y-"}},  // so does 15
+        {"008", "8", {5}, {"-Y-", ""}},
+        {"345", "12", {14}, {"", "-Y-"}},
+        {"423", "9", {}, {"", ""}},  // neither: nothing after the Sum
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.digits));
         const ReportSheet s = Build("frmhezhi4", Drawings({c.digits}));
-        EXPECT_EQ((Texts{s.Text(1, 12), s.Text(1, 18)}), c.flags);
+        Texts row = Join({{c.sum}, Texts(14)});  // columns 4 to 18
+        for (int col : c.hitCols)
+            row[static_cast<std::size_t>(col - 4)] = c.sum;
+        row[8] = c.flags[0];
+        row[14] = c.flags[1];
+        EXPECT_EQ(RowTexts(s, 1, 4, 18), row);
         EXPECT_EQ(ColumnsColoured(s, 1, colours::kHit), c.hitCols);
         EXPECT_EQ(ColumnsColoured(s, 1, colours::kSumWidth), Cols{4});
-        for (int col = 5; col <= 17; ++col) {
-            if (col == 12) continue;
-            const bool hit = std::find(c.hitCols.begin(), c.hitCols.end(), col) != c.hitCols.end();
-            EXPECT_EQ(s.Text(1, col), hit ? s.Text(0, col) : "") << col;
-        }
     }
-    const ReportSheet s = Build("frmhezhi4", Drawings({"423"}));
-    EXPECT_EQ(RowTexts(s, 1, 0, 18),
-              Join<std::string>({{" 2020001:423", "4", "2", "3", "9"}, Texts(14)}));
 }
 
 }  // namespace
