@@ -76,7 +76,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
             sheet.SetText(0, list.firstCol + static_cast<int>(i), list.sums[i]);
         sheet.SetText(0, list.flagCol, "Y/N");
     }
-    FinishLoad(sheet, "Recommend Number Sum-[Following 7 fixed sums]+[Following 4 fixed sums]");
+    FinishLoad(sheet);
 
     for (const SumList& list : kLists)
         CheckList(sheet, list);
@@ -86,7 +86,10 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
 
 std::span<const ReportDefinition> RecommendNumberSumReports() {
     static constexpr ReportDefinition kReports[] = {
-        {.object = "frmhezhi4", .build = Build},
+        {.object = "frmhezhi4",
+         .title = "Recommend Number Sum-[Following 7 fixed sums]+[Following 4 fixed sums]",
+         .build = Build,
+         .help = HelpButton::Hidden},
     };
     return kReports;
 }

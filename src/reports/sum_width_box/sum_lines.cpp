@@ -74,14 +74,17 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         sheet.SetBackColor(r, kFirstUnitsLineCol + units, kUnitsTrace);
     }
 
-    FinishLoad(sheet, "Sum-Sum Units");
+    FinishLoad(sheet);
 }
 
 }  // namespace
 
 std::span<const ReportDefinition> SumLinesReports() {
     static constexpr ReportDefinition kReports[] = {
-        {.object = "frmxingtai3dhe", .build = Build},
+        {.object = "frmxingtai3dhe",
+         .title = "Sum-Sum Units",
+         .build = Build,
+         .help = HelpButton::Hidden},
     };
     return kReports;
 }

@@ -28,10 +28,8 @@ int PairColumn(char sumUnitsRegion, char widthRegion) {
 // rows are written but the colour covers a fourth, empty one.
 void AddPairStatistics(ReportSheet& sheet) {
     const int n = sheet.DrawCount();
-    sheet.SetVisible(false);
     AddMissStatistics(sheet, kFirstPairCol, kLastPairCol, kHitMarker);
     ColourStatisticRows(sheet, n + 5, kLastPairCol);
-    sheet.SetVisible(true);
 }
 
 void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
@@ -64,7 +62,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
             sheet.SetText(0, PairColumn(pair[0], pair[1]), std::string_view(pair, 2));
         }
     }
-    FinishLoad(sheet, "Sum Units Four Regions&Width Four Regions");
+    FinishLoad(sheet);
 
     // Sum Units is the last digit of the Sum as written, so a Sum of 10 falls in region "1".
     for (int r = 1; r <= drawCount; ++r) {
@@ -83,7 +81,9 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
 
 std::span<const ReportDefinition> SumWidthRegionReports() {
     static constexpr ReportDefinition kReports[] = {
-        {.object = "frmhekuazonghe", .build = Build},
+        {.object = "frmhekuazonghe",
+         .title = "Sum Units Four Regions&Width Four Regions",
+         .build = Build},
     };
     return kReports;
 }

@@ -35,7 +35,6 @@ constexpr Rgb kMark = MakeRgb(43, 145, 255);
 // written before the drawings are counted, and the sheet keeps one empty row after the next
 // drawing's row.
 void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    sheet.SetTitle("Sum 012 Type&Width 012 Type");
     sheet.SetFontDecipoints(kFontDecipoints);
     sheet.Resize(1, kCols);
     sheet.SetColWidth(0, 1204);
@@ -103,7 +102,11 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
 
 std::span<const ReportDefinition> SumWidthTypeReports() {
     static constexpr ReportDefinition kReports[] = {
-        {.object = "frmhekualu", .build = Build, .markColour = kMark},
+        {.object = "frmhekualu",
+         .title = "Sum 012 Type&Width 012 Type",
+         .build = Build,
+         .loadOrder = LoadOrder::DesignedCaption,
+         .markColour = kMark},
     };
     return kReports;
 }

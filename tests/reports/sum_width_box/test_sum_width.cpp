@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
+#include "reports/command_table.h"
 #include "reports/report_registry.h"
 #include "support/test_support.h"
 
@@ -45,7 +46,7 @@ Texts Numbers(int first, int last) {
     return out;
 }
 
-TEST(SumWidthReports, HeaderWidthsTitleAndRows) {
+TEST(SumWidthReports, HeaderWidthsTitleAndWindow) {
     const struct {
         std::string_view object;
         std::string title;
@@ -54,10 +55,13 @@ TEST(SumWidthReports, HeaderWidthsTitleAndRows) {
         int rowsForTwoDrawings;
         int fontDecipoints;
         Rgb mark;
+        LoadOrder loadOrder;
+        std::string_view helpPage;  // empty: no Help button shown
     } layouts[] = {
         {"frmxingtai3dhe", "Sum-Sum Units",
          Join({{"", "H", "T", "U", "Sum", ""}, Numbers(0, 27), {"", "S U", ""}, Numbers(0, 9)}),
-         Widths({1290, -3, 300, 480, 60, -28, 300, 60, 480, 60, -10, 300}), 4, 75, 0},
+         Widths({1290, -3, 300, 480, 60, -28, 300, 60, 480, 60, -10, 300}), 4, 75, 0,
+         LoadOrder::ShowsLoading, ""},
         {"frmhekualu",
          "Sum 012 Type&Width 012 Type",
          {"", "S", "W", "SW012Type", "", "00", "11", "22", "01", "02", "10", "12", "20", "21", "",
@@ -65,7 +69,9 @@ TEST(SumWidthReports, HeaderWidthsTitleAndRows) {
          Widths({1204, 300, 300, 860, 40, -9, 300, -3, 2}),
          5,
          83,
-         MakeRgb(43, 145, 255)},
+         MakeRgb(43, 145, 255),
+         LoadOrder::DesignedCaption,
+         "Sum_012_Type-Width_012_Type"},
         {"frmhekuazonghe",
          "Sum Units Four Regions&Width Four Regions",
          {"",   "H",  "T",  "U",  "S",  "W",  "",   "11", "12", "13", "14", "21",
@@ -73,7 +79,9 @@ TEST(SumWidthReports, HeaderWidthsTitleAndRows) {
          Widths({1290, -5, 300, 60, -16, 480}),
          8,
          75,
-         0},
+         0,
+         LoadOrder::ShowsLoading,
+         "Sum_Units_Four_Region-Width_Four_Region"},
         {"frmhezhi4",
          "Recommend Number Sum-[Following 7 fixed sums]+[Following 4 fixed sums]",
          {"", "H", "T", "U", "S", "8", "10", "11", "13", "15", "16", "18", "Y/N", "", "12", "13",
@@ -81,7 +89,9 @@ TEST(SumWidthReports, HeaderWidthsTitleAndRows) {
          Widths({1290, -11, 300, 688, 688, -4, 300, 688}),
          4,
          75,
-         0},
+         0,
+         LoadOrder::ShowsLoading,
+         ""},
     };
     for (const auto& l : layouts) {
         SCOPED_TRACE(std::string(l.object));
@@ -96,7 +106,12 @@ TEST(SumWidthReports, HeaderWidthsTitleAndRows) {
         EXPECT_EQ(s.Rows(), l.rowsForTwoDrawings);
         EXPECT_EQ(s.TopRow(), s.Rows() - 1);
         EXPECT_EQ(s.FontDecipoints(), l.fontDecipoints);
-        EXPECT_EQ(FindReport(l.object)->markColour, l.mark);
+        const ReportDefinition& def = *FindReport(l.object);
+        EXPECT_EQ(def.markColour, l.mark);
+        EXPECT_EQ(def.loadOrder, l.loadOrder);
+        const HelpButtonState help = HelpButtonOf(def, FindCommand(l.object)->helpPage);
+        EXPECT_EQ(help.shown, !l.helpPage.empty());
+        EXPECT_EQ(help.page, l.helpPage);
         // Nothing is recommended: the next drawing's row stays blank and uncoloured.
         EXPECT_EQ(RowTexts(s, 3, 0, s.Cols() - 1), Texts(l.header.size()));
         EXPECT_EQ(ColumnsColoured(s, 3, kDefaultColour).size(), l.header.size());
