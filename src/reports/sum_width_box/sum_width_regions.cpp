@@ -23,9 +23,10 @@ int PairColumn(char sumUnitsRegion, char widthRegion) {
     return kFirstPairCol + kRegions * (sumUnitsRegion - '1') + (widthRegion - '1');
 }
 
-// The statistics under the pair columns. They are the frame's statistic rows less Average: the
-// sheet already holds the rows for them, so its size and scroll stay as they are, and the three
-// rows are written but the colour covers a fourth, empty one.
+// The statistics under the pair columns: Amount, Max Miss and Current Miss as AddStatisticRows
+// writes them, with these differences: there is no Average row; Rows stays as it is (the sheet
+// was sized for the footer at load) and the view does not scroll again; and the colour covers
+// four rows, so the empty row under Current Miss is coloured too.
 void AddPairStatistics(ReportSheet& sheet) {
     const int n = sheet.DrawCount();
     AddMissStatistics(sheet, kFirstPairCol, kLastPairCol, kHitMarker);
