@@ -21,6 +21,10 @@ std::span<const ReportFamily> ReportFamilies() {
         ShapeReports,
         Recommend320StraightReports,
         RecommendTundredTenUnitsReports,
+        SumLinesReports,
+        SumWidthTypeReports,
+        SumWidthRegionReports,
+        RecommendNumberSumReports,
         DigitClassSumReports,
     };
     return kFamilies;

@@ -117,6 +117,11 @@ std::span<const ReportDefinition> PairOperationUnitsReports();
 std::span<const ReportDefinition> ShapeReports();
 std::span<const ReportDefinition> Recommend320StraightReports();
 std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
+// Subsystem 10
+std::span<const ReportDefinition> SumLinesReports();
+std::span<const ReportDefinition> SumWidthTypeReports();
+std::span<const ReportDefinition> SumWidthRegionReports();
+std::span<const ReportDefinition> RecommendNumberSumReports();
 // Subsystem 11
 std::span<const ReportDefinition> DigitClassSumReports();
 
