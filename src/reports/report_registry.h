@@ -51,6 +51,9 @@ std::span<const ReportDefinition> TicketsFollowReports();
 std::span<const ReportDefinition> DigitSetReports();
 std::span<const ReportDefinition> DigitStraightReports();
 std::span<const ReportDefinition> RecommendedDigitReports();
+// Recommended digit reports.
+std::span<const ReportDefinition> DigitFormulaReports();
+std::span<const ReportDefinition> RecommendOneDigitReports();
 std::span<const ReportDefinition> PairReports();
 std::span<const ReportDefinition> SumWidthBoxReports();
 std::span<const ReportDefinition> EnquiryOtherReports();

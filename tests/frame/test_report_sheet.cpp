@@ -50,6 +50,19 @@ TEST(ReportSheet, WritesOutsideTheSheetAreIgnoredAndReadsAreEmpty) {
             EXPECT_TRUE(sheet.IsEmpty(r, c));
 }
 
+TEST(ReportSheet, OneTextIntoSeveralCellsOfARow) {
+    ReportSheet sheet(2, 4);
+    const int cols[] = {-1, 1, 3, 4};
+    sheet.SetText(1, cols, "$");
+    sheet.SetText(1, std::span<const int>(cols).first(1), "x");
+    sheet.SetText(2, cols, "x");
+    const int numberCols[] = {2};
+    sheet.SetText(0, numberCols, "12");
+    EXPECT_EQ(RowTexts(sheet, 1, 0, 3), (std::vector<std::string>{"", "$", "", "$"}));
+    EXPECT_TRUE(sheet.TextIs(0, 2, "12"));
+    EXPECT_EQ(sheet.CellNumber(0, 2), 12);
+}
+
 TEST(ReportSheet, ResizingKeepsWhatFits) {
     ReportSheet sheet(3, 3);
     sheet.SetText(1, 1, "a");
@@ -95,7 +108,8 @@ TEST(TextPool, EachTextOnceAndViewsSurviveGrowth) {
     const std::string longText(40000, 'x');
     std::uint32_t first = pool.Intern(" 2020001:123");
     std::uint32_t big = pool.Intern(longText);
-    for (int i = 0; i < 5000; ++i) pool.Intern("label " + std::to_string(i));
+    for (int i = 0; i < 5000; ++i)
+        pool.Intern("label " + std::to_string(i));
     EXPECT_EQ(pool.Intern(" 2020001:123"), first);
     EXPECT_EQ(pool.Intern("label 17"), pool.Intern(std::string("label 17")));
     EXPECT_EQ(pool.Size(), 5002u);
