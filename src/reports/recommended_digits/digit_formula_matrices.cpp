@@ -33,7 +33,6 @@ struct ColumnWidth {
 
 // What sets one matrix apart.
 struct DigitSetMatrix {
-    std::string_view title;
     // The sets in column order from column 5; an empty text is a divider column. No sets: every
     // set of `setSize` distinct digits, in ascending order of their texts.
     std::span<const std::string_view> sets = {};
@@ -62,48 +61,40 @@ constexpr Markers kNone = {.none = " 0", .one = "", .more = ""};
 constexpr Markers kAny = {.none = "", .one = "$", .more = "$"};
 
 constexpr DigitSetMatrix kTwoOfThreeFormula = {
-    .title = "Other recommend digits-[2/3 formula]",
     .sets = kTwoOfThreeSets,
     .markers = kOneOrMore,
     .noteHeader = "Y/N",
     .noteMarker = "   -Y-",
 };
 constexpr DigitSetMatrix kSerial = {
-    .title = "Other recommend digits-[Serial]",
     .sets = kSerialSets,
     .otherWidths = kSerialWidths,
     .markers = kOneOrMore,
 };
 constexpr DigitSetMatrix kTwoFromThree = {
-    .title = "2 digits from 3 digits",
     .setSize = 3,
     .markers = kTwoOrMore,
 };
 constexpr DigitSetMatrix kTwoFromFour = {
-    .title = "2 digits from 4 digits",
     .setSize = 4,
     .setWidth = 480,
     .markers = kTwoOrMore,
 };
 constexpr DigitSetMatrix kNoneFromThree = {
-    .title = "0 digits from 3 digits",
     .setSize = 3,
     .markers = kNone,
 };
 constexpr DigitSetMatrix kNoneFromFour = {
-    .title = "0 digits from 4 digits",
     .setSize = 4,
     .setWidth = 480,
     .markers = kNone,
 };
 constexpr DigitSetMatrix kOneTwoFromTwo = {
-    .title = "1-2 digits from 2 digits",
     .setSize = 2,
     .setWidth = 300,
     .markers = kOneOrMore,
 };
 constexpr DigitSetMatrix kAnyFromThree = {
-    .title = "1-3 digits from 3 digits",
     .setSize = 3,
     .markers = kAny,
 };
@@ -191,7 +182,7 @@ void Build(const DigitSetMatrix& report, std::span<const DrawRecord> drawings, R
     for (std::size_t i = 0; i < sets.size(); ++i)
         sheet.SetText(0, kFirstSetCol + static_cast<int>(i), sets[i]);
     sheet.SetText(0, noteCol, report.noteHeader);
-    FinishLoad(sheet, std::string(report.title));
+    FinishLoad(sheet);
 
     // The sets are what the header row says; a column with an empty header is a divider.
     struct SetColumn {
@@ -247,27 +238,29 @@ void Build(const DigitSetMatrix& report, std::span<const DrawRecord> drawings, R
 std::span<const ReportDefinition> DigitFormulaReports() {
     static constexpr ReportDefinition kReports[] = {
         {.object = "frmz3b2",
-         .build = [](std::span<const DrawRecord> d,
-                     ReportSheet& s) { Build(kTwoOfThreeFormula, d, s); }},
+         .title = "Other recommend digits-[2/3 formula]",
+         .build = BuildMember<Build, kTwoOfThreeFormula>},
         {.object = "frmdanma3",
-         .build = [](std::span<const DrawRecord> d, ReportSheet& s) { Build(kSerial, d, s); }},
+         .title = "Other recommend digits-[Serial]",
+         .build = BuildMember<Build, kSerial>},
         {.object = "frmdanma3c2",
-         .build = [](std::span<const DrawRecord> d,
-                     ReportSheet& s) { Build(kTwoFromThree, d, s); }},
+         .title = "2 digits from 3 digits",
+         .build = BuildMember<Build, kTwoFromThree>},
         {.object = "frmdanma4",
-         .build = [](std::span<const DrawRecord> d, ReportSheet& s) { Build(kTwoFromFour, d, s); }},
+         .title = "2 digits from 4 digits",
+         .build = BuildMember<Build, kTwoFromFour>},
         {.object = "frmdanma30",
-         .build = [](std::span<const DrawRecord> d,
-                     ReportSheet& s) { Build(kNoneFromThree, d, s); }},
+         .title = "0 digits from 3 digits",
+         .build = BuildMember<Build, kNoneFromThree>},
         {.object = "frmdanma40",
-         .build = [](std::span<const DrawRecord> d,
-                     ReportSheet& s) { Build(kNoneFromFour, d, s); }},
+         .title = "0 digits from 4 digits",
+         .build = BuildMember<Build, kNoneFromFour>},
         {.object = "frmdanma212",
-         .build = [](std::span<const DrawRecord> d,
-                     ReportSheet& s) { Build(kOneTwoFromTwo, d, s); }},
+         .title = "1-2 digits from 2 digits",
+         .build = BuildMember<Build, kOneTwoFromTwo>},
         {.object = "frmdanma313",
-         .build = [](std::span<const DrawRecord> d,
-                     ReportSheet& s) { Build(kAnyFromThree, d, s); }},
+         .title = "1-3 digits from 3 digits",
+         .build = BuildMember<Build, kAnyFromThree>},
     };
     return kReports;
 }

@@ -25,15 +25,8 @@ enum class Method {
     HundredsTable,
 };
 
-struct OneDigitForecast {
-    std::string_view title;
-    Method method;
-};
-
-constexpr OneDigitForecast kWeightedSum = {.title = "Recommend 1 digit[1]",
-                                           .method = Method::WeightedSum};
-constexpr OneDigitForecast kHundredsTable = {.title = "Recommend 1 digit[2]",
-                                             .method = Method::HundredsTable};
+constexpr Method kWeightedSum = Method::WeightedSum;
+constexpr Method kHundredsTable = Method::HundredsTable;
 
 // How many digits of a drawing are the forecast, as the number-to-text rule writes them.
 constexpr std::string_view kDrawnCounts[] = {" 0", " 1", " 2", " 3"};
@@ -97,8 +90,7 @@ void ForecastByHundredsTable(ReportSheet& sheet) {
     }
 }
 
-void Build(const OneDigitForecast& report, std::span<const DrawRecord> drawings,
-           ReportSheet& sheet) {
+void Build(Method method, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.SetCols(7);
     sheet.SetColWidth(0, 1290);
     for (int c = 1; c <= 3; ++c)
@@ -116,9 +108,9 @@ void Build(const OneDigitForecast& report, std::span<const DrawRecord> drawings,
     sheet.SetText(0, 3, "U");
     sheet.SetText(0, kForecastCol, "1 digit");
     sheet.SetText(0, kJudgementCol, "Y/N");
-    FinishLoad(sheet, std::string(report.title));
+    FinishLoad(sheet);
 
-    if (report.method == Method::WeightedSum)
+    if (method == Method::WeightedSum)
         ForecastByWeightedSum(sheet, drawings);
     else
         ForecastByHundredsTable(sheet);
@@ -129,10 +121,11 @@ void Build(const OneDigitForecast& report, std::span<const DrawRecord> drawings,
 std::span<const ReportDefinition> RecommendOneDigitReports() {
     static constexpr ReportDefinition kReports[] = {
         {.object = "frmzonghe",
-         .build = [](std::span<const DrawRecord> d, ReportSheet& s) { Build(kWeightedSum, d, s); }},
+         .title = "Recommend 1 digit[1]",
+         .build = BuildMember<Build, kWeightedSum>},
         {.object = "frmtongsha1ma",
-         .build = [](std::span<const DrawRecord> d,
-                     ReportSheet& s) { Build(kHundredsTable, d, s); }},
+         .title = "Recommend 1 digit[2]",
+         .build = BuildMember<Build, kHundredsTable>},
     };
     return kReports;
 }
