@@ -151,6 +151,71 @@ int MatchingCharacters(const DigitTally& set, const DigitTally& drawn) {
     return k;
 }
 
+// Marks the rows of a matrix: the sets are read back from the header row once, each row's
+// drawn digits from its store cell.
+class RowMarker {
+public:
+    RowMarker(const DigitSetMatrix& report, ReportSheet& sheet, int lastSetCol, int noteCol)
+        : sheet_(sheet),
+          markers_{report.markers.none, report.markers.one, report.markers.more},
+          noteCol_(noteCol),
+          noteMarker_(report.noteMarker) {
+        // A column with an empty header is a divider.
+        for (int c = kFirstSetCol; c <= lastSetCol; ++c)
+            if (!sheet.IsEmpty(0, c)) columns_.push_back({c, Tally(sheet.Text(0, c))});
+        scored_.fill(-1);
+    }
+
+    void Mark(int row) {
+        const DigitTally drawn = Tally(sheet_.Text(row, kDistinctCol));
+        RowMarks unusual;
+        const RowMarks* marks = &unusual;
+        if (drawn.repeats) {
+            unusual = Score(drawn);
+        } else {
+            int& index = scored_[drawn.mask];
+            if (index < 0) {
+                index = static_cast<int>(rowMarks_.size());
+                rowMarks_.push_back(Score(drawn));
+            }
+            marks = &rowMarks_[static_cast<std::size_t>(index)];
+        }
+        for (std::size_t k = 0; k < 3; ++k)
+            if (!markers_[k].empty()) sheet_.SetText(row, marks->cols[k], markers_[k]);
+        if (marks->note) sheet_.SetText(row, noteCol_, noteMarker_);
+    }
+
+private:
+    struct SetColumn {
+        int col;
+        DigitTally digits;
+    };
+    struct RowMarks {
+        std::array<std::vector<int>, 3> cols;  // the set columns where k is 0, 1, 2 or more
+        bool note = false;
+    };
+
+    RowMarks Score(const DigitTally& drawn) const {
+        RowMarks marks;
+        for (const SetColumn& set : columns_) {
+            const int k = MatchingCharacters(set.digits, drawn);
+            marks.cols[static_cast<std::size_t>(std::min(k, 2))].push_back(set.col);
+            marks.note = marks.note || k >= 2;
+        }
+        return marks;
+    }
+
+    ReportSheet& sheet_;
+    std::array<std::string_view, 3> markers_;
+    int noteCol_;
+    std::string_view noteMarker_;
+    std::vector<SetColumn> columns_;
+    // A row's markers depend only on its drawn digits, so each set of digits is scored once, by
+    // its mask; malformed texts that repeat a digit are scored where they occur.
+    std::array<int, 1024> scored_;  // index into rowMarks_, -1: not scored yet
+    std::vector<RowMarks> rowMarks_;
+};
+
 void Build(const DigitSetMatrix& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const std::vector<std::string> generated =
         report.sets.empty() ? AllSets(report.setSize) : std::vector<std::string>{};
@@ -171,66 +236,23 @@ void Build(const DigitSetMatrix& report, std::span<const DrawRecord> drawings, R
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
-    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        SortDigits(digits);
-        sheet.SetText(row, kDistinctCol, DistinctDigits(digits));
-    });
-
     sheet.SetText(0, 1, "H");
     sheet.SetText(0, 2, "T");
     sheet.SetText(0, 3, "U");
     for (std::size_t i = 0; i < sets.size(); ++i)
         sheet.SetText(0, kFirstSetCol + static_cast<int>(i), sets[i]);
     sheet.SetText(0, noteCol, report.noteHeader);
+
+    // A row's markers depend on nothing but the header and the row's own digits, so each row is
+    // marked as soon as its digits are in, while its cells are still at hand: on the widest
+    // sheets a second walk over the rows would fetch every row from memory again.
+    RowMarker marker(report, sheet, lastSetCol, noteCol);
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        SortDigits(digits);
+        sheet.SetText(row, kDistinctCol, DistinctDigits(digits));
+        marker.Mark(row);
+    });
     FinishLoad(sheet);
-
-    // The sets are what the header row says; a column with an empty header is a divider.
-    struct SetColumn {
-        int col;
-        DigitTally digits;
-    };
-    std::vector<SetColumn> columns;
-    for (int c = kFirstSetCol; c <= lastSetCol; ++c)
-        if (!sheet.IsEmpty(0, c)) columns.push_back({c, Tally(sheet.Text(0, c))});
-
-    // The markers of a row depend only on the drawn digits, so each set of digits is scored
-    // against the sets once; malformed texts that repeat a digit are scored where they occur.
-    struct RowMarks {
-        std::array<std::vector<int>, 3> cols;  // the set columns where k is 0, 1, 2 or more
-        bool note = false;
-    };
-    auto score = [&](const DigitTally& drawn) {
-        RowMarks marks;
-        for (const SetColumn& set : columns) {
-            const int k = MatchingCharacters(set.digits, drawn);
-            marks.cols[static_cast<std::size_t>(std::min(k, 2))].push_back(set.col);
-            marks.note = marks.note || k >= 2;
-        }
-        return marks;
-    };
-    const std::array<std::string_view, 3> markers = {report.markers.none, report.markers.one,
-                                                     report.markers.more};
-    std::array<int, 1024> scored;  // by mask of drawn digits: index into `rowMarks`, -1 none
-    scored.fill(-1);
-    std::vector<RowMarks> rowMarks;
-    for (int r = 1; r <= drawCount; ++r) {
-        const DigitTally drawn = Tally(sheet.Text(r, kDistinctCol));
-        RowMarks unusual;
-        const RowMarks* marks = &unusual;
-        if (drawn.repeats) {
-            unusual = score(drawn);
-        } else {
-            int& index = scored[drawn.mask];
-            if (index < 0) {
-                index = static_cast<int>(rowMarks.size());
-                rowMarks.push_back(score(drawn));
-            }
-            marks = &rowMarks[static_cast<std::size_t>(index)];
-        }
-        for (std::size_t k = 0; k < 3; ++k)
-            if (!markers[k].empty()) sheet.SetText(r, marks->cols[k], markers[k]);
-        if (marks->note) sheet.SetText(r, noteCol, report.noteMarker);
-    }
 }
 
 }  // namespace
