@@ -21,6 +21,8 @@ std::span<const ReportFamily> ReportFamilies() {
         ShapeReports,
         Recommend320StraightReports,
         RecommendTundredTenUnitsReports,
+        DigitFormulaReports,
+        RecommendOneDigitReports,
         SumLinesReports,
         SumWidthTypeReports,
         SumWidthRegionReports,

@@ -117,6 +117,9 @@ std::span<const ReportDefinition> PairOperationUnitsReports();
 std::span<const ReportDefinition> ShapeReports();
 std::span<const ReportDefinition> Recommend320StraightReports();
 std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
+// Subsystem 8
+std::span<const ReportDefinition> DigitFormulaReports();
+std::span<const ReportDefinition> RecommendOneDigitReports();
 // Subsystem 10
 std::span<const ReportDefinition> SumLinesReports();
 std::span<const ReportDefinition> SumWidthTypeReports();
