@@ -21,6 +21,10 @@ std::span<const ReportFamily> ReportFamilies() {
         ShapeReports,
         Recommend320StraightReports,
         RecommendTundredTenUnitsReports,
+        PairsChartReports,
+        BoxNumberPairReports,
+        FixedPairListReports,
+        InheritTwoDigitsReports,
         DigitClassSumReports,
     };
     return kFamilies;

@@ -117,6 +117,11 @@ std::span<const ReportDefinition> PairOperationUnitsReports();
 std::span<const ReportDefinition> ShapeReports();
 std::span<const ReportDefinition> Recommend320StraightReports();
 std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
+// Subsystem 9
+std::span<const ReportDefinition> PairsChartReports();
+std::span<const ReportDefinition> BoxNumberPairReports();
+std::span<const ReportDefinition> FixedPairListReports();
+std::span<const ReportDefinition> InheritTwoDigitsReports();
 // Subsystem 11
 std::span<const ReportDefinition> DigitClassSumReports();
 
