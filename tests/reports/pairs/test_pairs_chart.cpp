@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "reports/pairs/layout_checks.h"
+#include "reports/pairs/pair_text.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -30,6 +31,14 @@ constexpr int kPair25 = 25;
 constexpr int kPair27 = 27;
 constexpr int kPair57 = 42;
 constexpr int kPair89 = 50;
+
+// A pair is unordered: either order of its digits gives one text, the smaller digit first.
+TEST(PairText, PutsTheSmallerDigitFirst) {
+    EXPECT_EQ(PairText(7, 2), "27");
+    EXPECT_EQ(PairText(2, 7), "27");
+    EXPECT_EQ(PairText(9, 0), "09");
+    EXPECT_EQ(PairText(5, 5), "55");
+}
 
 TEST(PairsChart, Layout) {
     ReportSheet sheet = Build("frm3dliangma", {});
