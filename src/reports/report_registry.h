@@ -120,6 +120,11 @@ std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
 // Subsystem 8
 std::span<const ReportDefinition> DigitFormulaReports();
 std::span<const ReportDefinition> RecommendOneDigitReports();
+// Subsystem 9
+std::span<const ReportDefinition> PairsChartReports();
+std::span<const ReportDefinition> BoxNumberPairReports();
+std::span<const ReportDefinition> FixedPairListReports();
+std::span<const ReportDefinition> InheritTwoDigitsReports();
 // Subsystem 10
 std::span<const ReportDefinition> SumLinesReports();
 std::span<const ReportDefinition> SumWidthTypeReports();
