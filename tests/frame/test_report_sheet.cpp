@@ -64,7 +64,7 @@ TEST(ReportSheet, ResizingKeepsWhatFits) {
     sheet.Resize(4, 2);
     EXPECT_EQ(sheet.Text(1, 1), "a");
     EXPECT_TRUE(sheet.IsEmpty(2, 1));  // row 2 was cut away and comes back empty
-    EXPECT_EQ((sheet.SetRowHeights()), (std::vector<std::pair<int, int>>{{1, 2}}));
+    EXPECT_EQ((sheet.ExplicitRowHeights()), (std::vector<std::pair<int, int>>{{1, 2}}));
 }
 
 TEST(ReportSheet, TheLargestSheetStaysCompact) {
