@@ -21,6 +21,10 @@ std::span<const ReportFamily> ReportFamilies() {
         ShapeReports,
         Recommend320StraightReports,
         RecommendTundredTenUnitsReports,
+        BoxNumberShapeReports,
+        BoxSmallMiddleLargeReports,
+        FourModelsReports,
+        AdditionMultiplicationReports,
         DigitClassSumReports,
     };
     return kFamilies;

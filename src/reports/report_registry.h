@@ -117,6 +117,11 @@ std::span<const ReportDefinition> PairOperationUnitsReports();
 std::span<const ReportDefinition> ShapeReports();
 std::span<const ReportDefinition> Recommend320StraightReports();
 std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
+// Subsystem 10
+std::span<const ReportDefinition> BoxNumberShapeReports();
+std::span<const ReportDefinition> BoxSmallMiddleLargeReports();
+std::span<const ReportDefinition> FourModelsReports();
+std::span<const ReportDefinition> AdditionMultiplicationReports();
 // Subsystem 11
 std::span<const ReportDefinition> DigitClassSumReports();
 
