@@ -67,6 +67,8 @@ public:
             SetText(row, col, std::to_string(value));
     }
     std::string Text(int row, int col) const;
+    // Makes room for `count` different texts in all (numbers do not count).
+    void ReserveTexts(std::size_t count) { pool_.Reserve(count); }
     bool IsEmpty(int row, int col) const { return Handle(row, col) == 0; }
     // True when the cell's text is exactly `text`.
     bool TextIs(int row, int col, std::string_view text) const {

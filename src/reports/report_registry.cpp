@@ -31,6 +31,10 @@ std::span<const ReportFamily> ReportFamilies() {
         SumWidthTypeReports,
         SumWidthRegionReports,
         RecommendNumberSumReports,
+        BoxNumberShapeReports,
+        BoxSmallMiddleLargeReports,
+        FourModelsReports,
+        AdditionMultiplicationReports,
         DigitClassSumReports,
     };
     return kFamilies;

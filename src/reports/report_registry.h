@@ -130,6 +130,10 @@ std::span<const ReportDefinition> SumLinesReports();
 std::span<const ReportDefinition> SumWidthTypeReports();
 std::span<const ReportDefinition> SumWidthRegionReports();
 std::span<const ReportDefinition> RecommendNumberSumReports();
+std::span<const ReportDefinition> BoxNumberShapeReports();
+std::span<const ReportDefinition> BoxSmallMiddleLargeReports();
+std::span<const ReportDefinition> FourModelsReports();
+std::span<const ReportDefinition> AdditionMultiplicationReports();
 // Subsystem 11
 std::span<const ReportDefinition> DigitClassSumReports();
 

@@ -120,5 +120,44 @@ TEST(TextPool, EachTextOnceAndViewsSurviveGrowth) {
     EXPECT_EQ(moved.View(first), " 2020001:123");
 }
 
+// Short texts are looked up apart from the rest; many of them share places there and still
+// keep one handle each.
+TEST(TextPool, ShortTextsKeepOneHandleEach) {
+    TextPool pool;
+    std::vector<std::string> texts = {"E", "O", "2E", "E2", "H"};
+    for (int i = 0; i < 1000; ++i)
+        texts.push_back(std::string(1, static_cast<char>('0' + i / 100)) +
+                        static_cast<char>('0' + i / 10 % 10) + static_cast<char>('0' + i % 10));
+    std::vector<std::uint32_t> handles;
+    for (const std::string& t : texts)
+        handles.push_back(pool.Intern(t));
+    for (std::size_t i = texts.size(); i-- > 0;) {
+        EXPECT_EQ(pool.Intern(texts[i]), handles[i]) << texts[i];
+        EXPECT_EQ(pool.View(handles[i]), texts[i]);
+    }
+    EXPECT_EQ(pool.Size(), texts.size());
+}
+
+// Room made for a known number of texts: those already in keep their handles, and filling the
+// pool to that number takes no more memory than reserving did.
+TEST(TextPool, ReserveKeepsTextsAndIsEnough) {
+    TextPool pool;
+    const std::uint32_t first = pool.Intern("Amount");
+    pool.Reserve(40000);
+    const std::size_t reserved = pool.MemoryBytes();
+    EXPECT_EQ(pool.Intern("Amount"), first);
+    std::size_t characters = 0;
+    for (int i = 1; i < 40000; ++i) {
+        const std::string text = std::to_string(i) + ":";
+        pool.Intern(text);
+        characters += text.size();
+    }
+    EXPECT_EQ(pool.Size(), 40000u);
+    EXPECT_EQ(pool.Intern("Amount"), first);
+    EXPECT_EQ(pool.Intern("39999:"), 40000u);
+    // Only chunks of characters were added: at most one more than the characters fill.
+    EXPECT_LT(pool.MemoryBytes() - reserved, characters + 64 * 1024);
+}
+
 }  // namespace
 }  // namespace numarel
