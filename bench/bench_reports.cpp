@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "data/drawings_file.h"
+#include "reports/command_table.h"
 #include "reports/report_registry.h"
-#include "shell/command_table.h"
 
 namespace {
 
@@ -48,12 +48,12 @@ void BM_ReadDrawings(benchmark::State& state) {
 }
 BENCHMARK(BM_ReadDrawings)->Unit(benchmark::kMillisecond);
 
-void BM_Report(benchmark::State& state, std::string_view object) {
+void BM_Report(benchmark::State& state, const ReportDefinition* definition) {
     const auto& drawings = LargestHistory();
     double bytesPerCell = 0;
     for (auto _ : state) {
         ReportSheet sheet;
-        BuildReport(object, drawings, sheet);
+        BuildReport(*definition, drawings, sheet);
         state.PauseTiming();
         bytesPerCell = static_cast<double>(sheet.MemoryBytes()) /
                        (static_cast<double>(sheet.Rows()) * sheet.Cols());
@@ -65,9 +65,10 @@ void BM_Report(benchmark::State& state, std::string_view object) {
 // Registers one benchmark per built report of the command table.
 const int kRegistered = [] {
     for (const CommandEntry& e : CommandTable()) {
-        if (e.IsSeparator() || !FindReport(e.report)) continue;
+        const ReportDefinition* definition = e.IsSeparator() ? nullptr : FindReport(e.report);
+        if (!definition) continue;
         std::string name = "BM_Report/" + std::string(e.report);
-        benchmark::RegisterBenchmark(name.c_str(), BM_Report, e.report)
+        benchmark::RegisterBenchmark(name.c_str(), BM_Report, definition)
             ->Unit(benchmark::kMillisecond);
     }
     return 0;

@@ -7,8 +7,8 @@
 
 #include "cli/sheet_format.h"
 #include "data/lottery_catalog.h"
+#include "reports/command_table.h"
 #include "reports/report_registry.h"
-#include "shell/command_table.h"
 
 namespace numarel {
 namespace {

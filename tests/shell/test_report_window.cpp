@@ -33,6 +33,21 @@ TEST_F(ReportWindowTest, OpensMaximisedUnderTheReportsTitle) {
     EXPECT_EQ(w->Grid()->Sheet(), &w->Sheet());
 }
 
+TEST_F(ReportWindowTest, TheLoadOrderDecidesWhatTheWindowShowsWhileItComputes) {
+    // First load order: "Loading......" and the hourglass, then the title.
+    ReportWindow* first = Open("frmhekualu");
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(FakeReports::reportCaptionDuringBuild, "Loading......");
+    EXPECT_TRUE(FakeReports::hourglassDuringBuild);
+    EXPECT_EQ(first->windowTitle(), "Fake report");
+    // Second load order: the title from the start and no hourglass.
+    ReportWindow* second = Open("frmzu3leixing2");
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(FakeReports::reportCaptionDuringBuild, "Fake report");
+    EXPECT_FALSE(FakeReports::hourglassDuringBuild);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 // Bringing an open report forward is pinned through the main window's menus.
 TEST_F(ReportWindowTest, AfterExitTheNextOpeningReadsTheFileAgain) {
     QPointer<ReportWindow> first = Open("frmhekualu");
