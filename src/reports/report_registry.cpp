@@ -21,6 +21,9 @@ std::span<const ReportFamily> ReportFamilies() {
         ShapeReports,
         Recommend320StraightReports,
         RecommendTundredTenUnitsReports,
+        RecommendThreeDigitsReports,
+        RecommendTwoDigitsReports,
+        FormulaDigitGroupsReports,
         DigitClassSumReports,
     };
     return kFamilies;

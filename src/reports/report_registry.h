@@ -117,6 +117,10 @@ std::span<const ReportDefinition> PairOperationUnitsReports();
 std::span<const ReportDefinition> ShapeReports();
 std::span<const ReportDefinition> Recommend320StraightReports();
 std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
+// Subsystem 8
+std::span<const ReportDefinition> RecommendThreeDigitsReports();
+std::span<const ReportDefinition> RecommendTwoDigitsReports();
+std::span<const ReportDefinition> FormulaDigitGroupsReports();
 // Subsystem 11
 std::span<const ReportDefinition> DigitClassSumReports();
 

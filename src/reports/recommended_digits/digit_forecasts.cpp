@@ -1,6 +1,5 @@
 #include "reports/recommended_digits/digit_forecasts.h"
 
-
 namespace numarel {
 
 void SetColumns(ReportSheet& sheet, std::span<const SheetColumn> columns) {

@@ -32,10 +32,9 @@ constexpr DigitGroup kGroups[] = {
 };
 
 constexpr SheetColumn kColumns[] = {
-    {1290},    {300, "H"},          {300, "T"}, {300, "U"}, {20},
-    {860, "digits-1"}, {860, "  Y/N"}, {200},
-    {860, "digits-2"}, {860, "  Y/N"}, {200},
-    {860, "digits-3"}, {860, "  Y/N"},
+    {1290},         {300, "H"}, {300, "T"},        {300, "U"},     {20},  {860, "digits-1"},
+    {860, "  Y/N"}, {200},      {860, "digits-2"}, {860, "  Y/N"}, {200}, {860, "digits-3"},
+    {860, "  Y/N"},
 };
 
 // The count of drawn digits found in the group, a digit drawn twice counting twice.

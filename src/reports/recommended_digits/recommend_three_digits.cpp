@@ -31,8 +31,8 @@ enum class Derivation {
 
 struct ThreeDigitForecast {
     Derivation derivation;
-    std::span<const DigitTriple> table;  // ByUnits, BySum: the line for each value
-    int firstSourceRow;                  // drawings above this row give no forecast
+    std::span<const DigitTriple> table = {};  // ByUnits, BySum: the line for each value
+    int firstSourceRow = 1;                   // drawings above this row give no forecast
     ForecastBlock block;
 };
 
@@ -63,13 +63,18 @@ constexpr DigitTriple kBySum[] = {
 };
 
 constexpr SheetColumn kColumnsA[] = {
-    {1290}, {300, "H"}, {300, "T"},   {300, "U"}, {20}, {300},
+    {1290}, {300, "H"}, {300, "T"},   {300, "U"}, {20},         {300},
     {300},  {300},      {430, "Y/N"}, {20},       {-1, "Note"}, {20},
 };
 constexpr ThreeDigitForecast kForecastsA[] = {
-    {Derivation::ByUnits, kByUnits, 1,
-     {.firstCol = 5, .lastCol = 7, .markerCol = 8, .firstJudgedRow = 2,
-      .hitColour = colours::kFoundDigit}},
+    {.derivation = Derivation::ByUnits,
+     .table = kByUnits,
+     .firstSourceRow = 1,
+     .block = {.firstCol = 5,
+               .lastCol = 7,
+               .markerCol = 8,
+               .firstJudgedRow = 2,
+               .hitColour = colours::kFoundDigit}},
 };
 constexpr ThreeDigitReport kRecommendA = {
     .columns = kColumnsA,
@@ -79,18 +84,31 @@ constexpr ThreeDigitReport kRecommendA = {
 };
 
 constexpr SheetColumn kColumnsBC[] = {
-    {1290},     {300, "H"},  {300, "T"},  {300, "U"},   {20},     {300, "B1"},
-    {300, "B2"}, {300, "B3"}, {430, "Y/N"}, {150},      {2, "0"}, {2, "1"},
-    {2, "2"},   {2, "3"},    {2, "4"},    {2, "5"},     {2, "6"}, {2, "7"},
-    {2, "8"},   {2, "9"},    {300, "C1"}, {300, "C2"},  {300, "C3"}, {430, "Y/N"},
+    {1290},      {300, "H"},  {300, "T"},   {300, "U"},  {20},        {300, "B1"},
+    {300, "B2"}, {300, "B3"}, {430, "Y/N"}, {150},       {2, "0"},    {2, "1"},
+    {2, "2"},    {2, "3"},    {2, "4"},     {2, "5"},    {2, "6"},    {2, "7"},
+    {2, "8"},    {2, "9"},    {300, "C1"},  {300, "C2"}, {300, "C3"}, {430, "Y/N"},
 };
 constexpr ThreeDigitForecast kForecastsBC[] = {
-    {Derivation::LongestMisses, {}, 10,
-     {.firstCol = 5, .lastCol = 7, .markerCol = 8, .firstJudgedRow = 11,
-      .hitColour = colours::kHit, .pairColour = kTwoDigitsHit, .firstPairRow = 11}},
-    {Derivation::BySum, kBySum, 1,
-     {.firstCol = 20, .lastCol = 22, .markerCol = 23, .firstJudgedRow = 2,
-      .hitColour = colours::kHit, .pairColour = kTwoDigitsHit, .firstPairRow = 11}},
+    {.derivation = Derivation::LongestMisses,
+     .firstSourceRow = 10,
+     .block = {.firstCol = 5,
+               .lastCol = 7,
+               .markerCol = 8,
+               .firstJudgedRow = 11,
+               .hitColour = colours::kHit,
+               .pairColour = kTwoDigitsHit,
+               .firstPairRow = 11}},
+    {.derivation = Derivation::BySum,
+     .table = kBySum,
+     .firstSourceRow = 1,
+     .block = {.firstCol = 20,
+               .lastCol = 22,
+               .markerCol = 23,
+               .firstJudgedRow = 2,
+               .hitColour = colours::kHit,
+               .pairColour = kTwoDigitsHit,
+               .firstPairRow = 11}},
 };
 constexpr ThreeDigitReport kRecommendBC = {
     .columns = kColumnsBC,
@@ -205,10 +223,12 @@ void Build(const ThreeDigitReport& report, std::span<const DrawRecord> drawings,
 
 std::span<const ReportDefinition> RecommendThreeDigitsReports() {
     static constexpr ReportDefinition kReports[] = {
-        {.object = "frmdingdanshh", .title = "Recommend 3 digits-A",
-         .build = [](std::span<const DrawRecord> d, ReportSheet& s) { Build(kRecommendA, d, s); }},
-        {.object = "frmtongsha3ma", .title = "Recommend 3 digits-BC",
-         .build = [](std::span<const DrawRecord> d, ReportSheet& s) { Build(kRecommendBC, d, s); }},
+        {.object = "frmdingdanshh",
+         .title = "Recommend 3 digits-A",
+         .build = BuildMember<Build, kRecommendA>},
+        {.object = "frmtongsha3ma",
+         .title = "Recommend 3 digits-BC",
+         .build = BuildMember<Build, kRecommendBC>},
     };
     return kReports;
 }

@@ -80,7 +80,16 @@ DigitPair FormulaE(const DrawingValues& v) {
 // The pair for the last character of a date.
 DigitPair PairForDateDigit(char k) {
     static constexpr std::array<std::array<long, 2>, 10> kByDateDigit = {{
-        {3, 4}, {6, 7}, {9, 0}, {2, 3}, {5, 6}, {8, 9}, {1, 2}, {4, 5}, {7, 8}, {0, 1},
+        {3, 4},
+        {6, 7},
+        {9, 0},
+        {2, 3},
+        {5, 6},
+        {8, 9},
+        {1, 2},
+        {4, 5},
+        {7, 8},
+        {0, 1},
     }};
     if (k < '0' || k > '9') return std::nullopt;  // no line of the table
     return kByDateDigit[static_cast<std::size_t>(k - '0')];
@@ -110,11 +119,10 @@ constexpr TwoDigitForecast kForecasts[] = {
 };
 
 constexpr SheetColumn kColumns[] = {
-    {1290},      {300, "H"},  {300, "T"},  {300, "U"},  {300, "S"},  {300, "W"},
-    {300, "A1"}, {300, "A2"}, {300},       {300},       {300, "B1"}, {300, "B2"},
-    {300},       {300},       {300, "C1"}, {300, "C2"}, {300},       {300},
-    {300, "D1"}, {300, "D2"}, {300},       {300},       {300, "E1"}, {300, "E2"},
-    {300},       {300},       {300, "F1"}, {300, "F2"}, {300},
+    {1290}, {300, "H"}, {300, "T"},  {300, "U"},  {300, "S"}, {300, "W"}, {300, "A1"}, {300, "A2"},
+    {300},  {300},      {300, "B1"}, {300, "B2"}, {300},      {300},      {300, "C1"}, {300, "C2"},
+    {300},  {300},      {300, "D1"}, {300, "D2"}, {300},      {300},      {300, "E1"}, {300, "E2"},
+    {300},  {300},      {300, "F1"}, {300, "F2"}, {300},
 };
 
 ForecastBlock BlockOf(const TwoDigitForecast& forecast) {

@@ -33,7 +33,7 @@ TEST(FormulaDigits, DecimalTextAndItsDigits) {
         {0, "0", "0"},  // "00": one distinct digit
         {0.125, ".125", "012"},
         {307.0 / 17, "18.0588235294118", "180"},  // 15 significant digits
-        {1e-5, ".00001", "01"},                    // no exponent
+        {1e-5, ".00001", "01"},                   // no exponent
         {2.0 / 3, ".666666666666667", "067"},
         {9.999999999999998, "10", "10"},  // rounding carries into a new digit
         {1e20, "100000000000000000000", "10"},

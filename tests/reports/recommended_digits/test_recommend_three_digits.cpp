@@ -42,10 +42,10 @@ TEST(RecommendThreeDigits, Layout) {
          {1290, 300, 300, 300, 20, 300, 300, 300, 430, 20, -1, 20}},
         {"frmtongsha3ma",
          "Recommend 3 digits-BC",
-         {"", "H", "T", "U", "", "B1", "B2", "B3", "Y/N", "", "0", "1",
-          "2", "3", "4", "5", "6", "7", "8", "9", "C1", "C2", "C3", "Y/N"},
-         {1290, 300, 300, 300, 20, 300, 300, 300, 430, 150, 2, 2,
-          2, 2, 2, 2, 2, 2, 2, 2, 300, 300, 300, 430}},
+         {"",  "H", "T", "U", "",  "B1", "B2", "B3", "Y/N", "",   "0",  "1",
+          "2", "3", "4", "5", "6", "7",  "8",  "9",  "C1",  "C2", "C3", "Y/N"},
+         {1290, 300, 300, 300, 20, 300, 300, 300, 430, 150, 2,   2,
+          2,    2,   2,   2,   2,  2,   2,   2,   300, 300, 300, 430}},
     };
     for (const auto& r : reports) {
         SCOPED_TRACE(r.object);
@@ -115,9 +115,8 @@ TEST(RecommendThreeDigits, UnitsOutsideTheTableAndEmptyFile) {
 TEST(RecommendThreeDigits, LongestMissesAndSumTable) {
     // 5 and 6 drawn only on row 1, 0 and 9 never, so on row 10 the longest Misses are 6 (9, the
     // larger of the tie with 5), 0 and 9 (10 each, 9 the larger).
-    ReportSheet s = Build("frmtongsha3ma",
-                          Drawings({"556", "478", "123", "478", "123", "478", "123", "478", "123",
-                                    "478", "609", "125"}));
+    ReportSheet s = Build("frmtongsha3ma", Drawings({"556", "478", "123", "478", "123", "478",
+                                                     "123", "478", "123", "478", "609", "125"}));
     ASSERT_EQ(s.Rows(), 14);
     EXPECT_EQ(RowTexts(s, 10, kMissChart, kMissChart + 9),
               (Texts{"10", "1", "1", "1", "*", "9", "9", "*", "*", "10"}));
@@ -141,7 +140,10 @@ TEST(RecommendThreeDigits, LongestMissesAndSumTable) {
         {10, {"", "", "", ""}, {"1", "3", "8", "-Y-"}, {22}, {}},
         {11, {"6", "0", "9", "-Y-"}, {"0", "1", "2", "-Y-"}, {5, 6, 7, 20}, {kMarkerB}},
         // B from row 11: 5 (Miss 10), 3 and 2 (Miss 2, the larger two of 1 2 3); Sum 15: 1 2 5.
-        {12, {"2", "3", "5", "-Y-"}, {"1", "2", "5", "-Y-"}, {5, 7, 20, 21, 22},
+        {12,
+         {"2", "3", "5", "-Y-"},
+         {"1", "2", "5", "-Y-"},
+         {5, 7, 20, 21, 22},
          {kMarkerB, kMarkerC}},
     };
     for (const auto& r : rows) {
@@ -163,9 +165,8 @@ TEST(RecommendThreeDigits, ShortHistoryHasOnlyTheSumForecast) {
     EXPECT_EQ(RowTexts(s, 3, kForecastC, kMarkerC), (Texts{"1", "3", "4", "-Y-"}));
     EXPECT_EQ(ColumnsColoured(s, 3, colours::kHit), Cols{kForecastC});
     // Sum 3 gives 3 6 7 for the next drawing, and no forecast B below ten drawings.
-    EXPECT_EQ(RowTexts(s, 4, kForecastB, kMarkerC),
-              (Texts{"", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "3", "6", "7",
-                     ""}));
+    EXPECT_EQ(RowTexts(s, 4, kForecastB, kMarkerC), (Texts{"", "", "", "", "", "", "", "", "", "",
+                                                           "", "", "", "", "", "3", "6", "7", ""}));
 }
 
 }  // namespace
