@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
 
 #include "data/basic_text.h"
 
@@ -64,6 +66,13 @@ std::string LeadingDigits(double value, int count) {
     text = RemoveAll(text, "*");
     if (count < 0) count = 0;
     return text.substr(0, std::min(text.size(), static_cast<std::size_t>(count)));
+}
+
+std::size_t LeadingDigitsMemo::ValueHash::operator()(double value) const {
+    if (value == 0) value = 0;  // -0 as 0
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    return static_cast<std::size_t>((bits * 0x9E3779B97F4A7C15ull) >> 32);
 }
 
 const std::string& LeadingDigitsMemo::operator()(double value) {

@@ -30,8 +30,12 @@ public:
     const std::string& operator()(double value);
 
 private:
+    // A cheap hash of the value's bits; 0 and -0 are one key.
+    struct ValueHash {
+        std::size_t operator()(double value) const;
+    };
     int count_;
-    std::unordered_map<double, std::string> known_;
+    std::unordered_map<double, std::string, ValueHash> known_;
 };
 
 // The number formed by a drawing's digits: the value of the last three characters of its

@@ -1,5 +1,6 @@
 // Other recommend digits: three groups of up to three digits per drawing, each read out of one
 // formula on the drawing's number, judged on the next drawing by how many drawn digits they hold.
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <span>
@@ -37,6 +38,10 @@ constexpr SheetColumn kColumns[] = {
     {860, "  Y/N"},
 };
 
+// A count of found digits followed by two blanks. A group holds each digit once and a drawn
+// digit is one character, so no more than three are found.
+constexpr std::string_view kFoundTexts[] = {"0  ", "1  ", "2  ", "3  "};
+
 // The count of drawn digits found in the group, a digit drawn twice counting twice.
 int DrawnDigitsInGroup(const std::string (&drawn)[3], const std::string& group) {
     int found = 0;
@@ -68,7 +73,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         for (const DigitGroup& group : kGroups) {
             const int found = DrawnDigitsInGroup(drawn, sheet.Text(r, group.col));
             if (found > 0)
-                sheet.SetText(r, group.col + 1, std::to_string(found) + "  ");
+                sheet.SetText(r, group.col + 1, kFoundTexts[std::min(found, 3)]);
             else
                 sheet.SetText(r, group.col + 1, "  -N-");
             if (found > 1) sheet.SetBackColor(r, group.col + 1, kSeveralHits);
