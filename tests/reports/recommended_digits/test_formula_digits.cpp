@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <string>
 #include <vector>
 
@@ -34,15 +33,9 @@ TEST(FormulaDigits, DecimalTextAndItsDigits) {
         {0.125, ".125", "012"},
         {307.0 / 17, "18.0588235294118", "180"},  // 15 significant digits
         {1e-5, ".00001", "01"},                   // no exponent
-        {2.0 / 3, ".666666666666667", "067"},
-        {9.999999999999998, "10", "10"},  // rounding carries into a new digit
-        {1e20, "100000000000000000000", "10"},
+        {9.999999999999998, "10", "10"},          // rounding carries into a new digit
         {123456789012345678.0, "123456789012346000", "123"},
         {-2.5, "-2.5", "0-2"},  // below 1, so the "0" goes in front of the sign
-        {std::sqrt(307.0) * 0.318, "5.5718101188034", "571"},
-        {307 * 0.618, "189.726", "189"},
-        {1034 / 3.141, "329.194524036931", "329"},
-        {727 / 3.141, "231.454950652658", "231"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
@@ -50,25 +43,8 @@ TEST(FormulaDigits, DecimalTextAndItsDigits) {
         EXPECT_EQ(LeadingDigits(c.value, 3), c.firstThree);
     }
     EXPECT_EQ(LeadingDigits(307.0 / 17, 4), "1805");
-    EXPECT_EQ(LeadingDigits(307.0 / 32, 2), "95");
-
-    const struct {
-        const char* text;
-        const char* piece;
-        const char* result;
-    } removals[] = {
-        {"1.5.", ".", "15"},
-        {"aabb", "ab", ""},  // the removal joins a new "ab"
-        {"", "x", ""},
-        {"abc", "", "abc"},
-    };
-    for (const auto& r : removals)
-        EXPECT_EQ(RemoveAll(r.text, r.piece), r.result) << r.text;
-
-    EXPECT_EQ(DrawnNumber(" 2020001:012"), 12);
-    EXPECT_EQ(DrawnNumber(" 2020001:3012"), 12);
-    EXPECT_EQ(DrawnNumber(" 5:7"), 5);
-    EXPECT_EQ(DrawnNumber(""), 0);
+    EXPECT_EQ(RemoveAll("aabb", "ab"), "");  // the first removal joins a new "ab"
+    EXPECT_EQ(RemoveAll("abc", ""), "abc");
 }
 
 TEST(FormulaDigits, Layout) {

@@ -92,17 +92,24 @@ TEST(RecommendThreeDigits, UnitsForecastJudgedOnTheNextRow) {
     // The recommendation from U = 4, unjudged, with nothing else on its row.
     EXPECT_EQ(RowTexts(s, 6, 0, 11), (Texts{"", "", "", "", "", "4", "0", "7", "", "", "", ""}));
     EXPECT_TRUE(ColumnsColoured(s, 6, colours::kFoundDigit).empty());
-    EXPECT_EQ(s.Text(3, kMarkerA), "-Y-");
 }
 
-TEST(RecommendThreeDigits, UnitsOutsideTheTableAndEmptyFile) {
+TEST(RecommendThreeDigits, UnitsOutsideTheTableShortAndEmptyFiles) {
     auto drawings = Drawings({"331", "730"});
     drawings[0].u = "12";
     ReportSheet s = Build("frmdingdanshh", drawings);
-    EXPECT_EQ(s.Text(1, 0), " 2020001:3312");
     // U = 12 selects no line: the next row has no forecast and so no marks.
     EXPECT_EQ(RowTexts(s, 2, kForecastA, kNote), (Texts{"", "", "", "", "037", ""}));
     EXPECT_EQ(RowTexts(s, 3, kForecastA, kForecastA + 2), (Texts{"0", "3", "6"}));
+
+    // Sums 16 and 17 share one line; a triple hits one cell and never two.
+    ReportSheet bc = Build("frmtongsha3ma", Drawings({"556", "566", "111"}));
+    EXPECT_EQ(RowTexts(bc, 2, kForecastC, kMarkerC), (Texts{"1", "3", "4", ""}));
+    EXPECT_EQ(RowTexts(bc, 3, kForecastC, kMarkerC), (Texts{"1", "3", "4", "-Y-"}));
+    EXPECT_EQ(ColumnsColoured(bc, 3, colours::kHit), Cols{kForecastC});
+    // Sum 3 gives 3 6 7 for the next drawing, and no forecast B below ten drawings.
+    EXPECT_EQ(RowTexts(bc, 4, kForecastB, kMarkerB), Texts(4));
+    EXPECT_EQ(RowTexts(bc, 4, kForecastC, kMarkerC), (Texts{"3", "6", "7", ""}));
 
     for (const char* object : {"frmdingdanshh", "frmtongsha3ma"}) {
         ReportSheet empty = Build(object, {});
@@ -130,13 +137,11 @@ TEST(RecommendThreeDigits, LongestMissesAndSumTable) {
         Cols hits;
         Cols twoDigits;
     } rows[] = {
-        {1, {"", "", "", ""}, {"", "", "", ""}, {}, {}},
         // Sum 16 of 5 5 6 gives 1 3 4; 4 drawn.
         {2, {"", "", "", ""}, {"1", "3", "4", "-Y-"}, {22}, {}},
         // Sum 19 gives 0 1 2: two digits drawn, but the two-digit mark starts on row 11.
         {3, {"", "", "", ""}, {"0", "1", "2", "-Y-"}, {21, 22}, {}},
-        // Sum 6 gives 1 3 8.
-        {4, {"", "", "", ""}, {"1", "3", "8", "-Y-"}, {22}, {}},
+        // Sum 6 of 1 2 3 gives 1 3 8.
         {10, {"", "", "", ""}, {"1", "3", "8", "-Y-"}, {22}, {}},
         {11, {"6", "0", "9", "-Y-"}, {"0", "1", "2", "-Y-"}, {5, 6, 7, 20}, {kMarkerB}},
         // B from row 11: 5 (Miss 10), 3 and 2 (Miss 2, the larger two of 1 2 3); Sum 15: 1 2 5.
@@ -156,17 +161,6 @@ TEST(RecommendThreeDigits, LongestMissesAndSumTable) {
     // The recommendation from 1 2 5: 7 and 8 (Miss 2, the larger two of 4 7 8), 3 (Miss 3); Sum 8.
     EXPECT_EQ(RowTexts(s, 13, 0, kMarkerB), (Texts{"", "", "", "", "", "7", "8", "3", ""}));
     EXPECT_EQ(RowTexts(s, 13, kForecastC, kMarkerC), (Texts{"2", "6", "8", ""}));
-}
-
-TEST(RecommendThreeDigits, ShortHistoryHasOnlyTheSumForecast) {
-    // Sums 16 and 17 share one line; a triple hits one cell and never two.
-    ReportSheet s = Build("frmtongsha3ma", Drawings({"556", "566", "111"}));
-    EXPECT_EQ(RowTexts(s, 2, kForecastC, kMarkerC), (Texts{"1", "3", "4", ""}));
-    EXPECT_EQ(RowTexts(s, 3, kForecastC, kMarkerC), (Texts{"1", "3", "4", "-Y-"}));
-    EXPECT_EQ(ColumnsColoured(s, 3, colours::kHit), Cols{kForecastC});
-    // Sum 3 gives 3 6 7 for the next drawing, and no forecast B below ten drawings.
-    EXPECT_EQ(RowTexts(s, 4, kForecastB, kMarkerC), (Texts{"", "", "", "", "", "", "", "", "", "",
-                                                           "", "", "", "", "", "3", "6", "7", ""}));
 }
 
 }  // namespace
