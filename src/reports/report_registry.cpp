@@ -24,6 +24,12 @@ std::span<const ReportFamily> ReportFamilies() {
         RecommendThreeDigitsReports,
         RecommendTwoDigitsReports,
         FormulaDigitGroupsReports,
+        DigitFormulaReports,
+        RecommendOneDigitReports,
+        SumLinesReports,
+        SumWidthTypeReports,
+        SumWidthRegionReports,
+        RecommendNumberSumReports,
         DigitClassSumReports,
     };
     return kFamilies;

@@ -121,6 +121,13 @@ std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
 std::span<const ReportDefinition> RecommendThreeDigitsReports();
 std::span<const ReportDefinition> RecommendTwoDigitsReports();
 std::span<const ReportDefinition> FormulaDigitGroupsReports();
+std::span<const ReportDefinition> DigitFormulaReports();
+std::span<const ReportDefinition> RecommendOneDigitReports();
+// Subsystem 10
+std::span<const ReportDefinition> SumLinesReports();
+std::span<const ReportDefinition> SumWidthTypeReports();
+std::span<const ReportDefinition> SumWidthRegionReports();
+std::span<const ReportDefinition> RecommendNumberSumReports();
 // Subsystem 11
 std::span<const ReportDefinition> DigitClassSumReports();
 
