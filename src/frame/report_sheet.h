@@ -81,6 +81,11 @@ public:
         }
         return pool_.View(h) == text;
     }
+    // True when two cells hold the same text: a number cell and a text cell never do, as a text
+    // that is a plain number is always kept as a number.
+    bool SameText(int row, int col, int otherRow, int otherCol) const {
+        return Handle(row, col) == Handle(otherRow, otherCol);
+    }
     // The number at the start of the cell's text, blanks ignored; 0 for an empty or non-numeric
     // text.
     double CellValue(int row, int col) const;

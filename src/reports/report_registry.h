@@ -118,6 +118,9 @@ std::span<const ReportDefinition> ShapeReports();
 std::span<const ReportDefinition> Recommend320StraightReports();
 std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
 // Subsystem 8
+std::span<const ReportDefinition> RecommendThreeDigitsReports();
+std::span<const ReportDefinition> RecommendTwoDigitsReports();
+std::span<const ReportDefinition> FormulaDigitGroupsReports();
 std::span<const ReportDefinition> DigitFormulaReports();
 std::span<const ReportDefinition> RecommendOneDigitReports();
 // Subsystem 9

@@ -17,6 +17,13 @@ TEST(ReportSheet, NumbersAreWrittenAsTextAndTextIsKeptAsTyped) {
     EXPECT_EQ(RowTexts(sheet, 1, 1, 2), (std::vector<std::string>{"32767", "-12"}));
     EXPECT_TRUE(sheet.TextIs(1, 1, "32767"));
     EXPECT_FALSE(sheet.TextIs(0, 1, "7"));
+    // A number and the same text written as text are one text; leading zeros make another.
+    sheet.SetText(0, 2, "32767");
+    EXPECT_TRUE(sheet.SameText(1, 1, 0, 2));
+    EXPECT_FALSE(sheet.SameText(0, 1, 0, 2));
+    sheet.SetText(1, 0, "007");
+    EXPECT_TRUE(sheet.SameText(1, 0, 0, 1));
+    EXPECT_TRUE(sheet.SameText(0, 0, 5, 5));  // empty, and outside the sheet
     sheet.SetBackColor(1, 1, MakeRgb(255, 0, 0));
     EXPECT_EQ(sheet.BackColor(1, 1), 0xFF0000u);
     sheet.SetBackColor(1, 1, kDefaultColour);
