@@ -41,7 +41,8 @@ std::string ReadFile(const fs::path& path) {
 std::string PercentDecoded(std::string_view text) {
     std::string out;
     for (size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '%' && i + 2 < text.size() && std::isxdigit(static_cast<unsigned char>(text[i + 1])) &&
+        if (text[i] == '%' && i + 2 < text.size() &&
+            std::isxdigit(static_cast<unsigned char>(text[i + 1])) &&
             std::isxdigit(static_cast<unsigned char>(text[i + 2]))) {
             out += static_cast<char>(std::stoi(std::string(text.substr(i + 1, 2)), nullptr, 16));
             i += 2;
@@ -91,7 +92,7 @@ TEST(HelpPages, TheTrailingBlankOfAPageNameIsPartOfTheFileName) {
     EXPECT_FALSE(fs::exists(HelpDir() / "Sum_or_difference_of_Pairs.htm"));
 }
 
-TEST(HelpPages, EveryLinkLeadsToAShippedFileOrThePublisher) {
+TEST(HelpPages, EveryLinkLeadsToAShippedPageAndSectionOrThePublisher) {
     const std::vector<fs::path> pages = ShippedPages();
     ASSERT_GE(pages.size(), 45u);
     for (const fs::path& page : pages) {
@@ -101,9 +102,14 @@ TEST(HelpPages, EveryLinkLeadsToAShippedFileOrThePublisher) {
                 EXPECT_TRUE(target.starts_with(kPublisherHost));
                 continue;
             }
-            std::string file = PercentDecoded(target.substr(0, target.find('#')));
-            if (file.empty()) continue;  // a link within the same page
-            EXPECT_TRUE(fs::is_regular_file(HelpDir() / file));
+            const size_t hash = target.find('#');
+            std::string file = PercentDecoded(target.substr(0, hash));
+            const fs::path linked = file.empty() ? page : HelpDir() / file;
+            ASSERT_TRUE(fs::is_regular_file(linked));
+            // A link to a section must find the section's id in the page it names.
+            if (hash != std::string::npos)
+                EXPECT_NE(ReadFile(linked).find("id=\"" + target.substr(hash + 1) + "\""),
+                          std::string::npos);
         }
     }
 }
