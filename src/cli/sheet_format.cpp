@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
+#include <memory>
 #include <ostream>
 #include <sstream>
 #include <vector>
@@ -25,18 +27,26 @@ int TwipsToPixels(int twips) {
 // millions of cells is written without building the whole document first.
 class Sink {
 public:
-    explicit Sink(std::ostream& out) : out_(out) { buffer_.reserve(kBlock + 1024); }
+    explicit Sink(std::ostream& out) : out_(out), buffer_(new char[kBlock]) {}
     ~Sink() { Flush(); }
     Sink(const Sink&) = delete;
     Sink& operator=(const Sink&) = delete;
 
     Sink& operator<<(std::string_view text) {
-        buffer_ += text;
-        if (buffer_.size() >= kBlock) Flush();
+        if (text.size() > kBlock - used_) {
+            Flush();
+            if (text.size() > kBlock) {
+                out_.write(text.data(), static_cast<std::streamsize>(text.size()));
+                return *this;
+            }
+        }
+        std::memcpy(buffer_.get() + used_, text.data(), text.size());
+        used_ += text.size();
         return *this;
     }
     Sink& operator<<(char c) {
-        buffer_ += c;
+        if (used_ == kBlock) Flush();
+        buffer_[used_++] = c;
         return *this;
     }
     Sink& operator<<(long value) {
@@ -61,25 +71,25 @@ public:
             if (c < 0x80) {
                 escape(*this, ch);
             } else {
-                buffer_ += static_cast<char>(0xC0 | (c >> 6));
-                buffer_ += static_cast<char>(0x80 | (c & 0x3F));
+                *this << static_cast<char>(0xC0 | (c >> 6));
+                *this << static_cast<char>(0x80 | (c & 0x3F));
             }
         }
-        if (buffer_.size() >= kBlock) Flush();
         return *this;
     }
     Sink& Latin1(std::string_view text) {
         return Latin1(text, [](Sink& s, char c) { s << c; });
     }
     void Flush() {
-        out_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
-        buffer_.clear();
+        out_.write(buffer_.get(), static_cast<std::streamsize>(used_));
+        used_ = 0;
     }
 
 private:
     static constexpr std::size_t kBlock = 1 << 16;
     std::ostream& out_;
-    std::string buffer_;
+    std::unique_ptr<char[]> buffer_;
+    std::size_t used_ = 0;
 };
 
 void HtmlChar(Sink& s, char c) {
@@ -101,7 +111,11 @@ void HtmlChar(Sink& s, char c) {
     }
 }
 
-void JsonChar(Sink& s, char c) {
+inline void JsonChar(Sink& s, char c) {
+    if (static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\') {
+        s << c;
+        return;
+    }
     switch (c) {
         case '"':
             s << "\\\"";
