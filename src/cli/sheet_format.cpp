@@ -463,6 +463,62 @@ void WriteSheet(const ReportSheet& sheet, SheetFormat format, std::string_view r
     }
 }
 
+std::string FormatRangeTsv(const ReportSheet& sheet, int top, int left, int bottom, int right) {
+    top = std::max(top, 0), left = std::max(left, 0);
+    bottom = std::min(bottom, sheet.Rows() - 1), right = std::min(right, sheet.Cols() - 1);
+    std::ostringstream os;
+    {
+        Sink sink(os);
+        for (int r = top; r <= bottom; ++r) {
+            for (int c = left; c <= right; ++c) {
+                if (c > left) sink << '\t';
+                // A tab or line break inside a cell would split it.
+                sink.Latin1(sheet.Text(r, c), [](Sink& s, char ch) {
+                    s << (ch == '\t' || ch == '\n' || ch == '\r' ? ' ' : ch);
+                });
+            }
+            sink << '\n';
+        }
+    }
+    return std::move(os).str();
+}
+
+std::string FormatRangeHtml(const ReportSheet& sheet, int top, int left, int bottom, int right) {
+    top = std::max(top, 0), left = std::max(left, 0);
+    bottom = std::min(bottom, sheet.Rows() - 1), right = std::min(right, sheet.Cols() - 1);
+    std::ostringstream os;
+    {
+        Sink sink(os);
+        sink << "<table style=\"border-collapse:collapse\">\n";
+        for (int r = top; r <= bottom; ++r) {
+            sink << "<tr>";
+            for (int c = left; c <= right; ++c) {
+                sink << "<td";
+                Rgb back = sheet.BackColor(r, c);
+                Rgb fore = sheet.ForeColor(r, c);
+                if (back != kDefaultColour || fore != kDefaultColour) {
+                    sink << " style=\"";
+                    if (back != kDefaultColour) {
+                        sink << "background:";
+                        sink.Hex(back) << ';';
+                    }
+                    if (fore != kDefaultColour) {
+                        sink << "color:";
+                        sink.Hex(fore) << ';';
+                    }
+                    sink << '"';
+                }
+                sink << '>';
+                sink.Latin1(sheet.Text(r, c), HtmlChar);
+                sink << "</td>";
+            }
+            sink << "</tr>\n";
+        }
+        sink << "</table>\n";
+    }
+    return std::move(os).str();
+}
+
 std::string FormatSheetCsv(const ReportSheet& sheet) {
     return ToString([&](std::ostream& os) { WriteSheetCsv(sheet, os); });
 }

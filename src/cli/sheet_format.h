@@ -40,6 +40,12 @@ void WriteSheetJson(const ReportSheet& sheet, std::string_view report, std::ostr
 void WriteSheet(const ReportSheet& sheet, SheetFormat format, std::string_view report, int tail,
                 std::ostream& out);
 
+// A block of cells, rows `top` to `bottom` and columns `left` to `right` (inclusive, clipped to
+// the sheet), as tab-separated lines in UTF-8.
+std::string FormatRangeTsv(const ReportSheet& sheet, int top, int left, int bottom, int right);
+// The same block as an HTML table that keeps the cells' colours when pasted into a spreadsheet.
+std::string FormatRangeHtml(const ReportSheet& sheet, int top, int left, int bottom, int right);
+
 // Cell texts are single-byte text; this turns them into UTF-8.
 std::string Latin1ToUtf8(std::string_view text);
 
