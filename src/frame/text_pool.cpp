@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 #include "data/basic_text.h"
 
@@ -55,7 +56,7 @@ std::uint32_t TextPool::Intern(std::string_view text) {
         i = (i + 1) & mask;
     }
     views_.push_back(Store(text));
-    values_.push_back(LeadingValue(text));
+    values_.push_back(std::numeric_limits<double>::quiet_NaN());
     slots_[i] = static_cast<std::uint32_t>(views_.size());
     return last_ = slots_[i];
 }

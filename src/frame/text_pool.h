@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <string_view>
 #include <vector>
+
+#include "data/basic_text.h"
 
 namespace numarel {
 
@@ -20,8 +23,13 @@ public:
     // The handle of `text`, adding it when it is new. `text` must not be empty.
     std::uint32_t Intern(std::string_view text);
     std::string_view View(std::uint32_t handle) const { return views_[handle - 1]; }
-    // The number at the start of the text, worked out once when the text was added.
-    double Value(std::uint32_t handle) const { return values_[handle - 1]; }
+    // The number at the start of the text, worked out the first time it is asked for: most texts
+    // (drawing labels above all) are never read as numbers.
+    double Value(std::uint32_t handle) const {
+        double& value = values_[handle - 1];
+        if (std::isnan(value)) value = LeadingValue(views_[handle - 1]);
+        return value;
+    }
     std::size_t Size() const { return views_.size(); }
     std::size_t MemoryBytes() const;
 
@@ -36,9 +44,9 @@ private:
     std::vector<std::unique_ptr<char[]>> blocks_;  // long texts, one block each
     std::size_t blockBytes_ = 0;
     std::vector<std::string_view> views_;
-    std::vector<double> values_;
-    std::vector<std::uint32_t> slots_;  // open addressing; 0 is a free slot
-    std::uint32_t last_ = 0;            // reports often write one text many times in a row
+    mutable std::vector<double> values_;  // NaN until worked out; a text's value is never NaN
+    std::vector<std::uint32_t> slots_;    // open addressing; 0 is a free slot
+    std::uint32_t last_ = 0;              // reports often write one text many times in a row
 };
 
 }  // namespace numarel
