@@ -29,22 +29,28 @@ void ResetSheet(ReportSheet& sheet, int drawCount, int rows, int lastBlankCol) {
         sheet.SetText(drawCount + 1, c, "");
 }
 
-void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work,
-               DigitColumns columns) {
+void ReadDrawings(std::span<const DrawRecord> drawings, const DrawingVisit& visit) {
     CurrentDigits digits{0, 0, 0};
-    int row = 1;
+    int n = 1;
     for (const DrawRecord& record : drawings) {
-        if (row > static_cast<int>(kMaxDrawings)) break;
-        sheet.SetText(row, 0, DrawingLabel(record));
+        if (n > static_cast<int>(kMaxDrawings)) break;
         const std::string* fields[3] = {&record.h, &record.t, &record.u};
         for (int i = 0; i < 3; ++i)
             if (auto v = ToInt16(*fields[i])) digits[static_cast<std::size_t>(i)] = *v;
+        visit(n, record, digits);
+        ++n;
+    }
+}
+
+void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work,
+               DigitColumns columns) {
+    ReadDrawings(drawings, [&](int row, const DrawRecord& record, CurrentDigits& digits) {
+        sheet.SetText(row, 0, DrawingLabel(record));
         sheet.SetNumber(row, columns.h, digits[0]);
         sheet.SetNumber(row, columns.t, digits[1]);
         sheet.SetNumber(row, columns.u, digits[2]);
         if (work) work(row, digits);
-        ++row;
-    }
+    });
 }
 
 void FinishLoad(ReportSheet& sheet) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "frame/number_classes.h"
 #include "frame/report_sheet.h"
 #include "frame/text_pool.h"
 #include "support/test_support.h"
@@ -31,6 +32,28 @@ TEST(ReportSheet, CellNumberFollowsTheLeadingNumberRule) {
         sheet.SetText(0, c, texts[c]);
     for (int c = 0; c < 8; ++c)
         EXPECT_EQ(sheet.CellNumber(0, c), expected[c]) << texts[c];
+}
+
+// Judgement passes compare cells by their texts, however each text was written.
+TEST(ReportSheet, SameTextComparesTextsNotTheWayTheyWereWritten) {
+    ReportSheet sheet(1, 10);
+    sheet.SetNumber(0, 0, 27);
+    SetPairText(sheet, 0, 1, 7, 2);  // "27"
+    sheet.SetText(0, 2, "05");
+    SetPairText(sheet, 0, 3, 5, 0);  // "05"
+    sheet.SetNumber(0, 4, 5);
+    sheet.SetText(0, 5, "x");
+    sheet.SetText(0, 6, "x");
+    sheet.SetText(0, 7, "27 ");
+    EXPECT_EQ(RowTexts(sheet, 0, 0, 4), (std::vector<std::string>{"27", "27", "05", "05", "5"}));
+    const struct {
+        int a;
+        int b;
+        bool same;
+    } pairs[] = {{0, 1, true},  {2, 3, true}, {3, 4, false}, {5, 6, true},
+                 {0, 7, false}, {8, 9, true}, {0, 8, false}, {4, 5, false}};
+    for (const auto& p : pairs)
+        EXPECT_EQ(sheet.SameText(0, p.a, 0, p.b), p.same) << p.a << " " << p.b;
 }
 
 TEST(ReportSheet, WritesOutsideTheSheetAreIgnoredAndReadsAreEmpty) {
