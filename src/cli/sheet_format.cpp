@@ -9,6 +9,7 @@ namespace numarel {
 namespace {
 
 constexpr int kDividerWidth = 100;
+constexpr Rgb kDefaultGridLine = MakeRgb(192, 192, 192);
 
 std::string HexColour(Rgb colour) {
     char buf[8];
@@ -44,6 +45,29 @@ std::string HtmlEscape(std::string_view text) {
     return out;
 }
 
+// The length of the UTF-8 sequence that starts at `text[i]`, or 0 when it is not one.
+std::size_t Utf8SequenceAt(std::string_view text, std::size_t i) {
+    const auto lead = static_cast<unsigned char>(text[i]);
+    const std::size_t length = lead < 0x80                    ? 1
+                               : lead >= 0xC2 && lead <= 0xDF ? 2
+                               : lead >= 0xE0 && lead <= 0xEF ? 3
+                               : lead >= 0xF0 && lead <= 0xF4 ? 4
+                                                              : 0;
+    if (length == 0 || i + length > text.size()) return 0;
+    for (std::size_t k = 1; k < length; ++k)
+        if ((static_cast<unsigned char>(text[i + k]) & 0xC0) != 0x80) return 0;
+    return length;
+}
+
+bool IsUtf8(std::string_view text) {
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t length = Utf8SequenceAt(text, i);
+        if (length == 0) return false;
+        i += length;
+    }
+    return true;
+}
+
 // Pixels at 96 dots to the inch; a twip is 1/1440 inch.
 int TwipsToPixels(int twips) {
     return (twips * 96 + 720) / 1440;
@@ -65,7 +89,10 @@ bool ParseSheetFormat(std::string_view name, SheetFormat& format) {
     return true;
 }
 
-std::string Latin1ToUtf8(std::string_view text) {
+std::string SheetTextToUtf8(std::string_view text) {
+    // The reports write UTF-8 (arrows, the plus-minus sign); bytes that are not UTF-8 come from a
+    // drawings file and are taken one character a byte.
+    if (IsUtf8(text)) return std::string(text);
     std::string out;
     out.reserve(text.size());
     for (char ch : text) {
@@ -81,38 +108,48 @@ std::string Latin1ToUtf8(std::string_view text) {
 }
 
 std::string FormatSheetText(const ReportSheet& sheet, int tail) {
-    const int n = sheet.DrawCount();
+    const int perDrawing = sheet.RowsPerDrawing();
+    const int lastDrawingRow = sheet.DrawCount() * perDrawing;
     std::vector<int> rows{0};
-    for (int r = std::max(1, n - std::max(tail, 0) + 1); r <= n; ++r)
-        rows.push_back(r);
-    for (int r = n + 1; r < sheet.Rows(); ++r)
+    for (int r = std::max(1, lastDrawingRow - std::max(tail, 0) * perDrawing + 1); r < sheet.Rows();
+         ++r)
         rows.push_back(r);
 
     std::vector<int> cols;
     for (int c = 0; c < sheet.Cols(); ++c)
         if (IsVisibleColumn(sheet, c)) cols.push_back(c);
 
+    // Columns are padded by characters, not bytes, so that a label with a sign such as ± lines up.
+    auto characters = [](const std::string& utf8) {
+        return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char ch) {
+            return (static_cast<unsigned char>(ch) & 0xC0) != 0x80;
+        }));
+    };
+    std::vector<std::vector<std::string>> texts(rows.size(), std::vector<std::string>(cols.size()));
     std::vector<std::size_t> widths(cols.size(), 1);
-    for (int r : rows)
-        for (std::size_t i = 0; i < cols.size(); ++i)
-            widths[i] = std::max(widths[i], sheet.Text(r, cols[i]).size());
+    for (std::size_t k = 0; k < rows.size(); ++k) {
+        for (std::size_t i = 0; i < cols.size(); ++i) {
+            texts[k][i] = SheetTextToUtf8(sheet.Text(rows[k], cols[i]));
+            widths[i] = std::max(widths[i], characters(texts[k][i]));
+        }
+    }
 
     std::string out;
-    if (!sheet.Title().empty()) out += Latin1ToUtf8(sheet.Title()) + "\n";
-    for (int r : rows) {
+    if (!sheet.Title().empty()) out += SheetTextToUtf8(sheet.Title()) + "\n";
+    for (std::size_t k = 0; k < rows.size(); ++k) {
         std::string line;
         for (std::size_t i = 0; i < cols.size(); ++i) {
-            std::string text = sheet.Text(r, cols[i]);
-            text.resize(widths[i], ' ');
+            const std::string& text = texts[k][i];
             line += text;
+            line.append(widths[i] - characters(text), ' ');
             line += i == 0 ? " | " : " ";
         }
         while (!line.empty() && line.back() == ' ')
             line.pop_back();
-        out += Latin1ToUtf8(line) + "\n";
+        out += line + "\n";
     }
     for (const SheetLabel& label : sheet.Labels())
-        out += Latin1ToUtf8(label.text) + "\n";
+        out += SheetTextToUtf8(label.text) + "\n";
     return out;
 }
 
@@ -121,7 +158,7 @@ std::string FormatSheetCsv(const ReportSheet& sheet) {
     for (int r = 0; r < sheet.Rows(); ++r) {
         for (int c = 0; c < sheet.Cols(); ++c) {
             if (c > 0) out += ',';
-            std::string text = Latin1ToUtf8(sheet.Text(r, c));
+            std::string text = SheetTextToUtf8(sheet.Text(r, c));
             if (text.find_first_of(",\"\r\n") != std::string::npos || text.starts_with(' ') ||
                 text.ends_with(' ')) {
                 std::string quoted = "\"";
@@ -140,7 +177,9 @@ std::string FormatSheetCsv(const ReportSheet& sheet) {
 }
 
 std::string FormatSheetHtml(const ReportSheet& sheet, std::string_view report) {
-    std::string title = HtmlEscape(Latin1ToUtf8(sheet.Title()));
+    std::string title = HtmlEscape(SheetTextToUtf8(sheet.Title()));
+    const std::string gridLine =
+        HexColour(sheet.GridColour() == kDefaultColour ? kDefaultGridLine : sheet.GridColour());
     std::string out;
     out += "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n<title>" + title +
            "</title>\n<style>\n"
@@ -152,7 +191,9 @@ std::string FormatSheetHtml(const ReportSheet& sheet, std::string_view report) {
            std::to_string(sheet.FontDecipoints() / 10) + "." +
            std::to_string(sheet.FontDecipoints() % 10) +
            "pt;background:#ffffff}\n"
-           "td{border-right:1px solid #c0c0c0;border-bottom:1px solid #c0c0c0;overflow:hidden;"
+           "td{border-right:1px solid " +
+           gridLine + ";border-bottom:1px solid " + gridLine +
+           ";overflow:hidden;"
            "white-space:pre;padding:0;height:16px}\n"
            "tr.h td{position:sticky;top:0;background:#f0f0f0;border-bottom:1px solid #000;"
            "z-index:1}\n"
@@ -181,7 +222,7 @@ std::string FormatSheetHtml(const ReportSheet& sheet, std::string_view report) {
                 if (fore != kDefaultColour) out += "color:" + HexColour(fore) + ";";
                 out += "\"";
             }
-            out += ">" + HtmlEscape(Latin1ToUtf8(sheet.Text(r, c))) + "</td>";
+            out += ">" + HtmlEscape(SheetTextToUtf8(sheet.Text(r, c))) + "</td>";
         }
         out += "</tr>\n";
     }
@@ -190,7 +231,7 @@ std::string FormatSheetHtml(const ReportSheet& sheet, std::string_view report) {
         out += "<p style=\"margin:4px 0;padding:2px 4px;background:" +
                (label.back ? HexColour(label.back) : std::string("#f0f0f0")) +
                (label.fore ? ";color:" + HexColour(label.fore) : std::string()) + "\">" +
-               HtmlEscape(Latin1ToUtf8(label.text)) + "</p>\n";
+               HtmlEscape(SheetTextToUtf8(label.text)) + "</p>\n";
     }
     out +=
         "<script>var w=document.querySelector('.wrap');"
@@ -202,7 +243,7 @@ std::string FormatSheetJson(const ReportSheet& sheet, std::string_view report) {
     using nlohmann::ordered_json;
     ordered_json doc;
     doc["report"] = std::string(report);
-    doc["title"] = Latin1ToUtf8(sheet.Title());
+    doc["title"] = SheetTextToUtf8(sheet.Title());
     doc["rows"] = sheet.Rows();
     doc["cols"] = sheet.Cols();
     ordered_json widths = ordered_json::array();
@@ -213,6 +254,8 @@ std::string FormatSheetJson(const ReportSheet& sheet, std::string_view report) {
     for (auto [row, twips] : sheet.ExplicitRowHeights())
         heights.push_back({row, twips});
     doc["rowHeights"] = std::move(heights);
+    // Only a sheet that has grid lines of its own says so; the others keep the default grey.
+    if (sheet.GridColour() != kDefaultColour) doc["gridColour"] = HexColour(sheet.GridColour());
     ordered_json cells = ordered_json::array();
     auto colour = [](Rgb c) -> ordered_json {
         if (c == kDefaultColour) return nullptr;
@@ -223,7 +266,7 @@ std::string FormatSheetJson(const ReportSheet& sheet, std::string_view report) {
             Rgb back = sheet.BackColor(r, c);
             Rgb fore = sheet.ForeColor(r, c);
             if (sheet.IsEmpty(r, c) && back == kDefaultColour && fore == kDefaultColour) continue;
-            cells.push_back({r, c, Latin1ToUtf8(sheet.Text(r, c)), colour(back), colour(fore)});
+            cells.push_back({r, c, SheetTextToUtf8(sheet.Text(r, c)), colour(back), colour(fore)});
         }
     }
     doc["cells"] = std::move(cells);
