@@ -21,6 +21,9 @@ std::span<const ReportFamily> ReportFamilies() {
         ShapeReports,
         Recommend320StraightReports,
         RecommendTundredTenUnitsReports,
+        FiveRegionsPairsReports,
+        PositionPairOperationReports,
+        RecommendPairsReports,
         DigitClassSumReports,
     };
     return kFamilies;

@@ -117,6 +117,10 @@ std::span<const ReportDefinition> PairOperationUnitsReports();
 std::span<const ReportDefinition> ShapeReports();
 std::span<const ReportDefinition> Recommend320StraightReports();
 std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
+// Subsystem 9
+std::span<const ReportDefinition> FiveRegionsPairsReports();
+std::span<const ReportDefinition> PositionPairOperationReports();
+std::span<const ReportDefinition> RecommendPairsReports();
 // Subsystem 11
 std::span<const ReportDefinition> DigitClassSumReports();
 

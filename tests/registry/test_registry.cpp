@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "reports/command_table.h"
 #include "reports/report_registry.h"
@@ -18,6 +19,12 @@ namespace {
 constexpr std::string_view kTitlesWithoutQuotes[] = {
     "frmgaopin6ma", "frmgaopin6ma36", "frmgaopin7ma", "frmgaopin7ma36", "frmzuxuan4",  "frmzuxuan1",
     "frmzuxuan6",   "frmzuxuan7",     "frm6lianhao",  "frmlingleizu6",  "frmzuxuanqt",
+};
+
+// Reports whose title is a text of its own.
+constexpr std::pair<std::string_view, std::string_view> kTitlesOfTheirOwn[] = {
+    {"frmdaimaduizi", "Five Regions Pairs[05 16 27 38 49]"},
+    {"frmliangmajiwei", "Units of product of two digits "},  // the blank is the title's
 };
 
 std::string WithoutQuotes(std::string_view text) {
@@ -58,8 +65,12 @@ TEST(Registry, TitlesAreTheMenuCaptionsSaveTheListedOnes) {
             const bool quotesDropped =
                 std::find(std::begin(kTitlesWithoutQuotes), std::end(kTitlesWithoutQuotes),
                           def.object) != std::end(kTitlesWithoutQuotes);
-            EXPECT_EQ(def.title, quotesDropped ? WithoutQuotes(command->caption)
-                                               : std::string(command->caption));
+            const auto own =
+                std::find_if(std::begin(kTitlesOfTheirOwn), std::end(kTitlesOfTheirOwn),
+                             [&](const auto& t) { return t.first == def.object; });
+            EXPECT_EQ(def.title, own != std::end(kTitlesOfTheirOwn) ? std::string(own->second)
+                                 : quotesDropped ? WithoutQuotes(command->caption)
+                                                 : std::string(command->caption));
         }
     }
 }
