@@ -79,9 +79,16 @@ bool BuildSheet(const std::string& object, const std::string& data, const Progra
 
 int RunCli(int argc, const char* const* argv, const std::filesystem::path& programFolder,
            std::ostream& out, std::ostream& err) {
+    return RunCli(argc, argv, ProgramFolder{programFolder}, out, err);
+}
+
+int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::ostream& out,
+           std::ostream& err) {
     CLI::App app{"Numarel reports without a window.", "numarel-cli"};
     app.require_subcommand(1);
-    ProgramFolder folder{programFolder};
+
+    CLI::App* where = app.add_subcommand(
+        "where", "Print the program folder: where the lotteries and the selection are kept");
 
     CLI::App* list = app.add_subcommand("list", "Print the command table of the main window");
 
@@ -131,6 +138,10 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
         return 2;
     }
 
+    if (*where) {
+        out << folder.root.string() << '\n';
+        return 0;
+    }
     if (*list) {
         out << ListCommands();
         return 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -55,6 +56,8 @@ public:
 
     // --- text ------------------------------------------------------------------------------
     void SetText(int row, int col, std::string_view text);
+    // Writes one text into several cells of a row; wide reports repeat a few markers per row.
+    void SetText(int row, std::span<const int> cols, std::string_view text);
     // Writes a number as plain decimal text.
     void SetNumber(int row, int col, long value) {
         if (!Contains(row, col)) return;
@@ -156,6 +159,8 @@ private:
         return static_cast<long>(h & ~kNumberTag) - kNumberBias;
     }
     short RoundedCellValue(int row, int col) const;
+    // The handle a cell holding `text` gets: inline for a plain number, interned otherwise.
+    std::uint32_t TextHandle(std::string_view text);
     // True when the inline number `h` is written as `text`.
     static bool NumberIs(std::uint32_t h, std::string_view text);
 

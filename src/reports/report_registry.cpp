@@ -21,9 +21,15 @@ std::span<const ReportFamily> ReportFamilies() {
         ShapeReports,
         Recommend320StraightReports,
         RecommendTundredTenUnitsReports,
+        DigitFormulaReports,
+        RecommendOneDigitReports,
         FiveRegionsPairsReports,
         PositionPairOperationReports,
         RecommendPairsReports,
+        SumLinesReports,
+        SumWidthTypeReports,
+        SumWidthRegionReports,
+        RecommendNumberSumReports,
         DigitClassSumReports,
     };
     return kFamilies;

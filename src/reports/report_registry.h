@@ -117,10 +117,18 @@ std::span<const ReportDefinition> PairOperationUnitsReports();
 std::span<const ReportDefinition> ShapeReports();
 std::span<const ReportDefinition> Recommend320StraightReports();
 std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
+// Subsystem 8
+std::span<const ReportDefinition> DigitFormulaReports();
+std::span<const ReportDefinition> RecommendOneDigitReports();
 // Subsystem 9
 std::span<const ReportDefinition> FiveRegionsPairsReports();
 std::span<const ReportDefinition> PositionPairOperationReports();
 std::span<const ReportDefinition> RecommendPairsReports();
+// Subsystem 10
+std::span<const ReportDefinition> SumLinesReports();
+std::span<const ReportDefinition> SumWidthTypeReports();
+std::span<const ReportDefinition> SumWidthRegionReports();
+std::span<const ReportDefinition> RecommendNumberSumReports();
 // Subsystem 11
 std::span<const ReportDefinition> DigitClassSumReports();
 
