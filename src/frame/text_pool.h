@@ -34,7 +34,7 @@ public:
     std::size_t MemoryBytes() const;
 
 private:
-    static std::uint64_t Hash(std::string_view text);
+    static std::uint32_t Hash(std::string_view text);
     std::string_view Store(std::string_view text);
     void Grow();
 
@@ -45,8 +45,10 @@ private:
     std::size_t blockBytes_ = 0;
     std::vector<std::string_view> views_;
     mutable std::vector<double> values_;  // NaN until worked out; a text's value is never NaN
-    std::vector<std::uint32_t> slots_;    // open addressing; 0 is a free slot
-    std::uint32_t last_ = 0;              // reports often write one text many times in a row
+    // Open addressing; 0 is a free slot, else the text's hash (high half) and handle (low half),
+    // so that a probe passes over other texts, and growing places them, without reading them.
+    std::vector<std::uint64_t> slots_;
+    std::uint32_t last_ = 0;  // reports often write one text many times in a row
 };
 
 }  // namespace numarel
