@@ -87,26 +87,21 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         }
     });
 
-    // Sums and differences, each row from its own stores; then both charted from the cells.
+    // Each row's sum and difference from its own stores, then both charted from those cells. A
+    // row needs nothing but itself, so one walk down the sheet does all three passes.
     const int lastBlockRow = sheet.Rows() - 5;
     for (int r = 1; r <= lastBlockRow; r += kRowsPerDrawing) {
         for (int i = 0; i < kRowsPerDrawing; ++i) {
-            const auto [x, y] =
-                PairOnRow(sheet, r + i, kPositionPairs[static_cast<std::size_t>(i)]);
-            sheet.SetNumber(r + i, kSumCol, x + y);
+            const int row = r + i;
+            const auto [x, y] = PairOnRow(sheet, row, kPositionPairs[static_cast<std::size_t>(i)]);
+            sheet.SetNumber(row, kSumCol, x + y);
+            sheet.SetNumber(row, kDifferenceCol, std::abs(x - y));
+            sheet.SetBackColor(row, kFirstSumChartCol + sheet.CellNumber(row, kSumCol),
+                               kChartColour);
+            sheet.SetBackColor(row,
+                               kFirstDifferenceChartCol + sheet.CellNumber(row, kDifferenceCol),
+                               kChartColour);
         }
-    }
-    for (int r = 1; r <= lastBlockRow; r += kRowsPerDrawing) {
-        for (int i = 0; i < kRowsPerDrawing; ++i) {
-            const auto [x, y] =
-                PairOnRow(sheet, r + i, kPositionPairs[static_cast<std::size_t>(i)]);
-            sheet.SetNumber(r + i, kDifferenceCol, std::abs(x - y));
-        }
-    }
-    for (int r = 1; r <= sheet.Rows() - 3; ++r) {
-        sheet.SetBackColor(r, kFirstSumChartCol + sheet.CellNumber(r, kSumCol), kChartColour);
-        sheet.SetBackColor(r, kFirstDifferenceChartCol + sheet.CellNumber(r, kDifferenceCol),
-                           kChartColour);
     }
     sheet.SetTopRow(sheet.Rows() - 1);
 }
