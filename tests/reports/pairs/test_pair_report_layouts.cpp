@@ -93,17 +93,5 @@ TEST(PairReportLayouts, HeaderWidthsTitleAndSizeOfEachReport) {
     }
 }
 
-TEST(PairReportLayouts, AnEmptyHistoryLeavesTheHeaderAndEmptyRows) {
-    for (const char* object :
-         {"frmdaimaduizi", "frmliangmahecha", "frmliangmajiwei", "frmrenwenlengTlm"}) {
-        SCOPED_TRACE(object);
-        const ReportSheet sheet = Build(object, {});
-        EXPECT_EQ(sheet.DrawCount(), 0);
-        EXPECT_FALSE(sheet.IsEmpty(0, 1));
-        for (int r = 1; r < sheet.Rows(); ++r)
-            EXPECT_EQ(RowTexts(sheet, r, 0, sheet.Cols() - 1), Blanks(sheet.Cols())) << r;
-    }
-}
-
 }  // namespace
 }  // namespace numarel
