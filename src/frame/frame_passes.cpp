@@ -44,6 +44,10 @@ void ReadDrawings(std::span<const DrawRecord> drawings, const DrawingVisit& visi
 
 void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work,
                DigitColumns columns) {
+    // Every label is a text of its own; without room made for them up front, the pool's
+    // doubling would leave a full history with nearly twice the room the labels need.
+    constexpr std::size_t kOtherTexts = 256;
+    sheet.ReserveTexts(std::min(drawings.size(), kMaxDrawings) + kOtherTexts);
     ReadDrawings(drawings, [&](int row, const DrawRecord& record, CurrentDigits& digits) {
         sheet.SetText(row, 0, DrawingLabel(record));
         sheet.SetNumber(row, columns.h, digits[0]);

@@ -82,29 +82,6 @@ std::string_view FiveRegionPair(int digit) {
     return kPairs[r];
 }
 
-std::string DigitsSideBySide(int first, int second) {
-    if (first >= 0 && first <= 9 && second >= 0 && second <= 9)
-        return {static_cast<char>('0' + first), static_cast<char>('0' + second)};
-    return std::to_string(first) + std::to_string(second);
-}
-
-std::string PairText(int x, int y) {
-    return x <= y ? DigitsSideBySide(x, y) : DigitsSideBySide(y, x);
-}
-
-void SetPairText(ReportSheet& sheet, int row, int col, int x, int y) {
-    static constexpr std::string_view kLeadingZero[10] = {"00", "01", "02", "03", "04",
-                                                          "05", "06", "07", "08", "09"};
-    const int small = x <= y ? x : y;
-    const int large = x <= y ? y : x;
-    if (small < 0 || large > 9)
-        sheet.SetText(row, col, PairText(x, y));
-    else if (small == 0)
-        sheet.SetText(row, col, kLeadingZero[large]);
-    else
-        sheet.SetNumber(row, col, small * 10 + large);
-}
-
 std::string PatternString(const CurrentDigits& d, ClassPair pair) {
     std::string out(3, ' ');
     for (std::size_t i = 0; i < 3; ++i)

@@ -50,15 +50,6 @@ char FourRegionSumWidth(int digit);  // '1' 0-2, '2' 3 4, '3' 5 6, '4' 7-9
 // The Five Regions pair a digit belongs to: "05", "16", "27", "38" or "49".
 std::string_view FiveRegionPair(int digit);
 
-// Two digits written side by side in the order given, such as "74" for H 7 and T 4.
-std::string DigitsSideBySide(int first, int second);
-// The text of an unordered pair of digits: the smaller digit first, so that 7 with 2 and 2 with 7
-// are both "27". A digit may stand twice ("55").
-std::string PairText(int x, int y);
-// Writes PairText(x, y) into a cell. A pair such as "27" reads as a plain number and is kept as
-// one by the sheet whichever way it is written; it is written as one here, which is faster.
-void SetPairText(ReportSheet& sheet, int row, int col, int x, int y);
-
 // One letter per position, H first: "OEE", "BSB", "PPC".
 std::string PatternString(const CurrentDigits& digits, ClassPair pair);
 // The eight pattern strings of a class pair in the reports' column order.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <memory>
@@ -31,12 +32,17 @@ public:
         return value;
     }
     std::size_t Size() const { return views_.size(); }
+    // Makes room for `count` texts in all, so that a pool filled to a known size is not left
+    // with twice the room it needs.
+    void Reserve(std::size_t count);
     std::size_t MemoryBytes() const;
 
 private:
     static std::uint32_t Hash(std::string_view text);
     std::string_view Store(std::string_view text);
-    void Grow();
+    void Grow(std::size_t slotCount);
+    // Intern by the hash table alone.
+    std::uint32_t InternHashed(std::string_view text);
 
     static constexpr std::size_t kChunkBytes = 64 * 1024;
     std::vector<std::unique_ptr<char[]>> chunks_;  // characters, never moved once written
@@ -49,6 +55,15 @@ private:
     // so that a probe passes over other texts, and growing places them, without reading them.
     std::vector<std::uint64_t> slots_;
     std::uint32_t last_ = 0;  // reports often write one text many times in a row
+    // Letters, digits and markers of up to three characters make up most cells, a few of them
+    // over and over: each is found here without hashing. Keyed by the packed characters and the
+    // length (never 0, as no key is empty).
+    struct ShortText {
+        std::uint32_t key = 0;
+        std::uint32_t handle = 0;
+    };
+    static constexpr int kShortBits = 6;
+    std::array<ShortText, 1u << kShortBits> shortTexts_{};
 };
 
 }  // namespace numarel

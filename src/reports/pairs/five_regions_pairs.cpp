@@ -5,6 +5,7 @@
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
+#include "reports/pairs/pair_text.h"
 #include "reports/report_registry.h"
 
 namespace numarel {

@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "frame/frame_passes.h"
-#include "frame/number_classes.h"
 #include "reports/report_registry.h"
 
 namespace numarel {
@@ -22,6 +21,13 @@ constexpr std::array<PositionPair, 3> kPositionPairs{{
     {0, 2, "(H±U)"},
     {1, 2, "(T±U)"},
 }};
+
+// Two digits side by side in the order given, such as "74" for H 7 and T 4.
+std::string DigitsSideBySide(int first, int second) {
+    if (first >= 0 && first <= 9 && second >= 0 && second <= 9)
+        return {static_cast<char>('0' + first), static_cast<char>('0' + second)};
+    return std::to_string(first) + std::to_string(second);
+}
 
 // --- + or - of Pairs ------------------------------------------------------------------------
 
@@ -73,6 +79,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.SetDrawCount(drawCount);
     sheet.SetRowsPerDrawing(kRowsPerDrawing);
     sheet.SetRows(kRowsPerDrawing * drawCount + 3);  // the last two rows stay empty
+    sheet.ReserveTexts(static_cast<std::size_t>(kRowsPerDrawing * drawCount) + 1);  // the labels
     std::string label;
     ReadDrawings(drawings, [&](int n, const DrawRecord& record, CurrentDigits& digits) {
         const int first = kRowsPerDrawing * (n - 1) + 1;

@@ -6,6 +6,7 @@
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "reports/digit_straight/seven_drawing_ranking.h"
+#include "reports/pairs/pair_text.h"
 #include "reports/report_registry.h"
 
 namespace numarel {
