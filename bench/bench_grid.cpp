@@ -1,6 +1,6 @@
 // Times the desktop grid view on the largest sheet of the system, 215 columns by 32769 rows,
 // offscreen: opening it (model, sizes, first paint at the newest rows) and scrolling it page by
-// page, each step painted.
+// page, each step painted; and opening the tallest, + or - of Pairs with three rows a drawing.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -8,9 +8,11 @@
 #include <cstdint>
 #include <memory>
 
+#include "data/drawings_file.h"
 #include "frame/frame_passes.h"
 #include "frame/report_sheet.h"
 #include "platform/grid_view.h"
+#include "reports/report_registry.h"
 
 namespace {
 
@@ -59,10 +61,31 @@ const ReportSheet& LargestSheet() {
     return sheet;
 }
 
-void BM_GridOpenLargestSheet(benchmark::State& state) {
+// + or - of Pairs on a made-up history of 32767 drawings: 98307 rows, three a drawing.
+const ReportSheet& TallestSheet() {
+    static const ReportSheet sheet = [] {
+        std::string bytes;
+        std::uint32_t state = 12345;
+        for (int i = 0; i < static_cast<int>(kMaxDrawings); ++i) {
+            bytes += std::to_string(1000001 + i);
+            for (int k = 0; k < 3; ++k) {
+                state = state * 1664525u + 1013904223u;
+                bytes += ' ';
+                bytes += static_cast<char>('0' + (state >> 16) % 10);
+            }
+            bytes += "\r\n";
+        }
+        ReportSheet s;
+        BuildReport(*FindReport("frmliangmahecha"), ParseDrawings(bytes), s);
+        return s;
+    }();
+    return sheet;
+}
+
+void OpenSheet(benchmark::State& state, const ReportSheet& shown) {
     App();
     // The view only reads the sheet; the model's pointer is non-const for marks.
-    auto* sheet = const_cast<ReportSheet*>(&LargestSheet());
+    auto* sheet = const_cast<ReportSheet*>(&shown);
     for (auto _ : state) {
         auto view = std::make_unique<GridView>();
         view->resize(1280, 900);
@@ -76,10 +99,19 @@ void BM_GridOpenLargestSheet(benchmark::State& state) {
         QCoreApplication::processEvents();
         state.ResumeTiming();
     }
-    state.counters["rows"] = LargestSheet().Rows();
-    state.counters["cols"] = LargestSheet().Cols();
+    state.counters["rows"] = shown.Rows();
+    state.counters["cols"] = shown.Cols();
+}
+
+void BM_GridOpenLargestSheet(benchmark::State& state) {
+    OpenSheet(state, LargestSheet());
 }
 BENCHMARK(BM_GridOpenLargestSheet)->Unit(benchmark::kMillisecond);
+
+void BM_GridOpenTallestSheet(benchmark::State& state) {
+    OpenSheet(state, TallestSheet());
+}
+BENCHMARK(BM_GridOpenTallestSheet)->Unit(benchmark::kMillisecond);
 
 // One step: a page down (wrapping to the top at the end) or a screen to the right, painted.
 void BM_GridScrollLargestSheet(benchmark::State& state) {

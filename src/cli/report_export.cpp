@@ -29,7 +29,7 @@ std::string_view Extension(SheetFormat format) {
 }
 
 std::string HtmlText(std::string_view text) {
-    std::string out = Latin1ToUtf8(text);
+    std::string out = SheetTextToUtf8(text);
     std::string escaped;
     for (char c : out) {
         if (c == '&')

@@ -12,10 +12,36 @@ namespace numarel {
 namespace {
 
 constexpr int kDividerWidth = 100;
+constexpr Rgb kDefaultGridLine = MakeRgb(192, 192, 192);
 
 bool IsVisibleColumn(const ReportSheet& sheet, int col) {
     int w = sheet.ColWidth(col);
     return w < 0 || w >= kDividerWidth;
+}
+
+// The length of the UTF-8 sequence that starts at `text[i]`, or 0 when it is not one.
+std::size_t Utf8SequenceAt(std::string_view text, std::size_t i) {
+    const auto lead = static_cast<unsigned char>(text[i]);
+    const std::size_t length = lead < 0x80                    ? 1
+                               : lead >= 0xC2 && lead <= 0xDF ? 2
+                               : lead >= 0xE0 && lead <= 0xEF ? 3
+                               : lead >= 0xF0 && lead <= 0xF4 ? 4
+                                                              : 0;
+    if (length == 0 || i + length > text.size()) return 0;
+    for (std::size_t k = 1; k < length; ++k)
+        if ((static_cast<unsigned char>(text[i + k]) & 0xC0) != 0x80) return 0;
+    return length;
+}
+
+// The reports write UTF-8 (arrows, the plus-minus sign); bytes that are not UTF-8 come from a
+// drawings file and are taken one character a byte.
+bool IsUtf8(std::string_view text) {
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t length = Utf8SequenceAt(text, i);
+        if (length == 0) return false;
+        i += length;
+    }
+    return true;
 }
 
 // Pixels at 96 dots to the inch; a twip is 1/1440 inch.
@@ -63,13 +89,17 @@ public:
             text[1 + i] = kDigits[(colour >> (20 - 4 * i)) & 0xF];
         return *this << std::string_view(text, 7);
     }
-    // Single-byte text as UTF-8, each byte below 0x80 passed through `escape` first.
+    // A sheet text as UTF-8 (see SheetTextToUtf8), each byte below 0x80 passed through `escape`
+    // first.
     template <typename Escape>
-    Sink& Latin1(std::string_view text, Escape escape) {
+    Sink& Text(std::string_view text, Escape escape) {
+        const bool utf8 = IsUtf8(text);
         for (char ch : text) {
             auto c = static_cast<unsigned char>(ch);
             if (c < 0x80) {
                 escape(*this, ch);
+            } else if (utf8) {
+                *this << ch;
             } else {
                 *this << static_cast<char>(0xC0 | (c >> 6));
                 *this << static_cast<char>(0x80 | (c & 0x3F));
@@ -77,8 +107,8 @@ public:
         }
         return *this;
     }
-    Sink& Latin1(std::string_view text) {
-        return Latin1(text, [](Sink& s, char c) { s << c; });
+    Sink& Text(std::string_view text) {
+        return Text(text, [](Sink& s, char c) { s << c; });
     }
     void Flush() {
         out_.write(buffer_.get(), static_cast<std::streamsize>(used_));
@@ -178,11 +208,11 @@ public:
         Separate();
         Quoted(utf8);
     }
-    // A cell or title text, single-byte.
-    void Latin1String(std::string_view text) {
+    // A cell or title text.
+    void SheetText(std::string_view text) {
         Separate();
         sink_ << '"';
-        sink_.Latin1(text, JsonChar);
+        sink_.Text(text, JsonChar);
         sink_ << '"';
     }
     // "#rrggbb", or null for the sheet's default colour.
@@ -247,7 +277,8 @@ bool ParseSheetFormat(std::string_view name, SheetFormat& format) {
     return true;
 }
 
-std::string Latin1ToUtf8(std::string_view text) {
+std::string SheetTextToUtf8(std::string_view text) {
+    if (IsUtf8(text)) return std::string(text);
     std::string out;
     out.reserve(text.size());
     for (char ch : text) {
@@ -263,38 +294,48 @@ std::string Latin1ToUtf8(std::string_view text) {
 }
 
 std::string FormatSheetText(const ReportSheet& sheet, int tail) {
-    const int n = sheet.DrawCount();
+    const int perDrawing = sheet.RowsPerDrawing();
+    const int lastDrawingRow = sheet.DrawCount() * perDrawing;
     std::vector<int> rows{0};
-    for (int r = std::max(1, n - std::max(tail, 0) + 1); r <= n; ++r)
-        rows.push_back(r);
-    for (int r = n + 1; r < sheet.Rows(); ++r)
+    for (int r = std::max(1, lastDrawingRow - std::max(tail, 0) * perDrawing + 1); r < sheet.Rows();
+         ++r)
         rows.push_back(r);
 
     std::vector<int> cols;
     for (int c = 0; c < sheet.Cols(); ++c)
         if (IsVisibleColumn(sheet, c)) cols.push_back(c);
 
+    // Columns are padded by characters, not bytes, so that a label with a sign such as ± lines up.
+    auto characters = [](const std::string& utf8) {
+        return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char ch) {
+            return (static_cast<unsigned char>(ch) & 0xC0) != 0x80;
+        }));
+    };
+    std::vector<std::vector<std::string>> texts(rows.size(), std::vector<std::string>(cols.size()));
     std::vector<std::size_t> widths(cols.size(), 1);
-    for (int r : rows)
-        for (std::size_t i = 0; i < cols.size(); ++i)
-            widths[i] = std::max(widths[i], sheet.Text(r, cols[i]).size());
+    for (std::size_t k = 0; k < rows.size(); ++k) {
+        for (std::size_t i = 0; i < cols.size(); ++i) {
+            texts[k][i] = SheetTextToUtf8(sheet.Text(rows[k], cols[i]));
+            widths[i] = std::max(widths[i], characters(texts[k][i]));
+        }
+    }
 
     std::string out;
-    if (!sheet.Title().empty()) out += Latin1ToUtf8(sheet.Title()) + "\n";
-    for (int r : rows) {
+    if (!sheet.Title().empty()) out += SheetTextToUtf8(sheet.Title()) + "\n";
+    for (std::size_t k = 0; k < rows.size(); ++k) {
         std::string line;
         for (std::size_t i = 0; i < cols.size(); ++i) {
-            std::string text = sheet.Text(r, cols[i]);
-            text.resize(widths[i], ' ');
+            const std::string& text = texts[k][i];
             line += text;
+            line.append(widths[i] - characters(text), ' ');
             line += i == 0 ? " | " : " ";
         }
         while (!line.empty() && line.back() == ' ')
             line.pop_back();
-        out += Latin1ToUtf8(line) + "\n";
+        out += line + "\n";
     }
     for (const SheetLabel& label : sheet.Labels())
-        out += Latin1ToUtf8(label.text) + "\n";
+        out += SheetTextToUtf8(label.text) + "\n";
     return out;
 }
 
@@ -308,13 +349,13 @@ void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out) {
             if (text.find_first_of(",\"\r\n") != std::string::npos || text.starts_with(' ') ||
                 text.ends_with(' ')) {
                 sink << '"';
-                sink.Latin1(text, [](Sink& s, char ch) {
+                sink.Text(text, [](Sink& s, char ch) {
                     if (ch == '"') s << '"';
                     s << ch;
                 });
                 sink << '"';
             } else {
-                sink.Latin1(text);
+                sink.Text(text);
             }
         }
         sink << "\r\n";
@@ -323,7 +364,9 @@ void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out) {
 
 void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostream& out) {
     Sink sink(out);
-    auto title = [&] { sink.Latin1(sheet.Title(), HtmlChar); };
+    auto title = [&] { sink.Text(sheet.Title(), HtmlChar); };
+    const Rgb gridLine =
+        sheet.GridColour() == kDefaultColour ? kDefaultGridLine : sheet.GridColour();
     sink << "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n<title>";
     title();
     sink << "</title>\n<style>\n"
@@ -334,13 +377,16 @@ void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostr
             "font-size:"
          << sheet.FontDecipoints() / 10 << '.' << sheet.FontDecipoints() % 10
          << "pt;background:#ffffff}\n"
-            "td{border-right:1px solid #c0c0c0;border-bottom:1px solid #c0c0c0;overflow:hidden;"
-            "white-space:pre;padding:0;height:16px}\n"
-            "tr.h td{position:sticky;top:0;background:#f0f0f0;border-bottom:1px solid #000;"
-            "z-index:1}\n"
-            "td.l{position:sticky;left:0;background:#f0f0f0;border-right:1px solid #000}\n"
-            "tr.h td.l{z-index:2}\n"
-            "</style></head><body>\n<h1>";
+            "td{border-right:1px solid ";
+    sink.Hex(gridLine) << ";border-bottom:1px solid ";
+    sink.Hex(gridLine)
+        << ";overflow:hidden;"
+           "white-space:pre;padding:0;height:16px}\n"
+           "tr.h td{position:sticky;top:0;background:#f0f0f0;border-bottom:1px solid #000;"
+           "z-index:1}\n"
+           "td.l{position:sticky;left:0;background:#f0f0f0;border-right:1px solid #000}\n"
+           "tr.h td.l{z-index:2}\n"
+           "</style></head><body>\n<h1>";
     title();
     sink << " <small>(";
     for (char c : report)
@@ -373,7 +419,7 @@ void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostr
                 sink << '"';
             }
             sink << '>';
-            if (!sheet.IsEmpty(r, c)) sink.Latin1(sheet.Text(r, c), HtmlChar);
+            if (!sheet.IsEmpty(r, c)) sink.Text(sheet.Text(r, c), HtmlChar);
             sink << "</td>";
         }
         sink << "</tr>\n";
@@ -390,7 +436,7 @@ void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostr
             sink.Hex(label.fore);
         }
         sink << "\">";
-        sink.Latin1(label.text, HtmlChar);
+        sink.Text(label.text, HtmlChar);
         sink << "</p>\n";
     }
     sink << "<script>var w=document.querySelector('.wrap');"
@@ -404,7 +450,7 @@ void WriteSheetJson(const ReportSheet& sheet, std::string_view report, std::ostr
     json.Key("report");
     json.String(report);
     json.Key("title");
-    json.Latin1String(sheet.Title());
+    json.SheetText(sheet.Title());
     json.Key("rows");
     json.Number(sheet.Rows());
     json.Key("cols");
@@ -423,6 +469,11 @@ void WriteSheetJson(const ReportSheet& sheet, std::string_view report, std::ostr
         json.EndArray();
     }
     json.EndArray();
+    // Only a sheet that has grid lines of its own says so; the others keep the default grey.
+    if (sheet.GridColour() != kDefaultColour) {
+        json.Key("gridColour");
+        json.Colour(sheet.GridColour());
+    }
     json.Key("cells");
     json.BeginArray();
     for (int r = 0; r < sheet.Rows(); ++r) {
@@ -434,7 +485,7 @@ void WriteSheetJson(const ReportSheet& sheet, std::string_view report, std::ostr
             json.BeginArray();
             json.Number(r);
             json.Number(c);
-            json.Latin1String(empty ? std::string() : sheet.Text(r, c));
+            json.SheetText(empty ? std::string() : sheet.Text(r, c));
             json.Colour(back);
             json.Colour(fore);
             json.EndArray();
@@ -473,7 +524,7 @@ std::string FormatRangeTsv(const ReportSheet& sheet, int top, int left, int bott
             for (int c = left; c <= right; ++c) {
                 if (c > left) sink << '\t';
                 // A tab or line break inside a cell would split it.
-                sink.Latin1(sheet.Text(r, c), [](Sink& s, char ch) {
+                sink.Text(sheet.Text(r, c), [](Sink& s, char ch) {
                     s << (ch == '\t' || ch == '\n' || ch == '\r' ? ' ' : ch);
                 });
             }
@@ -509,7 +560,7 @@ std::string FormatRangeHtml(const ReportSheet& sheet, int top, int left, int bot
                     sink << '"';
                 }
                 sink << '>';
-                sink.Latin1(sheet.Text(r, c), HtmlChar);
+                sink.Text(sheet.Text(r, c), HtmlChar);
                 sink << "</td>";
             }
             sink << "</tr>\n";

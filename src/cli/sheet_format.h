@@ -15,8 +15,8 @@ enum class SheetFormat { Text, Csv, Html, Json };
 bool ParseSheetFormat(std::string_view name, SheetFormat& format);
 
 // A readable table for a terminal: the visible columns (a column narrower than 100 twips is a
-// divider or a store and is left out), the header, the last `tail` drawings, the next drawing's
-// row and any footer rows.
+// divider or a store and is left out), the header, the rows of the last `tail` drawings, the next
+// drawing's row and any footer rows.
 std::string FormatSheetText(const ReportSheet& sheet, int tail);
 
 // Every cell's text, one line per row, RFC 4180 quoting.
@@ -27,8 +27,9 @@ std::string FormatSheetCsv(const ReportSheet& sheet);
 std::string FormatSheetHtml(const ReportSheet& sheet, std::string_view report);
 
 // The exchange format read by tools outside the program:
-// {"report", "title", "rows", "cols", "colWidths", "rowHeights", "cells": [[row, col, text,
-// back, fore], ...]} with colours as "#rrggbb" or null for the default.
+// {"report", "title", "rows", "cols", "colWidths", "rowHeights", "gridColour", "cells": [[row, col,
+// text, back, fore], ...]} with colours as "#rrggbb" or null for the default; "gridColour" only
+// where the sheet has grid lines of its own colour.
 std::string FormatSheetJson(const ReportSheet& sheet, std::string_view report);
 
 // The same, written to `out` as they are made, a block at a time: a sheet of millions of cells
@@ -46,7 +47,8 @@ std::string FormatRangeTsv(const ReportSheet& sheet, int top, int left, int bott
 // The same block as an HTML table that keeps the cells' colours when pasted into a spreadsheet.
 std::string FormatRangeHtml(const ReportSheet& sheet, int top, int left, int bottom, int right);
 
-// Cell texts are single-byte text; this turns them into UTF-8.
-std::string Latin1ToUtf8(std::string_view text);
+// Cell texts are UTF-8 as the reports write them; a text that is not (bytes of a drawings file)
+// is taken one character a byte.
+std::string SheetTextToUtf8(std::string_view text);
 
 }  // namespace numarel

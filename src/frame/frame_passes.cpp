@@ -29,26 +29,32 @@ void ResetSheet(ReportSheet& sheet, int drawCount, int rows, int lastBlankCol) {
         sheet.SetText(drawCount + 1, c, "");
 }
 
+void ReadDrawings(std::span<const DrawRecord> drawings, const DrawingVisit& visit) {
+    CurrentDigits digits{0, 0, 0};
+    int n = 1;
+    for (const DrawRecord& record : drawings) {
+        if (n > static_cast<int>(kMaxDrawings)) break;
+        const std::string* fields[3] = {&record.h, &record.t, &record.u};
+        for (int i = 0; i < 3; ++i)
+            if (auto v = ToInt16(*fields[i])) digits[static_cast<std::size_t>(i)] = *v;
+        visit(n, record, digits);
+        ++n;
+    }
+}
+
 void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work,
                DigitColumns columns) {
     // Every label is a text of its own; without room made for them up front, the pool's
     // doubling would leave a full history with nearly twice the room the labels need.
     constexpr std::size_t kOtherTexts = 256;
     sheet.ReserveTexts(std::min(drawings.size(), kMaxDrawings) + kOtherTexts);
-    CurrentDigits digits{0, 0, 0};
-    int row = 1;
-    for (const DrawRecord& record : drawings) {
-        if (row > static_cast<int>(kMaxDrawings)) break;
+    ReadDrawings(drawings, [&](int row, const DrawRecord& record, CurrentDigits& digits) {
         sheet.SetText(row, 0, DrawingLabel(record));
-        const std::string* fields[3] = {&record.h, &record.t, &record.u};
-        for (int i = 0; i < 3; ++i)
-            if (auto v = ToInt16(*fields[i])) digits[static_cast<std::size_t>(i)] = *v;
         sheet.SetNumber(row, columns.h, digits[0]);
         sheet.SetNumber(row, columns.t, digits[1]);
         sheet.SetNumber(row, columns.u, digits[2]);
         if (work) work(row, digits);
-        ++row;
-    }
+    });
 }
 
 void FinishLoad(ReportSheet& sheet) {

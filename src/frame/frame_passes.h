@@ -43,6 +43,14 @@ struct DigitColumns {
     int u = 3;
 };
 
+// Called per drawing with its number (1 for the oldest), its record and the digits in hand.
+using DrawingVisit = std::function<void(int n, const DrawRecord& record, CurrentDigits& digits)>;
+
+// The drawings in file order as FillSheet reads them, for a report that lays a drawing out
+// otherwise than on one row: a digit that cannot be converted keeps the value of the drawing
+// before, as a failed statement leaves it.
+void ReadDrawings(std::span<const DrawRecord> drawings, const DrawingVisit& visit);
+
 // Called per drawing with its row (1 for the oldest) and the digits in hand, which the report
 // may change (a report that sorts them sorts them here).
 using RowWork = std::function<void(int row, CurrentDigits& digits)>;

@@ -130,6 +130,13 @@ public:
     // The number of drawings the sheet was filled with; row DrawCount + 1 is the next drawing.
     int DrawCount() const { return drawCount_; }
     void SetDrawCount(int count) { drawCount_ = count; }
+    // The rows each drawing takes: 1 in most reports, more where a drawing is spread over several
+    // rows; drawing n then starts at row (n - 1) * RowsPerDrawing() + 1.
+    int RowsPerDrawing() const { return rowsPerDrawing_; }
+    void SetRowsPerDrawing(int rows) { rowsPerDrawing_ = rows < 1 ? 1 : rows; }
+    // The colour of the lines between the cells; 0 is the sheet's default grey.
+    Rgb GridColour() const { return gridColour_; }
+    void SetGridColour(Rgb colour) { gridColour_ = colour; }
     // Font size in tenths of a point (75 = 7.5 pt).
     int FontDecipoints() const { return fontDecipoints_; }
     void SetFontDecipoints(int decipoints) { fontDecipoints_ = decipoints; }
@@ -216,6 +223,8 @@ private:
     int topRow_ = 0;
     std::string title_;
     int drawCount_ = 0;
+    int rowsPerDrawing_ = 1;
+    Rgb gridColour_ = kDefaultColour;
     int fontDecipoints_ = 75;
     std::vector<SheetLabel> labels_;
 };

@@ -2,18 +2,19 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 #include "data/basic_text.h"
 
 namespace numarel {
 
-std::uint64_t TextPool::Hash(std::string_view text) {
+std::uint32_t TextPool::Hash(std::string_view text) {
     std::uint64_t h = 1469598103934665603ull;  // FNV-1a: texts are short
     for (char c : text) {
         h ^= static_cast<unsigned char>(c);
         h *= 1099511628211ull;
     }
-    return h ^ (h >> 29);
+    return static_cast<std::uint32_t>(h ^ (h >> 29));
 }
 
 std::string_view TextPool::Store(std::string_view text) {
@@ -33,14 +34,26 @@ std::string_view TextPool::Store(std::string_view text) {
     return {at, text.size()};
 }
 
+namespace {
+
+std::uint32_t HashOf(std::uint64_t slot) {
+    return static_cast<std::uint32_t>(slot >> 32);
+}
+std::uint32_t HandleOf(std::uint64_t slot) {
+    return static_cast<std::uint32_t>(slot);
+}
+
+}  // namespace
+
 void TextPool::Grow(std::size_t slotCount) {
-    std::vector<std::uint32_t> slots(slotCount, 0);
+    std::vector<std::uint64_t> slots(slotCount, 0);
     const std::size_t mask = slots.size() - 1;
-    for (std::uint32_t handle = 1; handle <= views_.size(); ++handle) {
-        std::size_t i = Hash(views_[handle - 1]) & mask;
+    for (std::uint64_t slot : slots_) {
+        if (slot == 0) continue;
+        std::size_t i = HashOf(slot) & mask;
         while (slots[i] != 0)
             i = (i + 1) & mask;
-        slots[i] = handle;
+        slots[i] = slot;
     }
     slots_ = std::move(slots);
 }
@@ -72,21 +85,22 @@ std::uint32_t TextPool::InternHashed(std::string_view text) {
     if (last_ != 0 && views_[last_ - 1] == text) return last_;
     if ((views_.size() + 1) * 2 > slots_.size()) Grow(std::max<std::size_t>(64, slots_.size() * 2));
     const std::size_t mask = slots_.size() - 1;
-    std::size_t i = Hash(text) & mask;
-    while (slots_[i] != 0) {
-        if (views_[slots_[i] - 1] == text) return last_ = slots_[i];
-        i = (i + 1) & mask;
-    }
+    const std::uint32_t hash = Hash(text);
+    std::size_t i = hash & mask;
+    for (; slots_[i] != 0; i = (i + 1) & mask)
+        if (HashOf(slots_[i]) == hash && views_[HandleOf(slots_[i]) - 1] == text)
+            return last_ = HandleOf(slots_[i]);
     views_.push_back(Store(text));
-    values_.push_back(LeadingValue(text));
-    slots_[i] = static_cast<std::uint32_t>(views_.size());
-    return last_ = slots_[i];
+    values_.push_back(std::numeric_limits<double>::quiet_NaN());
+    last_ = static_cast<std::uint32_t>(views_.size());
+    slots_[i] = (static_cast<std::uint64_t>(hash) << 32) | last_;
+    return last_;
 }
 
 std::size_t TextPool::MemoryBytes() const {
     std::size_t bytes = chunks_.size() * kChunkBytes + blockBytes_;
     bytes += views_.capacity() * sizeof(std::string_view) + values_.capacity() * sizeof(double);
-    bytes += slots_.capacity() * sizeof(std::uint32_t);
+    bytes += slots_.capacity() * sizeof(std::uint64_t);
     return bytes;
 }
 

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <string_view>
 #include <vector>
+
+#include "data/basic_text.h"
 
 namespace numarel {
 
@@ -21,8 +24,13 @@ public:
     // The handle of `text`, adding it when it is new. `text` must not be empty.
     std::uint32_t Intern(std::string_view text);
     std::string_view View(std::uint32_t handle) const { return views_[handle - 1]; }
-    // The number at the start of the text, worked out once when the text was added.
-    double Value(std::uint32_t handle) const { return values_[handle - 1]; }
+    // The number at the start of the text, worked out the first time it is asked for: most texts
+    // (drawing labels above all) are never read as numbers.
+    double Value(std::uint32_t handle) const {
+        double& value = values_[handle - 1];
+        if (std::isnan(value)) value = LeadingValue(views_[handle - 1]);
+        return value;
+    }
     std::size_t Size() const { return views_.size(); }
     // Makes room for `count` texts in all, so that a pool filled to a known size is not left
     // with twice the room it needs.
@@ -30,7 +38,7 @@ public:
     std::size_t MemoryBytes() const;
 
 private:
-    static std::uint64_t Hash(std::string_view text);
+    static std::uint32_t Hash(std::string_view text);
     std::string_view Store(std::string_view text);
     void Grow(std::size_t slotCount);
     // Intern by the hash table alone.
@@ -42,9 +50,11 @@ private:
     std::vector<std::unique_ptr<char[]>> blocks_;  // long texts, one block each
     std::size_t blockBytes_ = 0;
     std::vector<std::string_view> views_;
-    std::vector<double> values_;
-    std::vector<std::uint32_t> slots_;  // open addressing; 0 is a free slot
-    std::uint32_t last_ = 0;            // reports often write one text many times in a row
+    mutable std::vector<double> values_;  // NaN until worked out; a text's value is never NaN
+    // Open addressing; 0 is a free slot, else the text's hash (high half) and handle (low half),
+    // so that a probe passes over other texts, and growing places them, without reading them.
+    std::vector<std::uint64_t> slots_;
+    std::uint32_t last_ = 0;  // reports often write one text many times in a row
     // Letters, digits and markers of up to three characters make up most cells, a few of them
     // over and over: each is found here without hashing. Keyed by the packed characters and the
     // length (never 0, as no key is empty).

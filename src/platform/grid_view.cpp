@@ -38,12 +38,13 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
         static const QColor kBack = ToQColor(GridView::kCellBack);
-        static const QColor kLine = ToQColor(GridView::kGridLine);
+        const Rgb line = static_cast<const SheetModel*>(index.model())->GridColour();
         painter->save();
         painter->setFont(option.font);
         PaintSheetCell(painter, option.rect, index.data(Qt::DisplayRole).toString(),
                        ColourOr(index.data(Qt::BackgroundRole), kBack),
-                       ColourOr(index.data(Qt::ForegroundRole), Qt::black), kLine, false);
+                       ColourOr(index.data(Qt::ForegroundRole), Qt::black),
+                       ToQColor(line == kDefaultColour ? GridView::kGridLine : line), false);
         if (option.state & QStyle::State_HasFocus) {
             QPen pen(Qt::black, 1, Qt::DotLine);
             painter->setPen(pen);

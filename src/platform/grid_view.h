@@ -39,9 +39,9 @@ int NextZoomStep(int percent, int direction);
 int ZoomForKey(int percent, const QKeyEvent& event);
 
 // The on-screen table behind a report sheet: a fixed header row and label column, per-cell back
-// and fore colours, column widths and row heights from the sheet's twips, the sheet's font, the
-// current cell and the first row shown. Cells are painted straight from the sheet through
-// SheetModel, so the largest sheets open at once.
+// and fore colours, the lines between the cells in the sheet's grid colour, column widths and row
+// heights from the sheet's twips, the sheet's font, the current cell and the first row shown. Cells
+// are painted straight from the sheet through SheetModel, so the largest sheets open at once.
 class GridView : public QTableView {
     Q_OBJECT
 public:
@@ -51,7 +51,7 @@ public:
     // The colours a new sheet is drawn in.
     static constexpr Rgb kCellBack = MakeRgb(255, 255, 255);
     static constexpr Rgb kEmptyArea = MakeRgb(128, 128, 128);
-    static constexpr Rgb kGridLine = MakeRgb(192, 192, 192);
+    static constexpr Rgb kGridLine = MakeRgb(192, 192, 192);  // where the sheet sets none
 
     explicit GridView(QWidget* parent = nullptr);
 

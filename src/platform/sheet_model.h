@@ -37,6 +37,9 @@ public:
         return index(sheetRow - 1, sheetCol - 1);
     }
 
+    // The colour of the lines between the cells; 0 for the view's default.
+    Rgb GridColour() const { return sheet_ ? sheet_->GridColour() : kDefaultColour; }
+
     // Tells the views that a sheet cell changed (any cell, fixed ones included).
     void CellChanged(int sheetRow, int sheetCol);
 

@@ -128,6 +128,9 @@ std::span<const ReportDefinition> PairsChartReports();
 std::span<const ReportDefinition> BoxNumberPairReports();
 std::span<const ReportDefinition> FixedPairListReports();
 std::span<const ReportDefinition> InheritTwoDigitsReports();
+std::span<const ReportDefinition> FiveRegionsPairsReports();
+std::span<const ReportDefinition> PositionPairOperationReports();
+std::span<const ReportDefinition> RecommendPairsReports();
 // Subsystem 10
 std::span<const ReportDefinition> SumLinesReports();
 std::span<const ReportDefinition> SumWidthTypeReports();

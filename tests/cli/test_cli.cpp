@@ -65,6 +65,59 @@ TEST(Cli, JsonOfASmallFileFollowsTheContract) {
     }
 }
 
+// The grid-line colour is the one key a report adds only when it has a colour of its own.
+TEST(Cli, GridLinesInAReportsOwnColourReachJsonAndHtml) {
+    TempDir dir;
+    auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 3 0 7\r\n");
+    const struct {
+        const char* report;
+        const char* gridColour;  // nullptr: the key is absent
+        const char* htmlLine;
+    } cases[] = {
+        {"frmbjiouhe", nullptr, "#c0c0c0"},
+        {"frmliangmahecha", "#00c000", "#00c000"},
+        {"frmrenwenlengTlm", "#808000", "#808000"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.report);
+        CliRun json = RunCliWith({"report", c.report, "--data", data.string(), "--format", "json"},
+                                 dir.path());
+        ASSERT_EQ(json.code, 0) << json.err;
+        auto doc = nlohmann::json::parse(json.out);
+        if (c.gridColour) {
+            EXPECT_EQ(doc.value("gridColour", ""), c.gridColour);
+            EXPECT_EQ(doc.size(), 8u);
+        } else {
+            EXPECT_FALSE(doc.contains("gridColour"));
+            EXPECT_EQ(doc.size(), 7u);
+        }
+        CliRun html = RunCliWith({"report", c.report, "--data", data.string(), "--format", "html"},
+                                 dir.path());
+        ASSERT_EQ(html.code, 0) << html.err;
+        EXPECT_NE(html.out.find(std::string("border-right:1px solid ") + c.htmlLine),
+                  std::string::npos);
+    }
+}
+
+// A report with three rows a drawing shows all three rows of each drawing the tail asks for.
+TEST(Cli, TextTailCountsDrawingsNotRows) {
+    TempDir dir;
+    auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 3 0 7\r\n");
+    CliRun run = RunCliWith({"report", "frmliangmahecha", "--data", data.string(), "--tail", "1"},
+                            dir.path());
+    ASSERT_EQ(run.code, 0) << run.err;
+    std::vector<std::string> lines;
+    std::istringstream in(run.out);
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(line);
+    // Title, header, the three rows of the last drawing, the two empty rows closing the sheet.
+    ASSERT_EQ(lines.size(), 7u) << run.out;
+    EXPECT_EQ(lines[2].substr(0, lines[2].find(" |")), " 2020002:307(H\u00b1T)");
+    EXPECT_EQ(lines[4].substr(0, lines[4].find(" |")), " 2020002:307(T\u00b1U)");
+    // Columns line up by characters: the bar stands where the header's does.
+    EXPECT_EQ(lines[2].find('|') - 1, lines[1].find('|'));
+}
+
 TEST(Cli, OutputFileAndOtherFormats) {
     TempDir dir;
     auto data = dir.Write("small.txt", "2020001 1 2 3\r\n\"x\xe9\" 4 5 6\r\n");

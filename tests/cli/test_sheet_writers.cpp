@@ -22,7 +22,7 @@ std::string ReferenceJson(const ReportSheet& sheet, std::string_view report) {
     };
     ordered_json doc;
     doc["report"] = std::string(report);
-    doc["title"] = Latin1ToUtf8(sheet.Title());
+    doc["title"] = SheetTextToUtf8(sheet.Title());
     doc["rows"] = sheet.Rows();
     doc["cols"] = sheet.Cols();
     doc["colWidths"] = ordered_json::array();
@@ -31,12 +31,13 @@ std::string ReferenceJson(const ReportSheet& sheet, std::string_view report) {
     doc["rowHeights"] = ordered_json::array();
     for (auto [row, twips] : sheet.ExplicitRowHeights())
         doc["rowHeights"].push_back({row, twips});
+    if (sheet.GridColour() != kDefaultColour) doc["gridColour"] = colour(sheet.GridColour());
     ordered_json cells = ordered_json::array();
     for (int r = 0; r < sheet.Rows(); ++r)
         for (int c = 0; c < sheet.Cols(); ++c) {
             Rgb back = sheet.BackColor(r, c), fore = sheet.ForeColor(r, c);
             if (sheet.IsEmpty(r, c) && !back && !fore) continue;
-            cells.push_back({r, c, Latin1ToUtf8(sheet.Text(r, c)), colour(back), colour(fore)});
+            cells.push_back({r, c, SheetTextToUtf8(sheet.Text(r, c)), colour(back), colour(fore)});
         }
     doc["cells"] = std::move(cells);
     return doc.dump() + "\n";

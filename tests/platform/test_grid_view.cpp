@@ -101,6 +101,39 @@ TEST(GridView, SizesAndFontComeFromTheSheetsTwipsAndDecipoints) {
     EXPECT_DOUBLE_EQ(view.font().pointSizeF(), 9.0);
 }
 
+// The lines on a cell's right and bottom edges, as painted, for a sheet with and without a grid
+// colour of its own; the fixed header row keeps its black lines.
+TEST(GridView, GridLinesArePaintedInTheSheetsColour) {
+    App();
+    const struct {
+        Rgb sheetColour;
+        QColor painted;
+    } cases[] = {
+        {kDefaultColour, QColor(192, 192, 192)},
+        {MakeRgb(0, 192, 0), QColor(0, 192, 0)},
+        {MakeRgb(128, 128, 0), QColor(128, 128, 0)},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.painted.name().toStdString());
+        ReportSheet sheet = SmallSheet();
+        sheet.SetGridColour(c.sheetColour);
+        GridView view;
+        view.resize(400, 300);
+        view.SetSheet(&sheet);
+        view.show();
+        QCoreApplication::processEvents();
+        const QImage image = view.viewport()->grab().toImage();
+        const QRect cell = view.visualRect(view.Model().IndexOf(1, 1));
+        EXPECT_EQ(image.pixelColor(cell.right(), cell.center().y()), c.painted);
+        EXPECT_EQ(image.pixelColor(cell.center().x(), cell.bottom()), c.painted);
+        EXPECT_EQ(image.pixelColor(cell.center()), QColor(255, 255, 255));
+        QHeaderView* header = view.horizontalHeader();
+        const QImage fixed = header->viewport()->grab().toImage();
+        EXPECT_EQ(fixed.pixelColor(header->sectionViewportPosition(0) + 3, fixed.height() - 1),
+                  QColor(0, 0, 0));
+    }
+}
+
 TEST(GridView, MouseDownMovesTheCurrentCellFirst) {
     App();
     ReportSheet sheet = SmallSheet();

@@ -21,7 +21,8 @@ constexpr std::string_view kTitlesWithoutQuotes[] = {
 };
 
 // Reports whose title says more than their menu caption, which it begins with.
-constexpr std::string_view kTitlesLongerThanCaption[] = {"frmhezhi4"};
+constexpr std::string_view kTitlesLongerThanCaption[] = {"frmhezhi4", "frmdaimaduizi",
+                                                         "frmliangmajiwei"};
 
 std::string WithoutQuotes(std::string_view text) {
     std::string out(text);

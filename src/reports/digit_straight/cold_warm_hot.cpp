@@ -18,7 +18,6 @@ constexpr int kFirstPatternCol = 23;
 constexpr int kLastPatternCol = 32;
 constexpr int kCollapsedRows = 24;  // the first rows have no lists or too young a ranking
 
-constexpr Rgb kWarmBand = MakeRgb(249, 212, 194);
 constexpr Rgb kPatternColour = MakeRgb(42, 219, 167);
 
 // The three lists as they stand in a row, in rank order.
@@ -260,9 +259,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
                            ranking_cols::kFirstDigit + 2});
 
     FillSevenDrawingRanking(sheet);
-    for (int r = 1; r < sheet.Rows(); ++r)
-        for (int c = kWarm.firstCol; c < kWarm.firstCol + kWarm.size; ++c)
-            sheet.SetBackColor(r, c, kWarmBand);
+    ShadeMiddleRanks(sheet);  // the Warm digits
     MarkPatterns(sheet);
 
     for (int r = 1; r <= kCollapsedRows && r < sheet.Rows(); ++r)

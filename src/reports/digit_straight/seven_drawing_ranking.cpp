@@ -67,4 +67,11 @@ void FillSevenDrawingRanking(ReportSheet& sheet) {
     }
 }
 
+void ShadeMiddleRanks(ReportSheet& sheet) {
+    constexpr int kFirstMiddle = ranking_cols::kFirstRank + 3;
+    for (int r = 1; r < sheet.Rows(); ++r)
+        for (int c = kFirstMiddle; c < kFirstMiddle + 4; ++c)
+            sheet.SetBackColor(r, c, ranking_colours::kMiddleRanks);
+}
+
 }  // namespace numarel

@@ -27,6 +27,8 @@ namespace ranking_colours {
 inline constexpr Rgb kOften = MakeRgb(255, 0, 0);
 inline constexpr Rgb kTwice = MakeRgb(255, 243, 42);
 inline constexpr Rgb kSeldom = MakeRgb(1, 188, 243);
+// The band over the four middle ranks.
+inline constexpr Rgb kMiddleRanks = MakeRgb(249, 212, 194);
 }  // namespace ranking_colours
 
 using DigitCounts = std::array<short, 10>;
@@ -47,5 +49,8 @@ Rgb CountColour(short count);
 // t - 1 into columns 1..10 of row t, colours those count cells, and writes the ranked digits into
 // columns 12..21 of row t. Rows 1 to 7 get nothing. The digits are read back from the sheet.
 void FillSevenDrawingRanking(ReportSheet& sheet);
+
+// Bands the four middle ranks, columns 15..18, of every row under the header, ranked or not.
+void ShadeMiddleRanks(ReportSheet& sheet);
 
 }  // namespace numarel

@@ -24,6 +24,18 @@ std::string PairText(int first, int second) {
     return std::to_string(first) + std::to_string(second);
 }
 
+void SetPairText(ReportSheet& sheet, int row, int col, int first, int second) {
+    static constexpr std::string_view kLeadingZero[10] = {"00", "01", "02", "03", "04",
+                                                          "05", "06", "07", "08", "09"};
+    if (second < first) std::swap(first, second);
+    if (first < 0 || second > 9)
+        sheet.SetText(row, col, PairText(first, second));
+    else if (first == 0)
+        sheet.SetText(row, col, kLeadingZero[second]);
+    else
+        sheet.SetNumber(row, col, first * 10 + second);
+}
+
 HeaderColumns::HeaderColumns(const ReportSheet& sheet, int firstCol, int lastCol, bool trim)
     : firstCol_(firstCol) {
     byDigits_.fill(-1);

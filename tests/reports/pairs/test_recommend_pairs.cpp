@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::Build;
+using testing::ColumnsColoured;
+using testing::Drawings;
+using testing::RowTexts;
+using Texts = std::vector<std::string>;
+using Columns = std::vector<int>;
+
+constexpr const char* kObject = "frmrenwenlengTlm";
+constexpr int kFirstRankCol = 12;
+constexpr int kLastRankCol = 21;
+constexpr int kFirstPairCol = 22;
+constexpr int kLastPairCol = 33;
+constexpr int kHitCol = 40;
+constexpr Rgb kRed = MakeRgb(255, 0, 0);
+constexpr Rgb kHitMarkerColour = MakeRgb(43, 145, 255);
+constexpr Rgb kMiddleRanks = MakeRgb(249, 212, 194);
+
+// Drawings 4 to 10 count 4 five times, 2 and 7 four times, 1 and 3 three times, 5 and 6 once:
+// ranked 4 2 7 1 3 5 6 0 8 9, ties by the smaller digit.
+const std::vector<DrawRecord> kHistory =
+    Drawings({"000", "000", "000", "447", "447", "471", "712", "122", "233", "356", "447"});
+// Pairs among 4 2 7 1, then among 6 0 8 9; the ranks 3 and 5 between them are left out.
+const Texts kPairsAfterDrawingTen{"24", "47", "14", "27", "12", "17",
+                                  "06", "68", "69", "08", "09", "89"};
+
+std::vector<DrawRecord> FirstDrawings(std::size_t n) {
+    return {kHistory.begin(), kHistory.begin() + static_cast<std::ptrdiff_t>(n)};
+}
+
+TEST(RecommendPairs, TheNextRowHasRanksFromSevenDrawingsAndPairsFromTen) {
+    const struct {
+        std::size_t drawings;
+        bool ranked;
+        Texts nextRanks;  // where worked out
+        Texts nextPairs;  // empty: no pairs
+    } cases[] = {
+        {0, false, {}, {}},
+        {6, false, {}, {}},
+        // Drawings 1 to 7: 0 nine times, 4 five, 7 four, 1 twice, 2 once.
+        {7, true, {"0", "4", "7", "1", "2", "3", "5", "6", "8", "9"}, {}},
+        {9, true, {}, {}},
+        {10, true, {"4", "2", "7", "1", "3", "5", "6", "0", "8", "9"}, kPairsAfterDrawingTen},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.drawings);
+        const ReportSheet sheet = Build(kObject, FirstDrawings(c.drawings));
+        const int next = static_cast<int>(c.drawings) + 1;
+        ASSERT_EQ(sheet.Rows(), next + 2);
+        const Texts ranks = RowTexts(sheet, next, kFirstRankCol, kLastRankCol);
+        EXPECT_EQ(std::count(ranks.begin(), ranks.end(), ""), c.ranked ? 0 : 10);
+        if (!c.nextRanks.empty()) {
+            EXPECT_EQ(ranks, c.nextRanks);
+        }
+        EXPECT_EQ(RowTexts(sheet, next, kFirstPairCol, kLastPairCol),
+                  c.nextPairs.empty() ? Texts(12) : c.nextPairs);
+        // Nothing is judged before row 11, and the next drawing's row never is.
+        for (int r = 1; r < sheet.Rows(); ++r) {
+            EXPECT_TRUE(sheet.IsEmpty(r, kHitCol)) << r;
+            EXPECT_TRUE(ColumnsColoured(sheet, r, kRed, kFirstPairCol).empty()) << r;
+        }
+    }
+}
+
+TEST(RecommendPairs, ADrawingHoldingARecommendedPairIsMarkedOnce) {
+    const ReportSheet sheet = Build(kObject, kHistory);
+    ASSERT_EQ(sheet.Rows(), 14);
+    // Drawing 11, 4 4 7, has the pairs 44, 47 and 47: 47 is the second pair; 44 is none.
+    EXPECT_EQ(RowTexts(sheet, 11, kFirstPairCol, kLastPairCol), kPairsAfterDrawingTen);
+    EXPECT_EQ(ColumnsColoured(sheet, 11, kRed, kFirstPairCol), (Columns{23}));
+    EXPECT_EQ(sheet.Text(11, kHitCol), "-Y-");
+    EXPECT_EQ(ColumnsColoured(sheet, 11, kHitMarkerColour), (Columns{kHitCol}));
+    // Drawings 5 to 11 count as 4 to 10 did: the same pairs for the next drawing, not judged.
+    EXPECT_EQ(RowTexts(sheet, 12, kFirstPairCol, kLastPairCol), kPairsAfterDrawingTen);
+    EXPECT_TRUE(sheet.IsEmpty(12, kHitCol));
+    // Rows 8 to 10 are ranked but have no pairs.
+    for (int r = 8; r <= 10; ++r)
+        EXPECT_EQ(RowTexts(sheet, r, kFirstPairCol, kLastPairCol), Texts(12)) << r;
+    // The four middle ranks are banded on every row under the header; the first 24 rows are
+    // collapsed as far as the sheet has them.
+    for (int r = 1; r < sheet.Rows(); ++r) {
+        EXPECT_EQ(ColumnsColoured(sheet, r, kMiddleRanks), (Columns{15, 16, 17, 18})) << r;
+        EXPECT_EQ(sheet.RowHeight(r), 2) << r;
+    }
+}
+
+TEST(RecommendPairs, EveryPairOfADrawingCanHitAndOnlyOnce) {
+    auto drawings = FirstDrawings(10);
+    drawings.push_back(Drawings({"742"})[0]);  // 24, 27 and 47: three pair columns
+    const ReportSheet sheet = Build(kObject, drawings);
+    EXPECT_EQ(ColumnsColoured(sheet, 11, kRed, kFirstPairCol), (Columns{22, 23, 25}));
+    EXPECT_EQ(sheet.Text(11, kHitCol), "-Y-");
+}
+
+}  // namespace
+}  // namespace numarel
