@@ -7,6 +7,7 @@
 
 #include "cli/sheet_format.h"
 #include "data/lottery_catalog.h"
+#include "reports/enquiry_other/number_enquiry.h"
 #include "reports/report_registry.h"
 #include "shell/command_table.h"
 
@@ -75,6 +76,35 @@ bool BuildSheet(const std::string& object, const std::string& data, const Progra
     return true;
 }
 
+// The sheet in the format named by --format.
+std::string FormatSheet(const ReportSheet& sheet, const std::string& formatName,
+                        std::string_view object, int tail) {
+    SheetFormat format = SheetFormat::Text;
+    ParseSheetFormat(formatName, format);
+    switch (format) {
+        case SheetFormat::Text:
+            return FormatSheetText(sheet, tail);
+        case SheetFormat::Csv:
+            return FormatSheetCsv(sheet);
+        case SheetFormat::Html:
+            return FormatSheetHtml(sheet, object);
+        case SheetFormat::Json:
+            return FormatSheetJson(sheet, object);
+    }
+    return {};
+}
+
+// The options every command that prints a sheet takes.
+void AddSheetOptions(CLI::App* command, std::string& data, std::string& formatName,
+                     std::string& output, int& tail) {
+    command->add_option("--data", data, "A drawings file instead of the current lottery");
+    command->add_option("--format", formatName, "text, csv, html or json")
+        ->check(CLI::IsMember({"text", "csv", "html", "json"}));
+    command->add_option("--output", output, "Write to this file instead of standard output");
+    command->add_option("--tail", tail, "Drawings shown by the text format")
+        ->check(CLI::NonNegativeNumber);
+}
+
 }  // namespace
 
 int RunCli(int argc, const char* const* argv, const std::filesystem::path& programFolder,
@@ -93,12 +123,18 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
     CLI::App* report = app.add_subcommand("report", "Print the sheet of one report");
     report->add_option("object", object, "The report's window object, such as frmbjiouhe")
         ->required();
-    report->add_option("--data", data, "A drawings file instead of the current lottery");
-    report->add_option("--format", formatName, "text, csv, html or json")
-        ->check(CLI::IsMember({"text", "csv", "html", "json"}));
-    report->add_option("--output", output, "Write to this file instead of standard output");
-    report->add_option("--tail", tail, "Drawings shown by the text format")
-        ->check(CLI::NonNegativeNumber);
+    AddSheetOptions(report, data, formatName, output, tail);
+
+    std::string kind;
+    std::vector<std::string> tickets;
+    CLI::App* enquire = app.add_subcommand(
+        "enquire", "Print the enquiry window's sheet after Enquire with these tickets");
+    enquire->add_option("kind", kind, "straight or box")
+        ->required()
+        ->check(CLI::IsMember({"straight", "box"}));
+    enquire->add_option("text", tickets,
+                        "The tickets, read as the text box reads them: only the digits count");
+    AddSheetOptions(enquire, data, formatName, output, tail);
 
     int column = 0;
     CLI::App* missLengths = app.add_subcommand(
@@ -145,24 +181,22 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
             err << "numarel-cli: " << s.message() << '\n';
             return 1;
         }
-        SheetFormat format = SheetFormat::Text;
-        ParseSheetFormat(formatName, format);
+        return Destination{output}.Deliver(FormatSheet(sheet, formatName, object, tail), out, err);
+    }
+    if (*enquire) {
+        const NumberEnquiry& enquiry =
+            *FindNumberEnquiry(kind == "box" ? "frmzuxuanhaocx" : "frmzhixuanhaocx");
         std::string text;
-        switch (format) {
-            case SheetFormat::Text:
-                text = FormatSheetText(sheet, tail);
-                break;
-            case SheetFormat::Csv:
-                text = FormatSheetCsv(sheet);
-                break;
-            case SheetFormat::Html:
-                text = FormatSheetHtml(sheet, object);
-                break;
-            case SheetFormat::Json:
-                text = FormatSheetJson(sheet, object);
-                break;
+        for (const std::string& t : tickets)
+            (text += t) += ' ';
+        ReportSheet sheet;
+        if (!BuildSheet(std::string(enquiry.object), data, folder, sheet, err)) return 1;
+        if (auto refusal = Enquire(enquiry, text, sheet)) {
+            err << "numarel-cli: " << *refusal << '\n';
+            return 1;
         }
-        return Destination{output}.Deliver(text, out, err);
+        return Destination{output}.Deliver(FormatSheet(sheet, formatName, enquiry.object, tail),
+                                           out, err);
     }
     if (*missLengths) {
         const ReportDefinition* def = FindReport(object);

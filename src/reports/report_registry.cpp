@@ -10,8 +10,9 @@ namespace numarel {
 const ReportDefinition* FindReport(std::string_view object) {
     using Family = std::span<const ReportDefinition> (*)();
     static constexpr Family kFamilies[] = {
-        ThreeWayBoxReports,      TicketsFollowReports, DigitSetReports,    DigitStraightReports,
-        RecommendedDigitReports, PairReports,          SumWidthBoxReports, EnquiryOtherReports,
+        ThreeWayBoxReports,   TicketsFollowReports,    DigitSetReports,
+        DigitStraightReports, RecommendedDigitReports, PairReports,
+        SumWidthBoxReports,   EnquiryOtherReports,     NumberEnquiryReports,
     };
     for (Family family : kFamilies)
         for (const ReportDefinition& def : family())

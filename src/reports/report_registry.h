@@ -33,6 +33,12 @@ struct ExtraButton {
     SheetText text = nullptr;       // the text of the box or the file
 };
 
+// The kind of window that shows a report.
+enum class WindowKind {
+    Report,   // the sheet with Exit, Help and the report's own button under it
+    Enquiry,  // the sheet over a frame in which the user enters tickets to look up
+};
+
 // What the report window needs to know of a report beyond its sheet.
 struct ReportDefinition {
     std::string_view object;  // the window object, as in the command table
@@ -43,6 +49,7 @@ struct ReportDefinition {
     // nullptr: a double click does nothing.
     ColumnText doubleClickText = nullptr;
     ExtraButton extraButton{};
+    WindowKind window = WindowKind::Report;
 };
 
 // The built reports of each subsystem, each defined beside its reports.
@@ -54,6 +61,7 @@ std::span<const ReportDefinition> RecommendedDigitReports();
 std::span<const ReportDefinition> PairReports();
 std::span<const ReportDefinition> SumWidthBoxReports();
 std::span<const ReportDefinition> EnquiryOtherReports();
+std::span<const ReportDefinition> NumberEnquiryReports();
 
 // The report built by `object`; nullptr when it is not built yet (or unknown).
 const ReportDefinition* FindReport(std::string_view object);
