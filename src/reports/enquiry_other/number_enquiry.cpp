@@ -105,14 +105,19 @@ std::string TicketDigits(std::string_view text) {
     return digits;
 }
 
-std::optional<std::string_view> Enquire(const NumberEnquiry& enquiry, std::string_view text,
-                                        ReportSheet& sheet) {
+std::optional<std::string_view> TicketRefusal(const NumberEnquiry& enquiry, std::string_view text) {
     const std::string digits = TicketDigits(text);
     if (digits.empty()) return enquiry.noTicket;
     if (digits.size() % 3 != 0) return kInputErrors;
     if (digits.size() / 3 > static_cast<std::size_t>(enquiry.ticketLimit))
         return enquiry.tooManyTickets;
+    return std::nullopt;
+}
 
+std::optional<std::string_view> Enquire(const NumberEnquiry& enquiry, std::string_view text,
+                                        ReportSheet& sheet) {
+    if (auto refusal = TicketRefusal(enquiry, text)) return refusal;
+    const std::string digits = TicketDigits(text);
     const int tickets = static_cast<int>(digits.size() / 3);
     const int gatherCol = kFirstTicketCol + tickets;
     sheet.SetCols(kFirstTicketCol);  // drops every column of an earlier enquiry

@@ -27,6 +27,10 @@ const NumberEnquiry* FindNumberEnquiry(std::string_view object);
 // grouping the user typed means nothing.
 std::string TicketDigits(std::string_view text);
 
+// Why `text` cannot be enquired, as the message for the user (title "Information"); nothing when
+// it can.
+std::optional<std::string_view> TicketRefusal(const NumberEnquiry& enquiry, std::string_view text);
+
 // Looks the tickets of `text` up in the history sheet: one hit column per ticket in input order
 // and "Gather", with Miss numbers and statistic rows, in place of the columns of an earlier
 // enquiry. A text that cannot be enquired leaves the sheet as it was and gives the message for the
