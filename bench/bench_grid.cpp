@@ -81,7 +81,7 @@ const ReportSheet& EnquirySheet() {
         for (int i = 0; i < 400; ++i)
             tickets += std::to_string(100 + i * 2) + ' ';
         ReportSheet s;
-        BuildReport("frmzhixuanhaocx", ParseDrawings(bytes), s);
+        BuildReport(*FindReport("frmzhixuanhaocx"), ParseDrawings(bytes), s);
         Enquire(*FindNumberEnquiry("frmzhixuanhaocx"), tickets, s);
         return s;
     }();

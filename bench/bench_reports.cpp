@@ -7,8 +7,8 @@
 
 #include "data/drawings_file.h"
 #include "reports/enquiry_other/number_enquiry.h"
+#include "reports/command_table.h"
 #include "reports/report_registry.h"
-#include "shell/command_table.h"
 
 namespace {
 
@@ -49,12 +49,12 @@ void BM_ReadDrawings(benchmark::State& state) {
 }
 BENCHMARK(BM_ReadDrawings)->Unit(benchmark::kMillisecond);
 
-void BM_Report(benchmark::State& state, std::string_view object) {
+void BM_Report(benchmark::State& state, const ReportDefinition* definition) {
     const auto& drawings = LargestHistory();
     double bytesPerCell = 0;
     for (auto _ : state) {
         ReportSheet sheet;
-        BuildReport(object, drawings, sheet);
+        BuildReport(*definition, drawings, sheet);
         state.PauseTiming();
         bytesPerCell = static_cast<double>(sheet.MemoryBytes()) /
                        (static_cast<double>(sheet.Rows()) * sheet.Cols());
@@ -77,7 +77,7 @@ void BM_Enquire(benchmark::State& state, std::string_view object) {
     for (auto _ : state) {
         state.PauseTiming();
         ReportSheet sheet;
-        BuildReport(object, LargestHistory(), sheet);
+        BuildReport(*FindReport(object), LargestHistory(), sheet);
         state.ResumeTiming();
         Enquire(enquiry, text, sheet);
         state.PauseTiming();
@@ -95,9 +95,10 @@ BENCHMARK_CAPTURE(BM_Enquire, frmzuxuanhaocx, "frmzuxuanhaocx")->Unit(benchmark:
 // Registers one benchmark per built report of the command table.
 const int kRegistered = [] {
     for (const CommandEntry& e : CommandTable()) {
-        if (e.IsSeparator() || !FindReport(e.report)) continue;
+        const ReportDefinition* definition = e.IsSeparator() ? nullptr : FindReport(e.report);
+        if (!definition) continue;
         std::string name = "BM_Report/" + std::string(e.report);
-        benchmark::RegisterBenchmark(name.c_str(), BM_Report, e.report)
+        benchmark::RegisterBenchmark(name.c_str(), BM_Report, definition)
             ->Unit(benchmark::kMillisecond);
     }
     return 0;

@@ -8,8 +8,8 @@
 #include "cli/sheet_format.h"
 #include "data/lottery_catalog.h"
 #include "reports/enquiry_other/number_enquiry.h"
+#include "reports/command_table.h"
 #include "reports/report_registry.h"
-#include "shell/command_table.h"
 
 namespace numarel {
 namespace {

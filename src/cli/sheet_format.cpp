@@ -210,7 +210,7 @@ std::string FormatSheetJson(const ReportSheet& sheet, std::string_view report) {
         widths.push_back(sheet.ColWidth(c));
     doc["colWidths"] = std::move(widths);
     ordered_json heights = ordered_json::array();
-    for (auto [row, twips] : sheet.SetRowHeights())
+    for (auto [row, twips] : sheet.ExplicitRowHeights())
         heights.push_back({row, twips});
     doc["rowHeights"] = std::move(heights);
     ordered_json cells = ordered_json::array();

@@ -47,9 +47,8 @@ void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const R
     }
 }
 
-void FinishLoad(ReportSheet& sheet, std::string title) {
+void FinishLoad(ReportSheet& sheet) {
     sheet.SetCurrentCell(sheet.DrawCount() + 1, 1);
-    sheet.SetTitle(std::move(title));
     sheet.SetTopRow(sheet.Rows() - 1);
 }
 
@@ -74,7 +73,6 @@ void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {
 void AddStatisticRows(ReportSheet& sheet, int lastHitCol, std::string_view hitMarker,
                       AverageRule rule, int firstHitCol) {
     const int n = sheet.DrawCount();
-    sheet.SetVisible(false);
     sheet.SetRows(n + 6);
     sheet.SetText(n + 2, 0, "Amount");
     sheet.SetText(n + 3, 0, "Max Miss");
@@ -118,7 +116,6 @@ void AddStatisticRows(ReportSheet& sheet, int lastHitCol, std::string_view hitMa
         if (rule == AverageRule::DrawCountWhenNoHit && amount == 0) amount = 1;
         if (amount != 0) sheet.SetNumber(n + 5, c, n / amount);
     }
-    sheet.SetVisible(true);
 }
 
 void ToggleCellMark(ReportSheet& sheet, int row, int col, Rgb markColour) {

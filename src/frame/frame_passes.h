@@ -53,9 +53,9 @@ using RowWork = std::function<void(int row, CurrentDigits& digits)>;
 void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work = {},
                DigitColumns columns = {});
 
-// The close of the first load order: current cell to the next drawing's row, column 1, the
-// title, and the view scrolled to the last row.
-void FinishLoad(ReportSheet& sheet, std::string title);
+// The close of the first load order: current cell to the next drawing's row, column 1, and the
+// view scrolled to the last row.
+void FinishLoad(ReportSheet& sheet);
 
 // For each column from `firstCol` to `lastCol`, rows 1 to DrawCount: an empty cell gets the
 // number of drawings since the last hit, counting this one; a cell with any text is a hit and

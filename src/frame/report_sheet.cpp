@@ -16,8 +16,8 @@
 namespace numarel {
 namespace {
 
-constexpr std::uint32_t kNumberTag = 0x80000000u;
-constexpr long kNumberBias = 1L << 30;  // as ReportSheet keeps them
+constexpr std::uint32_t kNumberTag = ReportSheet::kNumberTag;
+constexpr long kNumberBias = ReportSheet::kNumberBias;
 
 bool IsInlineNumber(std::uint32_t h) {
     return (h & kNumberTag) != 0;
@@ -183,7 +183,7 @@ int ReportSheet::RowHeight(int row) const {
     return row >= 0 && row < rows_ ? rowHeights_[static_cast<std::size_t>(row)] : -1;
 }
 
-std::vector<std::pair<int, int>> ReportSheet::SetRowHeights() const {
+std::vector<std::pair<int, int>> ReportSheet::ExplicitRowHeights() const {
     std::vector<std::pair<int, int>> out;
     for (int r = 0; r < rows_; ++r)
         if (rowHeights_[static_cast<std::size_t>(r)] >= 0)

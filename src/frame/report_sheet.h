@@ -101,12 +101,10 @@ public:
     int ColWidth(int col) const;
     void SetRowHeight(int row, int twips);
     int RowHeight(int row) const;
-    // The rows whose height was set, ascending, with their heights.
-    std::vector<std::pair<int, int>> SetRowHeights() const;
+    // The rows whose height a report set, ascending, with their heights.
+    std::vector<std::pair<int, int>> ExplicitRowHeights() const;
 
     // --- view state --------------------------------------------------------------------------
-    int FixedRows() const { return 1; }
-    int FixedCols() const { return 1; }
     int CurrentRow() const { return row_; }
     int CurrentCol() const { return col_; }
     void SetCurrentCell(int row, int col) {
@@ -115,8 +113,6 @@ public:
     }
     int TopRow() const { return topRow_; }
     void SetTopRow(int row) { topRow_ = row; }
-    bool Visible() const { return visible_; }
-    void SetVisible(bool visible) { visible_ = visible; }
 
     // --- report attributes -------------------------------------------------------------------
     const std::string& Title() const { return title_; }
@@ -135,11 +131,12 @@ public:
     // Bytes held by the cells, palette and text pool.
     std::size_t MemoryBytes() const;
 
-private:
     // A cell's text handle: 0 empty; with the high bit set, a number kept inline; else a handle
     // of the text pool.
     static constexpr std::uint32_t kNumberTag = 0x80000000u;
     static constexpr long kNumberBias = 1L << 30;  // numbers in [-2^30, 2^30) are kept inline
+
+private:
     static std::uint32_t NumberHandle(long value) {
         return kNumberTag | static_cast<std::uint32_t>(value + kNumberBias);
     }
@@ -205,7 +202,6 @@ private:
     int row_ = 0;
     int col_ = 0;
     int topRow_ = 0;
-    bool visible_ = true;
     std::string title_;
     int drawCount_ = 0;
     int fontDecipoints_ = 75;

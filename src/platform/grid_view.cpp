@@ -186,7 +186,7 @@ void GridView::ApplySheetLayout() {
         else
             columns_->resizeSection(col - 1, px);
     }
-    for (auto [row, twips] : sheet.SetRowHeights()) {
+    for (auto [row, twips] : sheet.ExplicitRowHeights()) {
         if (row < 1 || row >= sheet.Rows()) continue;
         int px = heightPx(twips);
         if (px == 0)

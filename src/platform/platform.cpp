@@ -1,5 +1,6 @@
 #include "platform/platform.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QFileDialog>
@@ -108,6 +109,14 @@ void OpenHelpPage(Launcher& launcher, const ProgramFolder& folder, std::string_v
     std::error_code ec;
     if (!std::filesystem::is_regular_file(file, ec)) return;
     launcher.Open(QUrl::fromLocalFile(QString::fromStdString(file.string())));
+}
+
+WaitCursor::WaitCursor() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+WaitCursor::~WaitCursor() {
+    QApplication::restoreOverrideCursor();
 }
 
 }  // namespace numarel

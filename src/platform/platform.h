@@ -84,6 +84,15 @@ inline void ShowMessage(MessageBoxes& boxes, QWidget* parent, const UserMessage&
     boxes.Show(parent, ToQString(message.title), ToQString(message.text), message.icon);
 }
 
+// Shows the hourglass for the life of the object.
+class WaitCursor {
+public:
+    WaitCursor();
+    ~WaitCursor();
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
 // Opens the help page `page` (".htm" added) from the help folder with the default handler; a
 // missing page does nothing.
 void OpenHelpPage(Launcher& launcher, const ProgramFolder& folder, std::string_view page);

@@ -3,29 +3,53 @@
 #include <string>
 #include <vector>
 
-#include "shell/command_table.h"
+#include "reports/command_table.h"
 
 namespace numarel {
 
-const ReportDefinition* FindReport(std::string_view object) {
-    using Family = std::span<const ReportDefinition> (*)();
-    static constexpr Family kFamilies[] = {
-        ThreeWayBoxReports,   TicketsFollowReports,    DigitSetReports,
-        DigitStraightReports, RecommendedDigitReports, PairReports,
-        SumWidthBoxReports,   EnquiryOtherReports,     NumberEnquiryReports,
+std::span<const ReportFamily> ReportFamilies() {
+    static constexpr ReportFamily kFamilies[] = {
+        ThreeWayBoxChanceReports,
+        ThreeWayBoxDoublesReports,
+        BoxStatisticsReports,
+        TicketsFollowReports,
+        DigitSetReports,
+        ColdWarmHotReports,
+        RegionReports,
+        PositionTrendReports,
+        PairOperationUnitsReports,
+        ShapeReports,
+        Recommend320StraightReports,
+        RecommendTundredTenUnitsReports,
+        DigitClassSumReports,
+        NumberEnquiryReports,
     };
-    for (Family family : kFamilies)
+    return kFamilies;
+}
+
+const ReportDefinition* FindReport(std::string_view object) {
+    for (ReportFamily family : ReportFamilies())
         for (const ReportDefinition& def : family())
             if (def.object == object && def.build) return &def;
     return nullptr;
 }
 
-bool BuildReport(std::string_view object, std::span<const DrawRecord> drawings,
+void BuildReport(const ReportDefinition& definition, std::span<const DrawRecord> drawings,
                  ReportSheet& sheet) {
-    const ReportDefinition* def = FindReport(object);
-    if (!def) return false;
-    def->build(drawings, sheet);
-    return true;
+    definition.build(drawings, sheet);
+    sheet.SetTitle(std::string(definition.title));
+}
+
+HelpButtonState HelpButtonOf(const ReportDefinition& definition, std::string_view commandHelpPage) {
+    switch (definition.help) {
+        case HelpButton::PageFromCommandTable:
+            return {.shown = !commandHelpPage.empty(), .page = commandHelpPage};
+        case HelpButton::Inert:
+            return {.shown = true};
+        case HelpButton::Hidden:
+            return {};
+    }
+    return {};
 }
 
 Status RunReport(std::string_view object, const std::filesystem::path& drawingsPath,
@@ -40,7 +64,7 @@ Status RunReport(std::string_view object, const std::filesystem::path& drawingsP
     std::vector<DrawRecord> drawings;
     Status s = ReadHistory(drawingsPath, drawings);
     if (!s.ok()) return s;
-    def->build(drawings, sheet);
+    BuildReport(*def, drawings, sheet);
     return Status::Ok();
 }
 

@@ -14,6 +14,13 @@ namespace numarel {
 // always give the same sheet.
 using ReportBuilder = void (*)(std::span<const DrawRecord> drawings, ReportSheet& sheet);
 
+// The builder of one member of a family: the family's one routine `kFamilyBuild` applied to the
+// member's row of differences `kRow`, as in `.build = BuildMember<Build, kSixteenTickets>`.
+template <auto kFamilyBuild, const auto& kRow>
+void BuildMember(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    kFamilyBuild(kRow, drawings, sheet);
+}
+
 // Text a report derives from its finished sheet on the user's demand.
 using SheetText = std::string (*)(const ReportSheet& sheet);
 // Text derived from one column of the finished sheet.
@@ -27,10 +34,28 @@ struct ExtraButton {
         ExportFile,     // writes its text to a file beside the program and opens it
     };
     Kind kind = Kind::None;
-    std::string_view caption;       // "Next Box numbers", "Export"
-    std::string_view shownCaption;  // ToggleTextBox: the caption while the box is shown
-    std::string_view exportFile;    // ExportFile: path under the program folder, "/" separated
-    SheetText text = nullptr;       // the text of the box or the file
+    std::string_view caption = {};       // "Next Box numbers", "Export"
+    std::string_view shownCaption = {};  // ToggleTextBox: the caption while the box is shown
+    std::string_view exportFile = {};    // ExportFile: path under the program folder, "/" separated
+    SheetText text = nullptr;            // the text of the box or the file
+};
+
+// What a report window shows while the report computes.
+enum class LoadOrder {
+    // "Loading......" and the hourglass while it computes, then the report's title.
+    ShowsLoading,
+    // The report's title from the start and no hourglass.
+    DesignedCaption,
+};
+
+// The Help button of a report window.
+enum class HelpButton {
+    // Shown when the command table names a page for the report, and opens that page.
+    PageFromCommandTable,
+    // Shown although the report has no page; pressing it does nothing.
+    Inert,
+    // The report has the button but never shows it.
+    Hidden,
 };
 
 // The kind of window that shows a report.
@@ -39,12 +64,14 @@ enum class WindowKind {
     Enquiry,  // the sheet over a frame in which the user enters tickets to look up
 };
 
-// What the report window needs to know of a report beyond its sheet.
+// Everything known of a report beyond its sheet; one row of its family's registry.
 struct ReportDefinition {
-    std::string_view object;  // the window object, as in the command table
+    std::string_view object = {};  // the window object, as in the command table
+    std::string_view title = {};   // the window's caption once the report is loaded
     ReportBuilder build = nullptr;
+    LoadOrder loadOrder = LoadOrder::ShowsLoading;
+    HelpButton help = HelpButton::PageFromCommandTable;
     Rgb markColour = kDefaultColour;  // mouse-down marks cells in this colour; 0: no marks
-    bool inertHelpButton = false;     // shows "Help" although the report has no page
     // A double click on the sheet puts this text of the current cell's column on the clipboard;
     // nullptr: a double click does nothing.
     ColumnText doubleClickText = nullptr;
@@ -52,27 +79,53 @@ struct ReportDefinition {
     WindowKind window = WindowKind::Report;
 };
 
-// The built reports of each subsystem, each defined beside its reports.
-std::span<const ReportDefinition> ThreeWayBoxReports();
-std::span<const ReportDefinition> TicketsFollowReports();
-std::span<const ReportDefinition> DigitSetReports();
-std::span<const ReportDefinition> DigitStraightReports();
-std::span<const ReportDefinition> RecommendedDigitReports();
-std::span<const ReportDefinition> PairReports();
-std::span<const ReportDefinition> SumWidthBoxReports();
-std::span<const ReportDefinition> EnquiryOtherReports();
-std::span<const ReportDefinition> NumberEnquiryReports();
+// The registered reports of one family, defined beside the family's table of differences.
+using ReportFamily = std::span<const ReportDefinition> (*)();
+
+// Every family of every subsystem, in the order the subsystems are numbered.
+std::span<const ReportFamily> ReportFamilies();
 
 // The report built by `object`; nullptr when it is not built yet (or unknown).
 const ReportDefinition* FindReport(std::string_view object);
 
-// Builds `object` into `sheet`. False when the report is not built yet.
-bool BuildReport(std::string_view object, std::span<const DrawRecord> drawings, ReportSheet& sheet);
+// Builds `definition` into `sheet` and gives the sheet the report's title.
+void BuildReport(const ReportDefinition& definition, std::span<const DrawRecord> drawings,
+                 ReportSheet& sheet);
+
+// What a report window's Help button is: whether it is shown, and the page it opens (empty: it
+// opens nothing). `commandHelpPage` is the page the command table names for the report. The
+// window, the command line's listing and the tests all ask here.
+struct HelpButtonState {
+    bool shown = false;
+    std::string_view page = {};
+};
+HelpButtonState HelpButtonOf(const ReportDefinition& definition, std::string_view commandHelpPage);
 
 // Opens a report as its window does: reads the drawings at `drawingsPath` and builds `object`.
 // Fails with a message for the user when the report is not built yet, when the file cannot be
 // read, or when it holds more drawings than the reports can count.
 Status RunReport(std::string_view object, const std::filesystem::path& drawingsPath,
                  ReportSheet& sheet);
+
+// --- the families ----------------------------------------------------------------------------
+// Subsystem 4
+std::span<const ReportDefinition> ThreeWayBoxChanceReports();
+std::span<const ReportDefinition> ThreeWayBoxDoublesReports();
+std::span<const ReportDefinition> BoxStatisticsReports();
+// Subsystem 5
+std::span<const ReportDefinition> TicketsFollowReports();
+// Subsystem 6
+std::span<const ReportDefinition> DigitSetReports();
+// Subsystem 7
+std::span<const ReportDefinition> ColdWarmHotReports();
+std::span<const ReportDefinition> RegionReports();
+std::span<const ReportDefinition> PositionTrendReports();
+std::span<const ReportDefinition> PairOperationUnitsReports();
+std::span<const ReportDefinition> ShapeReports();
+std::span<const ReportDefinition> Recommend320StraightReports();
+std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
+// Subsystem 11
+std::span<const ReportDefinition> DigitClassSumReports();
+std::span<const ReportDefinition> NumberEnquiryReports();
 
 }  // namespace numarel

@@ -44,7 +44,6 @@ void EnquiryWindow::Enquire() {
                                                ToQString(*refusal), MessageIcon::Information);
         return;
     }
-    const QString title = windowTitle();
     setWindowTitle(QStringLiteral("Please wait......"));
     QApplication::setOverrideCursor(Qt::WaitCursor);
     // Let the caption reach the screen before the enquiry blocks.
@@ -52,7 +51,7 @@ void EnquiryWindow::Enquire() {
     numarel::Enquire(enquiry_, text, Sheet());
     Grid()->SetSheet(&Sheet());  // the columns changed: the grid takes the sheet afresh
     QApplication::restoreOverrideCursor();
-    setWindowTitle(title);
+    setWindowTitle(ToQString(Definition().title));
 }
 
 void EnquiryWindow::LayoutWindow() {

@@ -10,9 +10,9 @@
 #include <QTextBrowser>
 #include <QTimer>
 
-#include "data/editor/drawings_editor.h"
 #include "data/lottery_commands.h"
 #include "platform/twips.h"
+#include "shell/drawings_editor.h"
 #include "shell/publisher.h"
 
 namespace numarel {
@@ -181,17 +181,18 @@ void MainWindow::OpenReport(const CommandEntry& entry) {
         reports_.Open(entry.report, this);
         return;
     }
-    if (entry.wait) {
-        setWindowTitle(QString::fromLatin1(kWaitCaption));
-        QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (!entry.wait) {
+        reports_.Open(entry.report, this);
+        return;
+    }
+    setWindowTitle(QString::fromLatin1(kWaitCaption));
+    {
+        WaitCursor hourglass;
         // Let the caption and the closed menu reach the screen before the load blocks.
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        reports_.Open(entry.report, this);
     }
-    reports_.Open(entry.report, this);
-    if (entry.wait) {
-        QApplication::restoreOverrideCursor();
-        setWindowTitle(QString::fromLatin1(kCaption));
-    }
+    setWindowTitle(QString::fromLatin1(kCaption));
 }
 
 void MainWindow::ApplyLotteryChange(const LotteryChange& change) {

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "data/lottery_commands.h"
-#include "shell/command_table.h"
+#include "reports/command_table.h"
 #include "shell/report_window.h"
 #include "shell/session.h"
 

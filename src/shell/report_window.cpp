@@ -19,15 +19,6 @@ namespace {
 
 constexpr const char* kLoadingCaption = "Loading......";
 
-// Keeps the hourglass up for the length of one computation.
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
-
 void ShowWithArrow(MessageBoxes& boxes, QWidget* parent, const QString& title,
                    const QString& text) {
     // A message shown while a caller still shows the hourglass gets the normal pointer.
@@ -47,7 +38,7 @@ Status LoadReport(const ReportDefinition& definition, const std::filesystem::pat
     std::vector<DrawRecord> drawings;
     Status s = ReadHistory(drawingsPath, drawings);
     if (!s.ok()) return s;
-    definition.build(drawings, sheet);
+    BuildReport(definition, drawings, sheet);
     return Status::Ok();
 }
 
@@ -63,7 +54,11 @@ ReportWindow::ReportWindow(const ReportDefinition& definition, const CommandEntr
       exitButton_(new QPushButton(QStringLiteral("Exit"), this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(ToQString(definition.object));
-    setWindowTitle(QString::fromLatin1(kLoadingCaption));
+    // The first load order shows "Loading......" until the report is computed; the second shows
+    // the report's own title from the start.
+    setWindowTitle(definition.loadOrder == LoadOrder::ShowsLoading
+                       ? QString::fromLatin1(kLoadingCaption)
+                       : ToQString(definition.title));
     BuildControls();
 }
 
@@ -72,11 +67,12 @@ ReportWindow::~ReportWindow() = default;
 void ReportWindow::BuildControls() {
     connect(exitButton_, &QPushButton::clicked, this, &QWidget::close);
 
-    const bool hasPage = command_ && !command_->helpPage.empty();
-    if (hasPage || definition_.inertHelpButton) {
+    const HelpButtonState help =
+        HelpButtonOf(definition_, command_ ? command_->helpPage : std::string_view());
+    if (help.shown) {
         helpButton_ = new QPushButton(QStringLiteral("Help"), this);
-        if (hasPage && !definition_.inertHelpButton) {
-            std::string page(command_->helpPage);
+        if (!help.page.empty()) {
+            std::string page(help.page);
             connect(helpButton_, &QPushButton::clicked, this, [this, page] {
                 OpenHelpPage(session_.platform.launcher, session_.folder, page);
             });
@@ -103,16 +99,14 @@ void ReportWindow::BuildControls() {
 
 Status ReportWindow::Load() {
     Status s;
-    {
+    if (definition_.loadOrder == LoadOrder::ShowsLoading) {
         WaitCursor hourglass;
+        s = LoadReport(definition_, session_.drawingsPath, sheet_);
+    } else {
         s = LoadReport(definition_, session_.drawingsPath, sheet_);
     }
     if (!s.ok()) return s;
-
-    QString title = ToQString(sheet_.Title());
-    if (title.isEmpty() || title == QLatin1String(kLoadingCaption))
-        title = command_ ? ToQString(command_->caption) : ToQString(definition_.object);
-    setWindowTitle(title);
+    setWindowTitle(ToQString(definition_.title));
 
     for (const SheetLabel& text : sheet_.Labels()) {
         auto* label = new QLabel(ToQString(text.text), this);

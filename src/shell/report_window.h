@@ -9,8 +9,8 @@
 
 #include "data/status.h"
 #include "frame/report_sheet.h"
+#include "reports/command_table.h"
 #include "reports/report_registry.h"
-#include "shell/command_table.h"
 #include "shell/session.h"
 
 class QLabel;

@@ -64,7 +64,7 @@ TEST(ReportSheet, ResizingKeepsWhatFits) {
     sheet.Resize(4, 2);
     EXPECT_EQ(sheet.Text(1, 1), "a");
     EXPECT_TRUE(sheet.IsEmpty(2, 1));  // row 2 was cut away and comes back empty
-    EXPECT_EQ((sheet.SetRowHeights()), (std::vector<std::pair<int, int>>{{1, 2}}));
+    EXPECT_EQ((sheet.ExplicitRowHeights()), (std::vector<std::pair<int, int>>{{1, 2}}));
 }
 
 TEST(ReportSheet, TheLargestSheetStaysCompact) {
@@ -95,7 +95,8 @@ TEST(TextPool, EachTextOnceAndViewsSurviveGrowth) {
     const std::string longText(40000, 'x');
     std::uint32_t first = pool.Intern(" 2020001:123");
     std::uint32_t big = pool.Intern(longText);
-    for (int i = 0; i < 5000; ++i) pool.Intern("label " + std::to_string(i));
+    for (int i = 0; i < 5000; ++i)
+        pool.Intern("label " + std::to_string(i));
     EXPECT_EQ(pool.Intern(" 2020001:123"), first);
     EXPECT_EQ(pool.Intern("label 17"), pool.Intern(std::string("label 17")));
     EXPECT_EQ(pool.Size(), 5002u);

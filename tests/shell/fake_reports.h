@@ -14,7 +14,8 @@ namespace numarel::testing {
 // Report definitions that exercise every feature a report window offers, under window objects of
 // the command table so that captions, help pages and Wait come from the real table.
 //   frmhekualu      marks cells in RGB(43,145,255); has a help page; Wait
-//   frmzu3leixing2  two labels, a text box button, a double-click text; no help page
+//   frmzu3leixing2  two labels, a text box button, a double-click text; no help page; its own
+//                   title from the start and no hourglass
 //   frmbaishi32zu   an export button writing Numarel/daochu320.txt; has a help page; Wait
 //   frmzusan90      an inert Help button
 //   frmbjiouhe      the real report
@@ -50,7 +51,7 @@ struct FakeReports {
         sheet.SetText(0, 2, "T");
         sheet.SetText(0, 3, "U");
         sheet.SetText(0, 4, "Sum");
-        FinishLoad(sheet, "Fake report");
+        FinishLoad(sheet);
     }
     static void BuildWithLabels(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         Build(drawings, sheet);
@@ -71,20 +72,30 @@ struct FakeReports {
 
     static const ReportDefinition* Find(std::string_view object) {
         static const ReportDefinition kReports[] = {
-            {"frmhekualu", &Build, MakeRgb(43, 145, 255)},
-            {"frmzu3leixing2",
-             &BuildWithLabels,
-             kDefaultColour,
-             false,
-             &SumsOfColumn,
-             {ExtraButton::Kind::ToggleTextBox, "Next Box numbers", "Hide", "", &BoxText}},
-            {"frmbaishi32zu",
-             &Build,
-             kDefaultColour,
-             false,
-             nullptr,
-             {ExtraButton::Kind::ExportFile, "Export", "", "Numarel/daochu320.txt", &BoxText}},
-            {"frmzusan90", &Build, kDefaultColour, true},
+            {.object = "frmhekualu",
+             .title = "Fake report",
+             .build = &Build,
+             .markColour = MakeRgb(43, 145, 255)},
+            {.object = "frmzu3leixing2",
+             .title = "Fake report",
+             .build = &BuildWithLabels,
+             .loadOrder = LoadOrder::DesignedCaption,
+             .doubleClickText = &SumsOfColumn,
+             .extraButton = {.kind = ExtraButton::Kind::ToggleTextBox,
+                             .caption = "Next Box numbers",
+                             .shownCaption = "Hide",
+                             .text = &BoxText}},
+            {.object = "frmbaishi32zu",
+             .title = "Fake report",
+             .build = &Build,
+             .extraButton = {.kind = ExtraButton::Kind::ExportFile,
+                             .caption = "Export",
+                             .exportFile = "Numarel/daochu320.txt",
+                             .text = &BoxText}},
+            {.object = "frmzusan90",
+             .title = "Fake report",
+             .build = &Build,
+             .help = HelpButton::Inert},
         };
         for (const ReportDefinition& def : kReports)
             if (def.object == object) return &def;

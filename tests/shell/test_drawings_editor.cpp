@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <QTableView>
 
-#include "data/editor/drawings_editor.h"
+#include "shell/drawings_editor.h"
 #include "shell/shell_fixture.h"
 
 namespace numarel {

@@ -27,13 +27,16 @@ std::vector<DrawRecord> Drawings(std::initializer_list<std::string_view> digits)
 
 ReportSheet Build(std::string_view object, const std::vector<DrawRecord>& drawings) {
     ReportSheet sheet;
-    EXPECT_TRUE(BuildReport(object, drawings, sheet)) << object << " is not built";
+    const ReportDefinition* definition = FindReport(object);
+    EXPECT_TRUE(definition) << object << " is not built";
+    if (definition) BuildReport(*definition, drawings, sheet);
     return sheet;
 }
 
 std::vector<std::string> RowTexts(const ReportSheet& sheet, int row, int firstCol, int lastCol) {
     std::vector<std::string> out;
-    for (int c = firstCol; c <= lastCol; ++c) out.push_back(sheet.Text(row, c));
+    for (int c = firstCol; c <= lastCol; ++c)
+        out.push_back(sheet.Text(row, c));
     return out;
 }
 

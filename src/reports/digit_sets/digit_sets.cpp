@@ -1,5 +1,3 @@
-#include "reports/digit_sets/digit_sets.h"
-
 #include <algorithm>
 #include <string>
 #include <string_view>
@@ -7,6 +5,7 @@
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
+#include "reports/report_registry.h"
 
 namespace numarel {
 namespace {
@@ -16,7 +15,6 @@ constexpr int kFirstSetCol = 5;
 
 // What sets the reports of the family apart.
 struct DigitSetReport {
-    std::string_view title;
     std::span<const std::string_view> sets;
     // How many digits of each set the scan looks at; 0: each set's own length, taken from its
     // header, where the sets of one report differ in length.
@@ -59,7 +57,6 @@ constexpr std::string_view k012TypeSets[] = {
 constexpr std::string_view kMixedSets[] = {"036925", "147258", "1458"};
 
 constexpr DigitSetReport kSixWayThisSix = {
-    .title = "6 Way Box winning number from this 6 digits",
     .sets = kSixDigits,
     .scanLength = 6,
     .setWidth = 806,
@@ -69,7 +66,6 @@ constexpr DigitSetReport kSixWayThisSix = {
     .lastBlankCol = 5,
 };
 constexpr DigitSetReport kBoxThisSix = {
-    .title = "Box winning number from this 6 digits",
     .sets = kSixDigits,
     .scanLength = 6,
     .setWidth = 806,
@@ -79,7 +75,6 @@ constexpr DigitSetReport kBoxThisSix = {
     .lastBlankCol = 5,
 };
 constexpr DigitSetReport kSixWayThisSeven = {
-    .title = "6 Way Box winning number from this 7 digits",
     .sets = kSevenDigits,
     .scanLength = 7,
     .setWidth = 806,
@@ -89,7 +84,6 @@ constexpr DigitSetReport kSixWayThisSeven = {
     .lastBlankCol = 5,
 };
 constexpr DigitSetReport kBoxThisSeven = {
-    .title = "Box winning number from this 7 digits",
     .sets = kSevenDigits,
     .scanLength = 7,
     .setWidth = 806,
@@ -99,7 +93,6 @@ constexpr DigitSetReport kBoxThisSeven = {
     .lastBlankCol = 5,
 };
 constexpr DigitSetReport kSixWayTheseFour = {
-    .title = "6 Way Box winning number from these 4 digits",
     .sets = kFourDigitSets,
     .scanLength = 4,
     .setWidth = 434,
@@ -109,7 +102,6 @@ constexpr DigitSetReport kSixWayTheseFour = {
     .lastBlankCol = 6,
 };
 constexpr DigitSetReport kSixWayTheseFive = {
-    .title = "6 Way Box winning number from these 5 digits",
     .sets = kFiveDigitSets,
     .scanLength = 5,
     .setWidth = 496,
@@ -119,7 +111,6 @@ constexpr DigitSetReport kSixWayTheseFive = {
     .lastBlankCol = 6,
 };
 constexpr DigitSetReport kSixWayTheseSix = {
-    .title = "6 Way Box winning number from these 6 digits",
     .sets = kSixDigitSets,
     .scanLength = 6,
     .setWidth = 620,
@@ -129,7 +120,6 @@ constexpr DigitSetReport kSixWayTheseSix = {
     .lastBlankCol = 6,
 };
 constexpr DigitSetReport kSixWayTheseSeven = {
-    .title = "6 Way Box winning number from these 7 digits",
     .sets = kSevenDigitSets,
     .scanLength = 7,
     .setWidth = 682,
@@ -139,7 +129,6 @@ constexpr DigitSetReport kSixWayTheseSeven = {
     .lastBlankCol = 6,
 };
 constexpr DigitSetReport kSixWayRuns = {
-    .title = "6 Way Box winning number from these 6 digits",
     .sets = kSixDigitRuns,
     .scanLength = 6,
     .setWidth = 620,
@@ -149,7 +138,6 @@ constexpr DigitSetReport kSixWayRuns = {
     .lastBlankCol = 6,
 };
 constexpr DigitSetReport kSixWay012Types = {
-    .title = "6 Way Box winning number from these N digits",
     .sets = k012TypeSets,
     .scanLength = 0,
     .setWidth = 496,
@@ -159,7 +147,6 @@ constexpr DigitSetReport kSixWay012Types = {
     .lastBlankCol = 6,
 };
 constexpr DigitSetReport kBoxTheseN = {
-    .title = "Box winning number from these N digits",
     .sets = kMixedSets,
     .scanLength = 0,
     .setWidth = 620,
@@ -181,7 +168,6 @@ int Score(std::string_view set, std::size_t length, std::string_view distinct) {
 void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const int lastSetCol = kFirstSetCol + static_cast<int>(report.sets.size()) - 1;
 
-    sheet.SetTitle("Loading......");
     sheet.SetFontDecipoints(report.fontDecipoints);
     sheet.SetCols(lastSetCol + 1);
     sheet.SetColWidth(0, 1218);
@@ -206,7 +192,7 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
     sheet.SetText(0, 3, "U");
     for (std::size_t i = 0; i < report.sets.size(); ++i)
         sheet.SetText(0, kFirstSetCol + static_cast<int>(i), report.sets[i]);
-    FinishLoad(sheet, std::string(report.title));
+    FinishLoad(sheet);
 
     // The sets are whatever the header row says.
     std::vector<std::string> sets;
@@ -236,38 +222,45 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
 
 }  // namespace
 
-void BuildSixWayFromThisSixDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSixWayThisSix, drawings, sheet);
-}
-void BuildBoxFromThisSixDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kBoxThisSix, drawings, sheet);
-}
-void BuildSixWayFromThisSevenDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSixWayThisSeven, drawings, sheet);
-}
-void BuildBoxFromThisSevenDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kBoxThisSeven, drawings, sheet);
-}
-void BuildSixWayFromTheseFourDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSixWayTheseFour, drawings, sheet);
-}
-void BuildSixWayFromTheseFiveDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSixWayTheseFive, drawings, sheet);
-}
-void BuildSixWayFromTheseSixDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSixWayTheseSix, drawings, sheet);
-}
-void BuildSixWayFromTheseSevenDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSixWayTheseSeven, drawings, sheet);
-}
-void BuildSixWayFromSixDigitRuns(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSixWayRuns, drawings, sheet);
-}
-void BuildSixWayFrom012TypeSets(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSixWay012Types, drawings, sheet);
-}
-void BuildBoxFromTheseNDigits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kBoxTheseN, drawings, sheet);
+// How often the whole winning number falls inside fixed digit sets: a column per set with its
+// hits and Miss numbers, and the statistic rows under them.
+std::span<const ReportDefinition> DigitSetReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmgaopin6ma",
+         .title = "6 Way Box winning number from this 6 digits",
+         .build = BuildMember<Build, kSixWayThisSix>},
+        {.object = "frmgaopin6ma36",
+         .title = "Box winning number from this 6 digits",
+         .build = BuildMember<Build, kBoxThisSix>},
+        {.object = "frmgaopin7ma",
+         .title = "6 Way Box winning number from this 7 digits",
+         .build = BuildMember<Build, kSixWayThisSeven>},
+        {.object = "frmgaopin7ma36",
+         .title = "Box winning number from this 7 digits",
+         .build = BuildMember<Build, kBoxThisSeven>},
+        {.object = "frmzuxuan4",
+         .title = "6 Way Box winning number from these 4 digits",
+         .build = BuildMember<Build, kSixWayTheseFour>},
+        {.object = "frmzuxuan1",
+         .title = "6 Way Box winning number from these 5 digits",
+         .build = BuildMember<Build, kSixWayTheseFive>},
+        {.object = "frmzuxuan6",
+         .title = "6 Way Box winning number from these 6 digits",
+         .build = BuildMember<Build, kSixWayTheseSix>},
+        {.object = "frmzuxuan7",
+         .title = "6 Way Box winning number from these 7 digits",
+         .build = BuildMember<Build, kSixWayTheseSeven>},
+        {.object = "frm6lianhao",
+         .title = "6 Way Box winning number from these 6 digits",
+         .build = BuildMember<Build, kSixWayRuns>},
+        {.object = "frmlingleizu6",
+         .title = "6 Way Box winning number from these N digits",
+         .build = BuildMember<Build, kSixWay012Types>},
+        {.object = "frmzuxuanqt",
+         .title = "Box winning number from these N digits",
+         .build = BuildMember<Build, kBoxTheseN>},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

@@ -1,5 +1,3 @@
-#include "reports/digit_straight/cold_warm_hot.h"
-
 #include <algorithm>
 #include <array>
 #include <string>
@@ -10,11 +8,11 @@
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "reports/digit_straight/seven_drawing_ranking.h"
+#include "reports/report_registry.h"
 
 namespace numarel {
 namespace {
 
-constexpr std::string_view kTitle = "Cold Warm Hot";
 constexpr int kCols = 37;
 constexpr int kFirstPatternCol = 23;
 constexpr int kLastPatternCol = 32;
@@ -251,11 +249,7 @@ private:
     std::string text_;
 };
 
-}  // namespace
-
-void BuildColdWarmHot(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    // The designed caption stands from the start: this report shows no "Loading......".
-    sheet.SetTitle(std::string(kTitle));
+void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.Resize(1, kCols);  // the header row is written before the drawings are counted
     LayOut(sheet);
 
@@ -289,6 +283,27 @@ std::string NextBoxNumbersText(const ReportSheet& sheet) {
     for (const BoxGroup& group : kBoxGroups)
         text.Group(group);
     return text.Take();
+}
+
+}  // namespace
+
+// Cold Warm Hot: per drawing, the ten digits ranked over the seven drawings before it and split
+// into three Hot, four Warm and three Cold digits, and the pattern of Hot, Warm and Cold digits
+// the drawing fell into. The row after the last drawing holds the lists for the next drawing,
+// and "Next Box numbers" shows the Box Numbers made from them.
+std::span<const ReportDefinition> ColdWarmHotReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmrenwenleng",
+         .title = "Cold Warm Hot",
+         .build = Build,
+         .loadOrder = LoadOrder::DesignedCaption,
+         .markColour = MakeRgb(43, 145, 255),
+         .extraButton = {.kind = ExtraButton::Kind::ToggleTextBox,
+                         .caption = "Next Box numbers",
+                         .shownCaption = "Hide Box numbers",
+                         .text = NextBoxNumbersText}},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

@@ -1,11 +1,10 @@
-#include "reports/digit_straight/pair_operation_units.h"
-
 #include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
+#include "reports/report_registry.h"
 
 namespace numarel {
 namespace {
@@ -18,14 +17,12 @@ enum class Operation { UnitsOfSum, AbsoluteDifference, UnitsOfProduct };
 
 // What sets the three reports apart.
 struct PairOperationUnits {
-    std::string_view title;
     Operation operation;
 };
 
-constexpr PairOperationUnits kUnitsOfSums = {"Units of H+T H+U T+U", Operation::UnitsOfSum};
-constexpr PairOperationUnits kDifferences = {"absolute value of H-T H-U T-U",
-                                             Operation::AbsoluteDifference};
-constexpr PairOperationUnits kUnitsOfProducts = {"Units of H*T H*U T*U", Operation::UnitsOfProduct};
+constexpr PairOperationUnits kUnitsOfSums = {Operation::UnitsOfSum};
+constexpr PairOperationUnits kDifferences = {Operation::AbsoluteDifference};
+constexpr PairOperationUnits kUnitsOfProducts = {Operation::UnitsOfProduct};
 
 // One chart per pair of positions: the positions' digit columns, where its ten-column line
 // starts, and its colour.
@@ -62,7 +59,6 @@ int Apply(Operation operation, int a, int b) {
 
 void Build(const PairOperationUnits& report, std::span<const DrawRecord> drawings,
            ReportSheet& sheet) {
-    sheet.SetTitle("Loading......");
     sheet.SetCols(kCols);
     sheet.SetColWidth(0, 1290);
     for (int c = 1; c < kCols; ++c)
@@ -84,7 +80,7 @@ void Build(const PairOperationUnits& report, std::span<const DrawRecord> drawing
     for (const PairChart& chart : kCharts)
         for (int v = 0; v <= 9; ++v)
             sheet.SetNumber(0, chart.firstCol + v, v);
-    FinishLoad(sheet, std::string(report.title));
+    FinishLoad(sheet);
 
     for (int r = 1; r <= drawCount; ++r) {
         for (const PairChart& chart : kCharts) {
@@ -98,14 +94,21 @@ void Build(const PairOperationUnits& report, std::span<const DrawRecord> drawing
 
 }  // namespace
 
-void BuildUnitsOfPairSums(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kUnitsOfSums, drawings, sheet);
-}
-void BuildPairDifferences(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kDifferences, drawings, sheet);
-}
-void BuildUnitsOfPairProducts(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kUnitsOfProducts, drawings, sheet);
+// Charts of one operation on each pair of positions (H with T, H with U, T with U): a ten-column
+// line per pair marking the value of each drawing.
+std::span<const ReportDefinition> PairOperationUnitsReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmweihe",
+         .title = "Units of H+T H+U T+U",
+         .build = BuildMember<Build, kUnitsOfSums>},
+        {.object = "frmweicha",
+         .title = "absolute value of H-T H-U T-U",
+         .build = BuildMember<Build, kDifferences>},
+        {.object = "frmweiji",
+         .title = "Units of H*T H*U T*U",
+         .build = BuildMember<Build, kUnitsOfProducts>},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

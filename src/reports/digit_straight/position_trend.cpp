@@ -1,5 +1,3 @@
-#include "reports/digit_straight/position_trend.h"
-
 #include <array>
 #include <cstdlib>
 #include <string>
@@ -7,6 +5,7 @@
 
 #include "data/basic_text.h"
 #include "frame/frame_passes.h"
+#include "reports/report_registry.h"
 
 namespace numarel {
 namespace {
@@ -46,10 +45,7 @@ void FillTrendRows(ReportSheet& sheet, std::span<const DrawRecord> drawings) {
     }
 }
 
-}  // namespace
-
-void BuildTundredTenUnitsTrend(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    sheet.SetTitle("Loading......");
+void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.SetCols(kCols);
     sheet.SetColWidth(0, 1131);
     for (int c = 1; c < kCols; ++c)
@@ -88,8 +84,16 @@ void BuildTundredTenUnitsTrend(std::span<const DrawRecord> drawings, ReportSheet
         }
     }
 
-    sheet.SetTitle("Tundred Ten Units Trend");
     sheet.SetTopRow(sheet.Rows() - 1);
+}
+
+}  // namespace
+
+std::span<const ReportDefinition> PositionTrendReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frm3weizoushi", .title = "Tundred Ten Units Trend", .build = Build},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

@@ -1,9 +1,8 @@
-#include "reports/digit_straight/recommend_320_straight.h"
-
 #include <array>
 #include <string_view>
 
 #include "frame/frame_passes.h"
+#include "reports/report_registry.h"
 
 namespace numarel {
 namespace {
@@ -26,10 +25,7 @@ struct Band {
 constexpr Band kBands[] = {{5, 12}, {21, 28}};
 constexpr Rgb kBandColour = MakeRgb(212, 188, 134);
 
-}  // namespace
-
-void BuildRecommend320StraightNumbers(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    sheet.SetTitle("Loading......");
+void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.SetCols(kCols);
     sheet.SetColWidth(0, 1290);
     for (int c = 1; c <= 3; ++c)
@@ -47,7 +43,7 @@ void BuildRecommend320StraightNumbers(std::span<const DrawRecord> drawings, Repo
     sheet.SetText(0, 3, "U");
     for (std::size_t i = 0; i < kPairs.size(); ++i)
         sheet.SetText(0, kFirstPairCol + static_cast<int>(i), kPairs[i]);
-    FinishLoad(sheet, "Recommend 320 Straight Numbers");
+    FinishLoad(sheet);
 
     for (int r = 1; r <= drawCount; ++r)
         for (const Band& band : kBands)
@@ -78,6 +74,24 @@ std::string Export320Text(const ReportSheet& sheet) {
         text += "\r\n";
     }
     return text;
+}
+
+}  // namespace
+
+// Recommend 320 Straight Numbers: 32 fixed H-T pairs, each good for any U digit, and the drawings
+// whose H and T fall on one of them. Export writes one line per drawing, its label followed by
+// "-[320YES]" on a hit.
+std::span<const ReportDefinition> Recommend320StraightReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmbaishi32zu",
+         .title = "Recommend 320 Straight Numbers",
+         .build = Build,
+         .extraButton = {.kind = ExtraButton::Kind::ExportFile,
+                         .caption = "Export",
+                         .exportFile = "Numarel/daochu320.txt",
+                         .text = Export320Text}},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

@@ -1,11 +1,10 @@
-#include "reports/digit_straight/recommend_tundred_ten_units.h"
-
 #include <array>
 #include <string>
 #include <string_view>
 
 #include "data/basic_text.h"
 #include "frame/frame_passes.h"
+#include "reports/report_registry.h"
 
 namespace numarel {
 namespace {
@@ -64,10 +63,7 @@ void FillDatesAndDigits(ReportSheet& sheet, std::span<const DrawRecord> drawings
     }
 }
 
-}  // namespace
-
-void BuildRecommendTundredTenUnits(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    sheet.SetTitle("Loading......");
+void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.SetCols(kCols);
     sheet.SetColWidth(0, 860);
     for (int c = 1; c <= 3; ++c)
@@ -130,8 +126,19 @@ void BuildRecommendTundredTenUnits(std::span<const DrawRecord> drawings, ReportS
         }
     }
 
-    sheet.SetTitle("Recommend Tundred Ten Units");
     sheet.SetTopRow(sheet.Rows() - 1);
+}
+
+}  // namespace
+
+std::span<const ReportDefinition> RecommendTundredTenUnitsReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmzhixuantaloven",
+         .title = "Recommend Tundred Ten Units",
+         .build = Build,
+         .help = HelpButton::Inert},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

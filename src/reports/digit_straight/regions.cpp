@@ -1,5 +1,3 @@
-#include "reports/digit_straight/regions.h"
-
 #include <array>
 #include <charconv>
 #include <string>
@@ -8,6 +6,7 @@
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
+#include "reports/report_registry.h"
 
 namespace numarel {
 namespace {
@@ -41,7 +40,6 @@ enum class PatternRule {
 };
 
 struct RegionsChart {
-    std::string_view title;
     int cols;
     std::span<const WidthRun> widths;  // in the order they are set: dividers and stores last
     std::span<const RegionBlock> regions;
@@ -71,7 +69,6 @@ constexpr std::string_view kFourRegionSums[] = {"3", "4", "5",  "6",  "7",
 constexpr std::string_view kFourRegionTypes[] = {"Type-1", "Type-2", "Type-3"};
 
 constexpr RegionsChart kThreeRegions{
-    "Three Regions Small Middle Large",
     28,
     kThreeRegionWidths,
     kThreeRegionBlocks,
@@ -80,7 +77,6 @@ constexpr RegionsChart kThreeRegions{
 };
 
 constexpr RegionsChart kFourRegions{
-    "Four Regions-1234",
     60,
     kFourRegionWidths,
     kFourRegionBlocks,
@@ -215,7 +211,6 @@ void MarkSortedCodes(ReportSheet& sheet, const RegionsChart& chart) {
 }
 
 void Build(const RegionsChart& chart, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    sheet.SetTitle("Loading......");
     sheet.SetCols(chart.cols);
     for (const WidthRun& run : chart.widths)
         for (int c = run.firstCol; c <= run.lastCol; ++c)
@@ -238,7 +233,7 @@ void Build(const RegionsChart& chart, std::span<const DrawRecord> drawings, Repo
         WriteHeaders(sheet, chart.sums);
         WriteHeaders(sheet, chart.types);
     }
-    FinishLoad(sheet, std::string(chart.title));
+    FinishLoad(sheet);
 
     MarkDrawnDigits(sheet, chart);
     if (chart.rule == PatternRule::RegionCounts)
@@ -249,12 +244,21 @@ void Build(const RegionsChart& chart, std::span<const DrawRecord> drawings, Repo
 
 }  // namespace
 
-void BuildThreeRegions(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kThreeRegions, drawings, sheet);
-}
-
-void BuildFourRegions1234(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kFourRegions, drawings, sheet);
+// Charts of the fixed digit regions: per drawing, which region digits came up and the region
+// pattern of the drawing. They recommend nothing; the next drawing's row stays empty. Three
+// Regions: Small 0-2, Middle 3-6, Large 7-9, and how many digits fell in each. Four Regions-1234:
+// odd and even within small and big, with the sorted region triple, its sum and whether the
+// digits lie in one, two or three regions.
+std::span<const ReportDefinition> RegionReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmxzd",
+         .title = "Three Regions Small Middle Large",
+         .build = BuildMember<Build, kThreeRegions>},
+        {.object = "frm4qufenge",
+         .title = "Four Regions-1234",
+         .build = BuildMember<Build, kFourRegions>},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

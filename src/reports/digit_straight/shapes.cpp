@@ -1,11 +1,10 @@
-#include "reports/digit_straight/shapes.h"
-
 #include <array>
 #include <string>
 #include <string_view>
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
+#include "reports/report_registry.h"
 
 namespace numarel {
 namespace {
@@ -71,10 +70,7 @@ constexpr int kFirstWordOffset = 4;
 constexpr int kWordCount = 8;
 constexpr int kStoreCol = 40;
 
-}  // namespace
-
 void BuildRiseDownShape(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    sheet.SetTitle("Rise-Down shape");
     // The header is written before the drawings are counted: the sheet starts as its header row.
     sheet.Resize(1, 17);
     sheet.SetColWidth(0, 1204);
@@ -105,7 +101,6 @@ void BuildRiseDownShape(std::span<const DrawRecord> drawings, ReportSheet& sheet
 }
 
 void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    sheet.SetTitle("Straight Number shape");
     // The header is written before the drawings are counted: the sheet starts as its header row.
     sheet.Resize(1, 43);
     sheet.SetColWidth(0, 1204);
@@ -163,6 +158,24 @@ void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet&
         }
     }
     sheet.SetTopRow(sheet.Rows() - 1);
+}
+
+}  // namespace
+
+std::span<const ReportDefinition> ShapeReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmxingxiang",
+         .title = "Rise-Down shape",
+         .build = BuildRiseDownShape,
+         .loadOrder = LoadOrder::DesignedCaption,
+         .markColour = MakeRgb(42, 194, 91)},
+        {.object = "frmjibenxingtai",
+         .title = "Straight Number shape",
+         .build = BuildStraightNumberShape,
+         .loadOrder = LoadOrder::DesignedCaption,
+         .markColour = MakeRgb(43, 145, 255)},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

@@ -1,5 +1,3 @@
-#include "reports/enquiry_other/digit_class_sums.h"
-
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -7,6 +5,7 @@
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
+#include "reports/report_registry.h"
 
 namespace numarel {
 namespace {
@@ -21,7 +20,8 @@ enum class Split { OddEven, SmallBig, PrimeComposite, RemainderBy5 };
 // A set of values 0..31 as a bit mask.
 constexpr std::uint32_t Values(std::initializer_list<int> values) {
     std::uint32_t mask = 0;
-    for (int v : values) mask |= 1u << v;
+    for (int v : values)
+        mask |= 1u << v;
     return mask;
 }
 
@@ -35,7 +35,6 @@ struct NumberLine {
 
 // What sets the four reports apart.
 struct DigitClassSums {
-    std::string_view title;
     Split split;
     int cols;
     int col5Width;
@@ -46,7 +45,6 @@ struct DigitClassSums {
 };
 
 const DigitClassSums kOddEven = {
-    "Sum of Odd-Sum of Even",
     Split::OddEven,
     61,
     20,
@@ -57,7 +55,6 @@ const DigitClassSums kOddEven = {
 };
 
 const DigitClassSums kSmallBig = {
-    "Sum of Small-Sum of Big",
     Split::SmallBig,
     64,
     20,
@@ -68,7 +65,6 @@ const DigitClassSums kSmallBig = {
 };
 
 const DigitClassSums kPrimeComposite = {
-    "Sum of Prime-Sum of Composite",
     Split::PrimeComposite,
     64,
     2,
@@ -79,7 +75,6 @@ const DigitClassSums kPrimeComposite = {
 };
 
 const DigitClassSums kRemainderBy5 = {
-    "Sum of returns the remainder after each digital divide by 5",
     Split::RemainderBy5,
     20,
     300,
@@ -116,12 +111,11 @@ bool InFirstClass(Split split, int digit) {
     return true;
 }
 
-void Build(const DigitClassSums& report, std::span<const DrawRecord> drawings,
-           ReportSheet& sheet) {
-    sheet.SetTitle("Loading......");
+void Build(const DigitClassSums& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.SetCols(report.cols);
     sheet.SetColWidth(0, 1290);
-    for (int c = 1; c <= 3; ++c) sheet.SetColWidth(c, kValueWidth);
+    for (int c = 1; c <= 3; ++c)
+        sheet.SetColWidth(c, kValueWidth);
     sheet.SetColWidth(4, 20);
     sheet.SetColWidth(5, report.col5Width);
     sheet.SetColWidth(6, report.col6Width);
@@ -136,7 +130,7 @@ void Build(const DigitClassSums& report, std::span<const DrawRecord> drawings,
     sheet.SetText(0, 3, "U");
     LayOutNumberLine(sheet, report.first);
     if (report.second.lastValue >= 0) LayOutNumberLine(sheet, report.second);
-    FinishLoad(sheet, std::string(report.title));
+    FinishLoad(sheet);
 
     // The sums are made from the digits read back from the sheet.
     for (int r = 1; r <= drawCount; ++r) {
@@ -163,17 +157,25 @@ void Build(const DigitClassSums& report, std::span<const DrawRecord> drawings,
 
 }  // namespace
 
-void BuildSumOfOddSumOfEven(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kOddEven, drawings, sheet);
-}
-void BuildSumOfSmallSumOfBig(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSmallBig, drawings, sheet);
-}
-void BuildSumOfPrimeSumOfComposite(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kPrimeComposite, drawings, sheet);
-}
-void BuildSumOfRemaindersBy5(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kRemainderBy5, drawings, sheet);
+// Trend charts of the sums of a drawing's digits split into two classes: the sum of each class
+// is written on its number line, so the rows form a moving trace. The last one has a single line:
+// the sum of each digit's remainder by 5.
+std::span<const ReportDefinition> DigitClassSumReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmbjiouhe",
+         .title = "Sum of Odd-Sum of Even",
+         .build = BuildMember<Build, kOddEven>},
+        {.object = "frmbxiaodahe",
+         .title = "Sum of Small-Sum of Big",
+         .build = BuildMember<Build, kSmallBig>},
+        {.object = "frmbzhihehe",
+         .title = "Sum of Prime-Sum of Composite",
+         .build = BuildMember<Build, kPrimeComposite>},
+        {.object = "frm3shu5luhe",
+         .title = "Sum of returns the remainder after each digital divide by 5",
+         .build = BuildMember<Build, kRemainderBy5>},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

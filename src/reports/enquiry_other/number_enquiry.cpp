@@ -21,7 +21,6 @@ constexpr std::string_view kInputErrors =
 
 constexpr NumberEnquiry kStraight = {
     .object = "frmzhixuanhaocx",
-    .title = "Straight Number Enquire",
     .inputLabel = "Please enter the Straight Number you want to enquire.(You can paste.)",
     .ticketLimit = 400,
     .noTicket = "You did not enter the Straight Number!",
@@ -31,7 +30,6 @@ constexpr NumberEnquiry kStraight = {
 
 constexpr NumberEnquiry kBox = {
     .object = "frmzuxuanhaocx",
-    .title = "Box Number Enquire",
     .inputLabel = "Please enter the Box Number you want to enquire.(You can paste.)",
     .ticketLimit = 70,
     .noTicket = "You did not enter the Box Number!",
@@ -53,7 +51,6 @@ std::string KeyText(const CurrentDigits& digits) {
 // The window as it opens: the history with each drawing's key, no ticket columns yet.
 void LoadHistory(const NumberEnquiry& enquiry, std::span<const DrawRecord> drawings,
                  ReportSheet& sheet) {
-    sheet.SetTitle("Loading......");
     sheet.SetCols(kFirstTicketCol);
     sheet.SetColWidth(0, 1218);
     for (int c = 1; c <= 3; ++c)
@@ -70,7 +67,7 @@ void LoadHistory(const NumberEnquiry& enquiry, std::span<const DrawRecord> drawi
     sheet.SetText(0, 1, "H");
     sheet.SetText(0, 2, "T");
     sheet.SetText(0, 3, "U");
-    FinishLoad(sheet, std::string(enquiry.title));
+    FinishLoad(sheet);
 }
 
 // Marks each ticket column, and "Gather", in the rows whose key is the ticket as a number; the
@@ -137,14 +134,16 @@ std::optional<std::string_view> Enquire(const NumberEnquiry& enquiry, std::strin
     return std::nullopt;
 }
 
+// The two enquiry windows open on the history; their ticket columns come with Enquire.
 std::span<const ReportDefinition> NumberEnquiryReports() {
     static constexpr ReportDefinition kReports[] = {
         {.object = kStraight.object,
-         .build = [](std::span<const DrawRecord> d,
-                     ReportSheet& s) { LoadHistory(kStraight, d, s); },
+         .title = "Straight Number Enquire",
+         .build = BuildMember<LoadHistory, kStraight>,
          .window = WindowKind::Enquiry},
         {.object = kBox.object,
-         .build = [](std::span<const DrawRecord> d, ReportSheet& s) { LoadHistory(kBox, d, s); },
+         .title = "Box Number Enquire",
+         .build = BuildMember<LoadHistory, kBox>,
          .window = WindowKind::Enquiry},
     };
     return kReports;

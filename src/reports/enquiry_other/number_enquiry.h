@@ -12,7 +12,6 @@ namespace numarel {
 // opens on the history; Enquire adds one hit column per ticket.
 struct NumberEnquiry {
     std::string_view object;      // the window object
-    std::string_view title;       // the window's caption
     std::string_view inputLabel;  // caption of the frame around the ticket text box
     int ticketLimit;              // the most tickets one enquiry takes
     std::string_view noTicket;    // said when the text holds no digit

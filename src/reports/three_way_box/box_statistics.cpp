@@ -7,6 +7,7 @@
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
+#include "reports/report_registry.h"
 #include "reports/three_way_box/label_forms.h"
 
 namespace numarel {
@@ -20,13 +21,6 @@ constexpr Rgb kStripe = MakeRgb(170, 210, 176);
 
 constexpr std::array<std::string_view, 6> kBands = {"0-100",   "101-200", "201-300",
                                                     "301-400", "401-500", ">500"};
-
-// What sets the reports apart.
-struct FollowedNumbers {
-    std::string_view title;
-    std::vector<std::string> (*numbers)();  // the headers of the number columns, in order
-    bool stripeEvenSums;
-};
 
 std::string Digits(int a, int b, int c) {
     return {static_cast<char>('0' + a), static_cast<char>('0' + b), static_cast<char>('0' + c)};
@@ -53,36 +47,8 @@ std::vector<std::string> AllSixWayBoxes() {
     return out;
 }
 
-// Grouped by Sum, 5 to 23; within a group in the order they were chosen.
-constexpr std::string_view kSeventyTickets[] = {
-    "014",                                            // 5
-    "024", "015",                                     // 6
-    "034", "016",                                     // 7
-    "035", "017", "134", "125",                       // 8
-    "126", "018", "036", "027",                       // 9
-    "037", "145", "019", "046", "028",                // 10
-    "245", "029", "137", "128", "146",                // 11
-    "057", "138", "147", "156", "237",                // 12
-    "067", "148", "157", "139", "256", "049", "346",  // 13
-    "167", "149", "239", "248", "257", "356", "158",  // 14
-    "357", "348", "258", "249", "267", "078",         // 15
-    "457", "349", "268", "178", "259",                // 16
-    "467", "089", "458", "278",                       // 17
-    "189", "279", "378",                              // 18
-    "469", "568", "379",                              // 19
-    "479", "569",                                     // 20
-    "678", "489",                                     // 21
-    "679", "589",                                     // 22
-    "689",                                            // 23
-};
-
-std::vector<std::string> SeventyTickets() {
-    return {std::begin(kSeventyTickets), std::end(kSeventyTickets)};
-}
-
-const FollowedNumbers kThreeWayBoxes = {"3 Way Box Statistical", AllThreeWayBoxes, false};
-const FollowedNumbers kSixWayBoxes = {"6 Way Box Statistical", AllSixWayBoxes, false};
-const FollowedNumbers kSeventy = {"70 Tickets follow", SeventyTickets, true};
+const FollowedNumbers kThreeWayBoxes = {.numbers = AllThreeWayBoxes};
+const FollowedNumbers kSixWayBoxes = {.numbers = AllSixWayBoxes};
 
 int DigitSum(std::string_view number) {
     int sum = 0;
@@ -98,13 +64,14 @@ int BandOf(int distance) {
     return (distance - 1) / 100 + 1;
 }
 
-void Build(const FollowedNumbers& report, std::span<const DrawRecord> drawings,
-           ReportSheet& sheet) {
+}  // namespace
+
+void BuildFollowedNumbers(const FollowedNumbers& report, std::span<const DrawRecord> drawings,
+                          ReportSheet& sheet) {
     const std::vector<std::string> numbers = report.numbers();
     const int lastNumberCol = kFirstNumberCol + static_cast<int>(numbers.size()) - 1;
     const int missCol = lastNumberCol + 1;  // "Winning Number Miss"
 
-    sheet.SetTitle("Loading......");
     sheet.SetCols(missCol + 1 + static_cast<int>(kBands.size()));
     sheet.SetColWidth(0, 1032);
     for (int c = 1; c <= 3; ++c)
@@ -176,19 +143,21 @@ void Build(const FollowedNumbers& report, std::span<const DrawRecord> drawings,
         }
     }
 
-    FinishLoad(sheet, std::string(report.title));
+    FinishLoad(sheet);
 }
 
-}  // namespace
-
-void BuildThreeWayBoxStatistical(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kThreeWayBoxes, drawings, sheet);
-}
-void BuildSixWayBoxStatistical(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSixWayBoxes, drawings, sheet);
-}
-void BuildSeventyTicketsFollow(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSeventy, drawings, sheet);
+std::span<const ReportDefinition> BoxStatisticsReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmzusan90",
+         .title = "3 Way Box Statistical",
+         .build = BuildMember<BuildFollowedNumbers, kThreeWayBoxes>,
+         .help = HelpButton::Inert},
+        {.object = "frmzuliu120",
+         .title = "6 Way Box Statistical",
+         .build = BuildMember<BuildFollowedNumbers, kSixWayBoxes>,
+         .help = HelpButton::Inert},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

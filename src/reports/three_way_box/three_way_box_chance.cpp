@@ -1,10 +1,9 @@
-#include "reports/three_way_box/three_way_box_chance.h"
-
 #include <string>
 #include <string_view>
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
+#include "reports/report_registry.h"
 #include "reports/three_way_box/label_forms.h"
 
 namespace numarel {
@@ -28,15 +27,14 @@ enum class Signal {
 
 // What sets the three reports apart.
 struct ChanceReport {
-    std::string_view title;
     Signal signal;
     int cols;
     bool widthRule;
 };
 
-constexpr ChanceReport kHundredsIsOne = {"3 Way Box Chance[1]", Signal::HundredsIsOne, 6, false};
-constexpr ChanceReport kRun = {"3 Way Box Chance[2]", Signal::Run, 6, false};
-constexpr ChanceReport kTensIsZero = {"3 Way Box Chance[3]", Signal::TensIsZero, 10, true};
+constexpr ChanceReport kHundredsIsOne = {Signal::HundredsIsOne, 6, false};
+constexpr ChanceReport kRun = {Signal::Run, 6, false};
+constexpr ChanceReport kTensIsZero = {Signal::TensIsZero, 10, true};
 
 bool SignalsBeforeSort(Signal signal, const CurrentDigits& d) {
     return (signal == Signal::HundredsIsOne && d[0] == 1) ||
@@ -49,7 +47,6 @@ bool IsRun(const CurrentDigits& s) {
 }
 
 void Build(const ChanceReport& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    sheet.SetTitle("Loading......");
     sheet.SetCols(report.cols);
     sheet.SetColWidth(0, 860);
     for (int c = 1; c <= 3; ++c)
@@ -79,7 +76,7 @@ void Build(const ChanceReport& report, std::span<const DrawRecord> drawings, Rep
     sheet.SetText(0, 3, "U");
     sheet.SetText(0, kBoxCol, "3 Way Box");
     if (report.widthRule) sheet.SetText(0, kWidthBoxCol, "3 Way Box");
-    FinishLoad(sheet, std::string(report.title));
+    FinishLoad(sheet);
 
     // The stretches are read back from the signal marks, so overlapping ones merge.
     for (int r = 1; r <= drawCount; ++r) {
@@ -98,14 +95,17 @@ void Build(const ChanceReport& report, std::span<const DrawRecord> drawings, Rep
 
 }  // namespace
 
-void BuildThreeWayBoxChanceH1(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kHundredsIsOne, drawings, sheet);
-}
-void BuildThreeWayBoxChanceRun(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kRun, drawings, sheet);
-}
-void BuildThreeWayBoxChanceT0(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kTensIsZero, drawings, sheet);
+std::span<const ReportDefinition> ThreeWayBoxChanceReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "Form1zu3",
+         .title = "3 Way Box Chance[1]",
+         .build = BuildMember<Build, kHundredsIsOne>},
+        {.object = "Form1tlj", .title = "3 Way Box Chance[2]", .build = BuildMember<Build, kRun>},
+        {.object = "Form1zu3bai10",
+         .title = "3 Way Box Chance[3]",
+         .build = BuildMember<Build, kTensIsZero>},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

@@ -1,11 +1,10 @@
-#include "reports/three_way_box/three_way_box_doubles.h"
-
 #include <array>
 #include <string_view>
 #include <vector>
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
+#include "reports/report_registry.h"
 #include "reports/three_way_box/label_forms.h"
 
 namespace numarel {
@@ -32,7 +31,6 @@ using Classify = void (*)(ReportSheet& sheet, int row, int d);
 
 // What sets the two reports apart.
 struct DoublesReport {
-    std::string_view title;
     int cols;
     Column0 column0;
     int col0Width;
@@ -137,7 +135,6 @@ constexpr std::string_view kTrendLabels[] = {
 };
 
 constexpr DoublesReport kType = {
-    .title = "3 Way Box Type",
     .cols = 33,
     .column0 = Column0::DateAndDigits,
     .col0Width = 1118,
@@ -151,7 +148,6 @@ constexpr DoublesReport kType = {
     .labels = kTypeLabels,
 };
 constexpr DoublesReport kTrend = {
-    .title = "3 Way Box Trend",
     .cols = 31,
     .column0 = Column0::DateAlone,
     .col0Width = 860,
@@ -170,7 +166,6 @@ std::string DigitPair(int first, int second) {
 }
 
 void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    sheet.SetTitle("Loading......");
     sheet.SetCols(report.cols);
     sheet.SetColWidth(0, report.col0Width);
     for (int c = 1; c <= 3; ++c)
@@ -232,7 +227,6 @@ void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, Re
 
     // A run counts only once it is closed, which the back colours tell: a non-hit row whose
     // colour differs from the row after it.
-    sheet.SetVisible(false);
     sheet.SetText(maxMissRow, 0, "Max Miss");
     for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
         short maxMiss = 0;
@@ -245,24 +239,17 @@ void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, Re
         sheet.SetNumber(maxMissRow, c, maxMiss);
         sheet.SetForeColor(maxMissRow, c, kMissFore);
     }
-    sheet.SetVisible(true);
 
     std::vector<SheetLabel> labels;
     for (std::string_view text : report.labels)
         labels.push_back({std::string(text), kLabelFore, kLabelBack});
     sheet.SetLabels(std::move(labels));
-    FinishLoad(sheet, std::string(report.title));
+    FinishLoad(sheet);
 }
 
-}  // namespace
-
-void BuildThreeWayBoxType(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kType, drawings, sheet);
-}
-void BuildThreeWayBoxTrend(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kTrend, drawings, sheet);
-}
-
+// What a double click on a column copies: for every hit that follows a non-hit row, the text of
+// that row, each line ended by CR LF. In a double column these are the closed Miss lengths in
+// file order.
 std::string ClosedMissLengths(const ReportSheet& sheet, int col) {
     std::string text;
     for (int r = 2; r <= sheet.DrawCount(); ++r) {
@@ -273,6 +260,25 @@ std::string ClosedMissLengths(const ReportSheet& sheet, int col) {
         text += "\r\n";
     }
     return text;
+}
+
+}  // namespace
+
+// The 3 Way Box drawings by their double (00 to 99), with the Miss of every double and its
+// longest closed Miss. Type classes the double together with the third digit; Trend classes the
+// double alone.
+std::span<const ReportDefinition> ThreeWayBoxDoublesReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmzu3leixing2",
+         .title = "3 Way Box Type",
+         .build = BuildMember<Build, kType>,
+         .doubleClickText = ClosedMissLengths},
+        {.object = "Form1zu3zh",
+         .title = "3 Way Box Trend",
+         .build = BuildMember<Build, kTrend>,
+         .doubleClickText = ClosedMissLengths},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

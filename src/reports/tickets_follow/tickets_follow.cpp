@@ -1,5 +1,3 @@
-#include "reports/tickets_follow/tickets_follow.h"
-
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -7,6 +5,8 @@
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
+#include "reports/report_registry.h"
+#include "reports/three_way_box/box_statistics.h"
 
 namespace numarel {
 namespace {
@@ -31,10 +31,8 @@ struct TicketList {
     std::span<const std::string_view> tickets;
 };
 
-// What sets the reports of the family apart.
 // What sets one list report apart; the defaults are what most of them share.
 struct TicketsFollow {
-    std::string_view title;
     int cols;
     std::span<const TicketList> lists;
     int fontDecipoints = 75;  // 68: the 6.75 pt grid font, to the nearest tenth
@@ -99,7 +97,6 @@ constexpr TicketList kFiftyLists[] = {{"A", kFiftyA}, {"B", kFiftyB}};
 constexpr TicketList kEighteenLists[] = {{"A", kEighteenA}, {"B", kEighteenB}, {"C", kEighteenC}};
 
 constexpr TicketsFollow kSixteenTickets = {
-    .title = "16 Tickets follow",
     .cols = 22,
     .lists = kSixteenLists,
     .fontDecipoints = 68,
@@ -110,34 +107,58 @@ constexpr TicketsFollow kSixteenTickets = {
     .average = AverageRule::EmptyWhenNoHit,
 };
 constexpr TicketsFollow kTwentySevenTickets = {
-    .title = "27 Tickets follow",
     .cols = 33,
     .lists = kTwentySevenLists,
     .average = AverageRule::EmptyWhenNoHit,
 };
 constexpr TicketsFollow kThirtyTicketsA = {
-    .title = "30 Tickets follow A",
     .cols = 36,
     .lists = kThirtyALists,
 };
 constexpr TicketsFollow kThirtyTicketsB = {
-    .title = "30 Tickets follow B",
     .cols = 36,
     .lists = kThirtyBLists,
 };
 constexpr TicketsFollow kFiftyTickets = {
-    .title = "50 Tickets follow AB",
     .cols = 109,
     .lists = kFiftyLists,
     .hitTest = HitTest::WholeBoxNumber,
     .groupFollowed = false,
 };
 constexpr TicketsFollow kEighteenTickets = {
-    .title = "18 Tickets follow ABC",
     .cols = 63,
     .lists = kEighteenLists,
     .hitTest = HitTest::WholeBoxNumber,
     .groupFollowed = false,
+};
+
+// Seventy 6 Way Box tickets, grouped by Sum, 5 to 23; within a group in the order they were
+// chosen. They are followed as the Box statistics follow every Box Number, with the groups of
+// even Sum striped.
+constexpr std::string_view kSeventy[] = {
+    "014",                                            // 5
+    "024", "015",                                     // 6
+    "034", "016",                                     // 7
+    "035", "017", "134", "125",                       // 8
+    "126", "018", "036", "027",                       // 9
+    "037", "145", "019", "046", "028",                // 10
+    "245", "029", "137", "128", "146",                // 11
+    "057", "138", "147", "156", "237",                // 12
+    "067", "148", "157", "139", "256", "049", "346",  // 13
+    "167", "149", "239", "248", "257", "356", "158",  // 14
+    "357", "348", "258", "249", "267", "078",         // 15
+    "457", "349", "268", "178", "259",                // 16
+    "467", "089", "458", "278",                       // 17
+    "189", "279", "378",                              // 18
+    "469", "568", "379",                              // 19
+    "479", "569",                                     // 20
+    "678", "489",                                     // 21
+    "679", "589",                                     // 22
+    "689",                                            // 23
+};
+constexpr FollowedNumbers kSeventyTickets = {
+    .numbers = [] { return std::vector<std::string>(std::begin(kSeventy), std::end(kSeventy)); },
+    .stripeEvenSums = true,
 };
 
 // The first column of each list, and one past the last ticket.
@@ -173,7 +194,6 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
     const int groupCol = starts.back();
     const int firstLetterCol = groupCol + 1;
 
-    sheet.SetTitle("Loading......");
     sheet.SetFontDecipoints(report.fontDecipoints);
     sheet.SetCols(report.cols);
     sheet.SetColWidth(0, 1218);
@@ -211,7 +231,7 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
             sheet.SetText(0, starts[i] + static_cast<int>(k), tickets[k]);
     }
     sheet.SetText(0, groupCol, report.groupHeader);
-    FinishLoad(sheet, std::string(report.title));
+    FinishLoad(sheet);
 
     // The tickets are whatever the header row says. Drawings of one Box Number hit the same
     // columns, so each box text is tested against the tickets once.
@@ -255,23 +275,31 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
 
 }  // namespace
 
-void BuildSixteenTicketsFollow(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kSixteenTickets, drawings, sheet);
-}
-void BuildTwentySevenTicketsFollow(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kTwentySevenTickets, drawings, sheet);
-}
-void BuildThirtyTicketsFollowA(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kThirtyTicketsA, drawings, sheet);
-}
-void BuildThirtyTicketsFollowB(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kThirtyTicketsB, drawings, sheet);
-}
-void BuildFiftyTicketsFollowAB(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kFiftyTickets, drawings, sheet);
-}
-void BuildEighteenTicketsFollowABC(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
-    Build(kEighteenTickets, drawings, sheet);
+std::span<const ReportDefinition> TicketsFollowReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmqita1",
+         .title = "16 Tickets follow",
+         .build = BuildMember<Build, kSixteenTickets>},
+        {.object = "frmqita3",
+         .title = "27 Tickets follow",
+         .build = BuildMember<Build, kTwentySevenTickets>},
+        {.object = "frmqita2a",
+         .title = "30 Tickets follow A",
+         .build = BuildMember<Build, kThirtyTicketsA>},
+        {.object = "frmqita2",
+         .title = "30 Tickets follow B",
+         .build = BuildMember<Build, kThirtyTicketsB>},
+        {.object = "frmqita450",
+         .title = "50 Tickets follow AB",
+         .build = BuildMember<Build, kFiftyTickets>},
+        {.object = "frmqita354",
+         .title = "18 Tickets follow ABC",
+         .build = BuildMember<Build, kEighteenTickets>},
+        {.object = "frmzuliu70",
+         .title = "70 Tickets follow",
+         .build = BuildMember<BuildFollowedNumbers, kSeventyTickets>},
+    };
+    return kReports;
 }
 
 }  // namespace numarel

@@ -4,13 +4,18 @@
 #include <utility>
 #include <vector>
 
-#include "reports/digit_straight/cold_warm_hot.h"
+#include "reports/report_registry.h"
 #include "support/test_support.h"
 
 namespace numarel {
 namespace {
 
 using testing::Build;
+
+// The text of "Next Box numbers" for a finished sheet.
+std::string NextBoxNumbersText(const ReportSheet& sheet) {
+    return FindReport("frmrenwenleng")->extraButton.text(sheet);
+}
 using testing::ColumnsColoured;
 using testing::Drawings;
 using testing::RowTexts;

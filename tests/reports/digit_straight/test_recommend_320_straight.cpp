@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
-#include "reports/digit_straight/recommend_320_straight.h"
+#include "reports/report_registry.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -45,6 +45,7 @@ TEST(Recommend320StraightNumbers, HTJoinedAsTextHitsItsPairColumn) {
 
 TEST(Recommend320StraightNumbers, ExportListsEveryDrawingWithItsHit) {
     ReportSheet sheet = Build("frmbaishi32zu", Drawings({"307", "500", "059"}));
+    const SheetText Export320Text = FindReport("frmbaishi32zu")->extraButton.text;
     EXPECT_EQ(Export320Text(sheet),
               " 2020001:307-[320YES]\r\n 2020002:500\r\n 2020003:059-[320YES]\r\n");
     EXPECT_EQ(Export320Text(Build("frmbaishi32zu", {})), "");

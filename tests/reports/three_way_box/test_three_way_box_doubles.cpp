@@ -7,7 +7,6 @@
 
 #include "frame/frame_passes.h"
 #include "reports/report_registry.h"
-#include "reports/three_way_box/three_way_box_doubles.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -130,8 +129,9 @@ TEST(ThreeWayBoxDoubles, DoubleClickCopiesTheClosedMissLengths) {
     }
     // In a class column the lines are the (empty) texts before each red stretch.
     ReportSheet type = Build("frmzu3leixing2", kHistory);
-    EXPECT_EQ(ClosedMissLengths(type, 29), "\r\n\r\n");  // 2P1C on rows 3, 4 and 7
-    EXPECT_EQ(ClosedMissLengths(type, 25), "");          // parity colour is not red
+    const ColumnText copied = FindReport("frmzu3leixing2")->doubleClickText;
+    EXPECT_EQ(copied(type, 29), "\r\n\r\n");  // 2P1C on rows 3, 4 and 7
+    EXPECT_EQ(copied(type, 25), "");          // parity colour is not red
 }
 
 }  // namespace

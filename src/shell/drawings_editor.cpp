@@ -1,4 +1,4 @@
-#include "data/editor/drawings_editor.h"
+#include "shell/drawings_editor.h"
 
 #include <QApplication>
 #include <QDir>
@@ -24,14 +24,6 @@ constexpr int kButtonWidth = 2175;
 constexpr int kButtonHeight = 375;
 // Date, H, T, U: the four columns fill the table's width beside its scroll bar.
 constexpr int kColumnTwips[DrawingsTable::kCols] = {2160, 1190, 1190, 1190};
-
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 }  // namespace
 

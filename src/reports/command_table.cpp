@@ -1,4 +1,4 @@
-#include "shell/command_table.h"
+#include "reports/command_table.h"
 
 #include <algorithm>
 

@@ -14,9 +14,9 @@
 #include <QTimer>
 #include <cstdio>
 
-#include "data/editor/drawings_editor.h"
 #include "platform/platform.h"
 #include "platform/twips.h"
+#include "shell/drawings_editor.h"
 #include "shell/main_window.h"
 #include "shell/report_window.h"
 #include "shell/welcome_window.h"
