@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "data/drawings_file.h"
-#include "reports/enquiry_other/number_enquiry.h"
 #include "reports/command_table.h"
+#include "reports/enquiry_other/number_enquiry.h"
 #include "reports/report_registry.h"
 
 namespace {

@@ -7,8 +7,8 @@
 
 #include "cli/sheet_format.h"
 #include "data/lottery_catalog.h"
-#include "reports/enquiry_other/number_enquiry.h"
 #include "reports/command_table.h"
+#include "reports/enquiry_other/number_enquiry.h"
 #include "reports/report_registry.h"
 
 namespace numarel {

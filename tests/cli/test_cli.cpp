@@ -9,8 +9,8 @@
 #include "cli/sheet_format.h"
 #include "data/drawings_file.h"
 #include "data/lottery_catalog.h"
-#include "reports/enquiry_other/number_enquiry.h"
 #include "reports/command_table.h"
+#include "reports/enquiry_other/number_enquiry.h"
 #include "reports/report_registry.h"
 #include "support/test_support.h"
 
