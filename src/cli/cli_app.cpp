@@ -5,6 +5,7 @@
 #include <ostream>
 #include <sstream>
 
+#include "cli/report_export.h"
 #include "cli/sheet_format.h"
 #include "data/lottery_catalog.h"
 #include "reports/command_table.h"
@@ -76,24 +77,6 @@ bool BuildSheet(const std::string& object, const std::string& data, const Progra
     return true;
 }
 
-// The sheet in the format named by --format.
-std::string FormatSheet(const ReportSheet& sheet, const std::string& formatName,
-                        std::string_view object, int tail) {
-    SheetFormat format = SheetFormat::Text;
-    ParseSheetFormat(formatName, format);
-    switch (format) {
-        case SheetFormat::Text:
-            return FormatSheetText(sheet, tail);
-        case SheetFormat::Csv:
-            return FormatSheetCsv(sheet);
-        case SheetFormat::Html:
-            return FormatSheetHtml(sheet, object);
-        case SheetFormat::Json:
-            return FormatSheetJson(sheet, object);
-    }
-    return {};
-}
-
 // The options every command that prints a sheet takes.
 void AddSheetOptions(CLI::App* command, std::string& data, std::string& formatName,
                      std::string& output, int& tail) {
@@ -109,9 +92,17 @@ void AddSheetOptions(CLI::App* command, std::string& data, std::string& formatNa
 
 int RunCli(int argc, const char* const* argv, const std::filesystem::path& programFolder,
            std::ostream& out, std::ostream& err) {
+    return RunCli(argc, argv, ProgramFolder{programFolder}, out, err);
+}
+
+int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::ostream& out,
+           std::ostream& err) {
     CLI::App app{"Numarel reports without a window.", "numarel-cli"};
     app.require_subcommand(1);
-    ProgramFolder folder{programFolder};
+    app.set_version_flag("--version", "numarel-cli " + std::string(ProgramVersion()));
+
+    CLI::App* where = app.add_subcommand(
+        "where", "Print the program folder: where the lotteries and the selection are kept");
 
     CLI::App* list = app.add_subcommand("list", "Print the command table of the main window");
 
@@ -121,8 +112,11 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
     std::string output;
     int tail = 30;
     CLI::App* report = app.add_subcommand("report", "Print the sheet of one report");
-    report->add_option("object", object, "The report's window object, such as frmbjiouhe")
-        ->required();
+    bool all = false;
+    report->add_option("object", object,
+                       "The report's window object or menu caption, such as frmbjiouhe or "
+                       "\"cold warm hot\"");
+    report->add_flag("--all", all, "Every report, into the folder given by --output");
     AddSheetOptions(report, data, formatName, output, tail);
 
     std::string kind;
@@ -159,6 +153,9 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
     } catch (const CLI::CallForHelp&) {
         out << app.help();
         return 0;
+    } catch (const CLI::CallForVersion& e) {
+        out << e.what() << '\n';
+        return 0;
     } catch (const CLI::CallForAllHelp&) {
         out << app.help("", CLI::AppFormatMode::All);
         return 0;
@@ -167,21 +164,29 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
         return 2;
     }
 
+    if (*where) {
+        out << folder.root.string() << '\n';
+        return 0;
+    }
     if (*list) {
         out << ListCommands();
         return 0;
     }
 
     if (*report) {
+        if (!all && !ResolveReportArgument(object, err)) return 1;
         std::filesystem::path path;
         if (!ResolveDataFile(data, folder, path, err)) return 1;
+        SheetFormat format = SheetFormat::Text;
+        ParseSheetFormat(formatName, format);
+        if (all) return ExportAllReports(path, format, output, err);
         ReportSheet sheet;
         Status s = RunReport(object, path, sheet);
         if (!s.ok()) {
             err << "numarel-cli: " << s.message() << '\n';
             return 1;
         }
-        return Destination{output}.Deliver(FormatSheet(sheet, formatName, object, tail), out, err);
+        return DeliverSheet(sheet, format, object, tail, output, out, err);
     }
     if (*enquire) {
         const NumberEnquiry& enquiry =
@@ -195,8 +200,9 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
             err << "numarel-cli: " << *refusal << '\n';
             return 1;
         }
-        return Destination{output}.Deliver(FormatSheet(sheet, formatName, enquiry.object, tail),
-                                           out, err);
+        SheetFormat format = SheetFormat::Text;
+        ParseSheetFormat(formatName, format);
+        return DeliverSheet(sheet, format, enquiry.object, tail, output, out, err);
     }
     if (*missLengths) {
         const ReportDefinition* def = FindReport(object);

@@ -8,14 +8,15 @@
 
 namespace numarel {
 
-// The folders beside the program: data\ with one drawings file per lottery, Numarel\ with the
-// selection file, help\ with the help pages.
+// The program folder: data\ with one drawings file per lottery, Numarel\ with the selection
+// file; and where the shipped help\ pages are, beside it unless the program is installed.
 struct ProgramFolder {
     std::filesystem::path root;
+    std::filesystem::path shipped = {};  // holds help\; empty: the same as root
 
     std::filesystem::path DataDir() const { return root / "data"; }
     std::filesystem::path SelectionFile() const { return root / "Numarel" / "shujuwenjian.ini"; }
-    std::filesystem::path HelpDir() const { return root / "help"; }
+    std::filesystem::path HelpDir() const { return (shipped.empty() ? root : shipped) / "help"; }
     // The help page `page` + ".htm"; the name is used exactly, trailing blank included.
     std::filesystem::path HelpPage(std::string_view page) const {
         return HelpDir() / (std::string(page) + ".htm");

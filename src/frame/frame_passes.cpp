@@ -31,6 +31,10 @@ void ResetSheet(ReportSheet& sheet, int drawCount, int rows, int lastBlankCol) {
 
 void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work,
                DigitColumns columns) {
+    // Every label is a text of its own; without room made for them up front, the pool's
+    // doubling would leave a full history with nearly twice the room the labels need.
+    constexpr std::size_t kOtherTexts = 256;
+    sheet.ReserveTexts(std::min(drawings.size(), kMaxDrawings) + kOtherTexts);
     CurrentDigits digits{0, 0, 0};
     int row = 1;
     for (const DrawRecord& record : drawings) {
@@ -72,15 +76,12 @@ void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {
     }
 }
 
-void AddStatisticRows(ReportSheet& sheet, int lastHitCol, std::string_view hitMarker,
-                      AverageRule rule, int firstHitCol) {
+void AddMissStatistics(ReportSheet& sheet, int firstHitCol, int lastHitCol,
+                       std::string_view hitMarker) {
     const int n = sheet.DrawCount();
-    sheet.SetRows(n + 6);
     sheet.SetText(n + 2, 0, "Amount");
     sheet.SetText(n + 3, 0, "Max Miss");
     sheet.SetText(n + 4, 0, "Current Miss");
-    sheet.SetText(n + 5, 0, "Average");
-    sheet.SetTopRow(sheet.Rows() - 1);
 
     // Amount and Max Miss are gathered in one walk over the rows, the order in which the cells
     // are stored; wide sheets would otherwise be read a column at a time.
@@ -115,12 +116,25 @@ void AddStatisticRows(ReportSheet& sheet, int lastHitCol, std::string_view hitMa
     }
     for (int c = firstHitCol; c <= lastHitCol; ++c)
         sheet.SetNumber(n + 3, c, maxMisses[static_cast<std::size_t>(c - firstHitCol)]);
-    for (int r = n + 2; r <= n + 5; ++r) {
-        for (int c = 1; c <= lastHitCol; ++c) {
+}
+
+void ColourStatisticRows(ReportSheet& sheet, int lastRow, int lastCol) {
+    for (int r = sheet.DrawCount() + 2; r <= lastRow; ++r) {
+        for (int c = 1; c <= lastCol; ++c) {
             sheet.SetBackColor(r, c, colours::kStatisticBack);
             sheet.SetForeColor(r, c, colours::kStatisticFore);
         }
     }
+}
+
+void AddStatisticRows(ReportSheet& sheet, int lastHitCol, std::string_view hitMarker,
+                      AverageRule rule, int firstHitCol) {
+    const int n = sheet.DrawCount();
+    sheet.SetRows(n + 6);
+    AddMissStatistics(sheet, firstHitCol, lastHitCol, hitMarker);
+    sheet.SetText(n + 5, 0, "Average");
+    sheet.SetTopRow(sheet.Rows() - 1);
+    ColourStatisticRows(sheet, n + 5, lastHitCol);
     for (int c = firstHitCol; c <= lastHitCol; ++c) {
         short amount = sheet.CellNumber(n + 2, c);
         if (rule == AverageRule::DrawCountWhenNoHit && amount == 0) amount = 1;

@@ -68,6 +68,15 @@ enum class AverageRule {
     DrawCountWhenNoHit  // DrawCount divided by Amount + 1, that is DrawCount itself
 };
 
+// Writes the rows Amount, Max Miss and Current Miss, with their labels, into rows DrawCount + 2
+// to DrawCount + 4 for the hit columns `firstHitCol` to `lastHitCol`; it neither resizes the
+// sheet, nor colours, nor scrolls.
+void AddMissStatistics(ReportSheet& sheet, int firstHitCol, int lastHitCol,
+                       std::string_view hitMarker);
+
+// Gives rows DrawCount + 2 to `lastRow`, columns 1 to `lastCol`, the statistic rows' colours.
+void ColourStatisticRows(ReportSheet& sheet, int lastRow, int lastCol);
+
 // Appends the rows Amount, Max Miss, Current Miss and Average under the drawings (Rows becomes
 // DrawCount + 6) for the hit columns `firstHitCol` to `lastHitCol`, whose hit cells hold exactly
 // `hitMarker`, colours them and scrolls to the last row.

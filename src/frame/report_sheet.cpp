@@ -103,18 +103,23 @@ void ReportSheet::Resize(int rows, int cols) {
     rowHeights_.resize(static_cast<std::size_t>(rows), -1);
 }
 
+std::uint32_t ReportSheet::TextHandle(std::string_view text) {
+    long value = 0;
+    if (text.empty()) return 0;
+    if (ParsePlainNumber(text, value)) return NumberHandle(value);
+    return pool_.Intern(text);
+}
+
 void ReportSheet::SetText(int row, int col, std::string_view text) {
     if (!Contains(row, col)) return;
-    std::uint32_t handle = 0;
-    long value = 0;
-    if (text.empty()) {
-        handle = 0;
-    } else if (ParsePlainNumber(text, value)) {
-        handle = NumberHandle(value);
-    } else {
-        handle = pool_.Intern(text);
-    }
-    cells_[Index(row, col)].text = handle;
+    cells_[Index(row, col)].text = TextHandle(text);
+}
+
+void ReportSheet::SetText(int row, std::span<const int> cols, std::string_view text) {
+    if (row < 0 || row >= rows_ || cols.empty()) return;
+    const std::uint32_t handle = TextHandle(text);
+    for (int col : cols)
+        if (col >= 0 && col < cols_) cells_[Index(row, col)].text = handle;
 }
 
 std::string ReportSheet::Text(int row, int col) const {

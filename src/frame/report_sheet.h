@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -64,6 +65,8 @@ public:
 
     // --- text ------------------------------------------------------------------------------
     void SetText(int row, int col, std::string_view text);
+    // Writes one text into several cells of a row; wide reports repeat a few markers per row.
+    void SetText(int row, std::span<const int> cols, std::string_view text);
     // Writes a number as plain decimal text.
     void SetNumber(int row, int col, long value) {
         if (!Contains(row, col)) return;
@@ -73,10 +76,17 @@ public:
             SetText(row, col, std::to_string(value));
     }
     std::string Text(int row, int col) const;
+    // Makes room for `count` different texts in all (numbers do not count).
+    void ReserveTexts(std::size_t count) { pool_.Reserve(count); }
     bool IsEmpty(int row, int col) const { return Handle(row, col) == 0; }
     // True when the cell's text is exactly `text`.
     bool TextIs(int row, int col, std::string_view text) const {
         return HandleIs(Handle(row, col), text);
+    }
+    // True when two cells hold the same text: a number cell and a text cell never do, as a text
+    // that is a plain number is always kept as a number.
+    bool SameText(int row, int col, int otherRow, int otherCol) const {
+        return Handle(row, col) == Handle(otherRow, otherCol);
     }
     // The number at the start of the cell's text, blanks ignored; 0 for an empty or non-numeric
     // text.
@@ -188,6 +198,8 @@ private:
         return RoundedValue(h);
     }
     short RoundedValue(std::uint32_t h) const;
+    // The handle a cell holding `text` gets: inline for a plain number, interned otherwise.
+    std::uint32_t TextHandle(std::string_view text);
     // True when the inline number `h` is written as `text`.
     static bool NumberIs(std::uint32_t h, std::string_view text);
 

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QMimeData>
 #include <filesystem>
 
 namespace numarel {
@@ -75,6 +76,12 @@ public:
         QClipboard* clipboard = QGuiApplication::clipboard();
         clipboard->clear();
         clipboard->setText(text);
+    }
+    void SetTable(const QString& text, const QString& html) override {
+        auto* data = new QMimeData;
+        data->setText(text);
+        data->setHtml(html);
+        QGuiApplication::clipboard()->setMimeData(data);
     }
 };
 

@@ -1,4 +1,7 @@
 #include <QApplication>
+#include <QMessageBox>
+
+#include "data/program_home.h"
 
 #include "platform/platform.h"
 #include "platform/twips.h"
@@ -12,11 +15,18 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Numarel"));
     QApplication::setFont(numarel::DesignFont(8.25));
 
-    numarel::Session session{
-        numarel::ProgramFolder{QCoreApplication::applicationDirPath().toStdString()},
-        numarel::SystemPlatform(),
-        {},
-        "Lottery:"};
+    numarel::ProgramFolder folder;
+    numarel::Status found =
+        numarel::ResolveProgramFolder(QCoreApplication::applicationDirPath().toStdString(),
+                                      numarel::HomeEnvironment::FromProcess(), folder);
+    if (!found.ok()) {
+        QMessageBox box(QMessageBox::Critical, QStringLiteral("Numarel"),
+                        QString::fromStdString(found.message()));
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
+        return 1;
+    }
+    numarel::Session session{folder, numarel::SystemPlatform(), {}, "Lottery:"};
     numarel::ReportWindows reports(session);
 
     // Report windows have no owner, so they stay open after the main window closes; the run ends

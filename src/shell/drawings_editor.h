@@ -68,6 +68,11 @@ public:
     void Download();
     void AskAndExit();
 
+    // Scales the table's font, column widths and row heights together, 50 to 400; 100 is the
+    // designed size. Ctrl + wheel and Ctrl + "+", "-", "0" on the table do the same.
+    void SetZoom(int percent);
+    int Zoom() const { return zoom_; }
+
 protected:
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -90,6 +95,7 @@ private:
     QLineEdit* cellBox_;
     QLabel* lotteryLabel_;
     Status loadStatus_;
+    int zoom_ = 100;
 };
 
 }  // namespace numarel

@@ -28,18 +28,24 @@ struct FakeReports {
     static inline QWidget* watched = nullptr;
     static inline QString captionDuringBuild;
     static inline bool hourglassDuringBuild = false;
+    // The caption of the report window being loaded (not yet shown) while it was built.
+    static inline QString reportCaptionDuringBuild;
 
     static void Reset() {
         builds = textBuilds = 0;
         watched = nullptr;
         captionDuringBuild.clear();
         hourglassDuringBuild = false;
+        reportCaptionDuringBuild.clear();
     }
 
     static void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         ++builds;
         if (watched) captionDuringBuild = watched->windowTitle();
         hourglassDuringBuild = QApplication::overrideCursor() != nullptr;
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->inherits("numarel::ReportWindow") && !top->isVisible())
+                reportCaptionDuringBuild = top->windowTitle();
         const int count = CountDrawings(drawings);
         ResetSheet(sheet, count, count + 2);
         sheet.SetCols(6);

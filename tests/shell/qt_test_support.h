@@ -45,6 +45,7 @@ public:
     std::vector<FileDialogRequest> dialogs;
     std::vector<bool> saveDialogs;  // per dialog: a save dialog
     std::vector<QString> clipboard;
+    QString clipboardHtml;  // the HTML of the last table put on the clipboard
     std::vector<QUrl> opened;
     // Runs when a message is shown, for checks of the windows' state at that moment.
     std::function<void()> onShown;
@@ -70,6 +71,10 @@ public:
         return Dialog(request, true);
     }
     void SetText(const QString& text) override { clipboard.push_back(text); }
+    void SetTable(const QString& text, const QString& html) override {
+        clipboard.push_back(text);
+        clipboardHtml = html;
+    }
     void Open(const QUrl& url) override { opened.push_back(url); }
 
     // The messages and questions shown so far, each as its title, a blank and its text.

@@ -99,12 +99,11 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         }
     }
 
-    // With no drawing there is nothing carried, and the next drawing's row stays empty.
-    if (drawCount > 0) {
-        const int next = drawCount + 1;
-        for (const CarriedDigit& carried : kCarried)
-            sheet.SetText(next, carried.col, MaskOf(carried, sheet.Text(next, carried.col)));
-    }
+    // The next drawing's row always gets its masks; with no drawing nothing was carried there, so
+    // they are masks of empty digits, the stars alone.
+    const int next = drawCount + 1;
+    for (const CarriedDigit& carried : kCarried)
+        sheet.SetText(next, carried.col, MaskOf(carried, sheet.Text(next, carried.col)));
 
     for (int r = 2; r <= drawCount; ++r) {
         short first = 0;

@@ -51,10 +51,18 @@ TEST(RecommendTundredTenUnits, ShortHistories) {
     EXPECT_EQ(RowTexts(one, 1, 4, 12), Texts(9));
     EXPECT_EQ(RowTexts(one, 2, 4, 9), (Texts{"0**", "7**", "*9*", "*7*", "**9", "**0"}));
 
-    ReportSheet none = Build("frmzhixuantaloven", {});
-    EXPECT_EQ(none.Rows(), 5);
-    for (int r = 1; r < 5; ++r)
-        EXPECT_EQ(RowTexts(none, r, 0, 12), Texts(13)) << r;
+    // No drawing (an empty file, or one of only an end marker): the next drawing's row, row 1,
+    // still gets its masks, of empty digits, so the stars alone.
+    std::vector<DrawRecord> onlyEndMarker = ParseDrawings("0 0 0 0\r\n");
+    onlyEndMarker.resize(ReportDrawCount(onlyEndMarker));
+    for (const auto& drawings : {Drawings({}), onlyEndMarker}) {
+        ReportSheet none = Build("frmzhixuantaloven", drawings);
+        EXPECT_EQ(none.Rows(), 5);
+        EXPECT_EQ(RowTexts(none, 1, 0, 12),
+                  (Texts{"", "", "", "", "**", "**", "**", "**", "**", "**", "", "", ""}));
+        for (int r = 2; r < 5; ++r)
+            EXPECT_EQ(RowTexts(none, r, 0, 12), Texts(13)) << r;
+    }
 }
 
 }  // namespace
