@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <span>
+#include <unordered_map>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -73,17 +74,25 @@ void LoadHistory(const NumberEnquiry& enquiry, std::span<const DrawRecord> drawi
 // Marks each ticket column, and "Gather", in the rows whose key is the ticket as a number; the
 // tickets are read back from the header, as typed, so a Box ticket out of order never hits.
 void MarkHits(ReportSheet& sheet, int gatherCol) {
-    std::vector<short> tickets;
-    for (int c = kFirstTicketCol; c < gatherCol; ++c)
-        tickets.push_back(sheet.CellNumber(0, c));
+    // The ticket columns by number, so that a row finds its hits without trying every ticket:
+    // the first column of each number, and per column the next one of the same number.
+    constexpr int kNone = -1;
+    std::unordered_map<short, int> firstOfNumber;
+    std::vector<int> nextOfNumber(static_cast<std::size_t>(gatherCol), kNone);
+    for (int c = gatherCol - 1; c >= kFirstTicketCol; --c) {
+        auto [it, added] = firstOfNumber.try_emplace(sheet.CellNumber(0, c), c);
+        if (!added) {
+            nextOfNumber[static_cast<std::size_t>(c)] = it->second;
+            it->second = c;
+        }
+    }
     const int drawCount = sheet.DrawCount();
     for (int r = 1; r <= drawCount; ++r) {
-        const short key = sheet.CellNumber(r, kKeyCol);
-        for (std::size_t i = 0; i < tickets.size(); ++i) {
-            if (tickets[i] != key) continue;
-            sheet.SetText(r, kFirstTicketCol + static_cast<int>(i), kHitMarker);
-            sheet.SetText(r, gatherCol, kHitMarker);
-        }
+        auto it = firstOfNumber.find(sheet.CellNumber(r, kKeyCol));
+        if (it == firstOfNumber.end()) continue;
+        for (int c = it->second; c != kNone; c = nextOfNumber[static_cast<std::size_t>(c)])
+            sheet.SetText(r, c, kHitMarker);
+        sheet.SetText(r, gatherCol, kHitMarker);
     }
 }
 
