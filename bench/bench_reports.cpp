@@ -7,6 +7,7 @@
 
 #include "data/drawings_file.h"
 #include "reports/command_table.h"
+#include "reports/enquiry_other/number_enquiry.h"
 #include "reports/report_registry.h"
 
 namespace {
@@ -61,6 +62,35 @@ void BM_Report(benchmark::State& state, const ReportDefinition* definition) {
     }
     state.counters["bytes_per_cell"] = bytesPerCell;
 }
+
+// Enquire with the most tickets a window takes, on the history sheet as the window opens; the
+// history is built outside the timing.
+void BM_Enquire(benchmark::State& state, std::string_view object) {
+    const NumberEnquiry& enquiry = *FindNumberEnquiry(object);
+    std::string text;
+    std::uint32_t seed = 777;
+    for (int i = 0; i < enquiry.ticketLimit; ++i) {
+        seed = seed * 1664525u + 1013904223u;
+        text += std::to_string(100 + (seed >> 16) % 900) + ' ';
+    }
+    double bytesPerCell = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        ReportSheet sheet;
+        BuildReport(*FindReport(object), LargestHistory(), sheet);
+        state.ResumeTiming();
+        Enquire(enquiry, text, sheet);
+        state.PauseTiming();
+        bytesPerCell = static_cast<double>(sheet.MemoryBytes()) /
+                       (static_cast<double>(sheet.Rows()) * sheet.Cols());
+        sheet = ReportSheet();
+        state.ResumeTiming();
+    }
+    state.counters["bytes_per_cell"] = bytesPerCell;
+    state.counters["tickets"] = enquiry.ticketLimit;
+}
+BENCHMARK_CAPTURE(BM_Enquire, frmzhixuanhaocx, "frmzhixuanhaocx")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Enquire, frmzuxuanhaocx, "frmzuxuanhaocx")->Unit(benchmark::kMillisecond);
 
 // Registers one benchmark per built report of the command table.
 const int kRegistered = [] {

@@ -9,6 +9,7 @@
 #include "cli/sheet_format.h"
 #include "data/lottery_catalog.h"
 #include "reports/command_table.h"
+#include "reports/enquiry_other/number_enquiry.h"
 #include "reports/report_registry.h"
 
 namespace numarel {
@@ -76,6 +77,17 @@ bool BuildSheet(const std::string& object, const std::string& data, const Progra
     return true;
 }
 
+// The options every command that prints a sheet takes.
+void AddSheetOptions(CLI::App* command, std::string& data, std::string& formatName,
+                     std::string& output, int& tail) {
+    command->add_option("--data", data, "A drawings file instead of the current lottery");
+    command->add_option("--format", formatName, "text, csv, html or json")
+        ->check(CLI::IsMember({"text", "csv", "html", "json"}));
+    command->add_option("--output", output, "Write to this file instead of standard output");
+    command->add_option("--tail", tail, "Drawings shown by the text format")
+        ->check(CLI::NonNegativeNumber);
+}
+
 }  // namespace
 
 int RunCli(int argc, const char* const* argv, const std::filesystem::path& programFolder,
@@ -105,12 +117,18 @@ int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::
                        "The report's window object or menu caption, such as frmbjiouhe or "
                        "\"cold warm hot\"");
     report->add_flag("--all", all, "Every report, into the folder given by --output");
-    report->add_option("--data", data, "A drawings file instead of the current lottery");
-    report->add_option("--format", formatName, "text, csv, html or json")
-        ->check(CLI::IsMember({"text", "csv", "html", "json"}));
-    report->add_option("--output", output, "Write to this file instead of standard output");
-    report->add_option("--tail", tail, "Drawings shown by the text format")
-        ->check(CLI::NonNegativeNumber);
+    AddSheetOptions(report, data, formatName, output, tail);
+
+    std::string kind;
+    std::vector<std::string> tickets;
+    CLI::App* enquire = app.add_subcommand(
+        "enquire", "Print the enquiry window's sheet after Enquire with these tickets");
+    enquire->add_option("kind", kind, "straight or box")
+        ->required()
+        ->check(CLI::IsMember({"straight", "box"}));
+    enquire->add_option("text", tickets,
+                        "The tickets, read as the text box reads them: only the digits count");
+    AddSheetOptions(enquire, data, formatName, output, tail);
 
     int column = 0;
     CLI::App* missLengths = app.add_subcommand(
@@ -169,6 +187,22 @@ int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::
             return 1;
         }
         return DeliverSheet(sheet, format, object, tail, output, out, err);
+    }
+    if (*enquire) {
+        const NumberEnquiry& enquiry =
+            *FindNumberEnquiry(kind == "box" ? "frmzuxuanhaocx" : "frmzhixuanhaocx");
+        std::string text;
+        for (const std::string& t : tickets)
+            (text += t) += ' ';
+        ReportSheet sheet;
+        if (!BuildSheet(std::string(enquiry.object), data, folder, sheet, err)) return 1;
+        if (auto refusal = Enquire(enquiry, text, sheet)) {
+            err << "numarel-cli: " << *refusal << '\n';
+            return 1;
+        }
+        SheetFormat format = SheetFormat::Text;
+        ParseSheetFormat(formatName, format);
+        return DeliverSheet(sheet, format, enquiry.object, tail, output, out, err);
     }
     if (*missLengths) {
         const ReportDefinition* def = FindReport(object);

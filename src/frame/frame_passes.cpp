@@ -68,10 +68,12 @@ void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {
     // Row by row, one counter per column: wide sheets are walked in the order they are stored.
     std::vector<short> counters(static_cast<std::size_t>(lastCol - firstCol + 1), 1);
     for (int r = 1; r <= drawCount; ++r) {
-        for (int c = firstCol; c <= lastCol; ++c) {
-            short& counter = counters[static_cast<std::size_t>(c - firstCol)];
-            if (sheet.IsEmpty(r, c)) {
-                sheet.SetNumber(r, c, counter);
+        ReportSheet::RowRun cells = sheet.Run(r, firstCol, lastCol);
+        const int count = cells.Count();
+        for (int i = 0; i < count; ++i) {
+            short& counter = counters[static_cast<std::size_t>(i)];
+            if (cells.IsEmpty(i)) {
+                cells.SetNumber(i, counter);
                 ++counter;
             } else {
                 counter = 1;
@@ -93,13 +95,21 @@ void AddMissStatistics(ReportSheet& sheet, int firstHitCol, int lastHitCol,
         lastHitCol >= firstHitCol ? static_cast<std::size_t>(lastHitCol - firstHitCol + 1) : 0;
     std::vector<short> amounts(width, 0);
     std::vector<short> maxMisses(width, 0);
+    // A number cell can be the marker only if the marker reads like a number; markers are
+    // asterisks, so the Miss numbers between the hits need no comparison.
+    const bool numericMarker =
+        !hitMarker.empty() && (hitMarker[0] == '-' || (hitMarker[0] >= '0' && hitMarker[0] <= '9'));
     for (int r = 1; r <= n; ++r) {
-        for (int c = firstHitCol; c <= lastHitCol; ++c) {
-            const auto i = static_cast<std::size_t>(c - firstHitCol);
-            if (sheet.TextIs(r, c, hitMarker))
-                ++amounts[i];
-            else if (r <= n - 1)  // a run still open in the last row counts up to the row before
-                maxMisses[i] = std::max(maxMisses[i], sheet.CellNumber(r, c));
+        // A run still open in the last row counts only up to the row before.
+        const bool closedRuns = r <= n - 1;
+        const ReportSheet::RowRun cells = sheet.Run(r, firstHitCol, lastHitCol);
+        const int count = cells.Count();
+        for (int i = 0; i < count; ++i) {
+            const auto k = static_cast<std::size_t>(i);
+            if ((numericMarker || !cells.HoldsNumber(i)) && cells.TextIs(i, hitMarker))
+                ++amounts[k];
+            else if (closedRuns)
+                maxMisses[k] = std::max(maxMisses[k], cells.CellNumber(i));
         }
     }
     for (int c = firstHitCol; c <= lastHitCol; ++c)

@@ -141,8 +141,21 @@ double ReportSheet::CellValue(int row, int col) const {
     return pool_.Value(h);
 }
 
-short ReportSheet::RoundedCellValue(int row, int col) const {
-    return RoundToInt16(CellValue(row, col));
+short ReportSheet::RoundedValue(std::uint32_t h) const {
+    if (h == 0) return 0;
+    if (IsInlineNumber(h)) return RoundToInt16(static_cast<double>(InlineValue(h)));
+    return RoundToInt16(pool_.Value(h));
+}
+
+ReportSheet::RowRun ReportSheet::Run(int row, int firstCol, int lastCol) {
+    RowRun run;
+    run.sheet_ = this;
+    run.row_ = row;
+    run.firstCol_ = firstCol;
+    if (row < 0 || row >= rows_ || firstCol < 0) return run;
+    run.count_ = std::max(0, std::min(lastCol, cols_ - 1) - firstCol + 1);
+    if (run.count_ > 0) run.cells_ = cells_.data() + Index(row, firstCol);
+    return run;
 }
 
 std::uint16_t ReportSheet::PaletteIndex(Rgb colour) {

@@ -34,6 +34,13 @@ struct SheetLabel {
 // colours are indices into a small per-sheet palette. Reads outside the sheet give an empty
 // text and colour 0; writes outside the sheet do nothing.
 class ReportSheet {
+    struct Cell {
+        std::uint32_t text = 0;  // 0 empty; high bit set: inline number; else pool index + 1
+        std::uint16_t back = 0;  // palette index, 0 = default
+        std::uint16_t fore = 0;
+    };
+    static_assert(sizeof(Cell) == 8);
+
 public:
     ReportSheet() = default;
     ReportSheet(int rows, int cols) { Resize(rows, cols); }
@@ -51,7 +58,9 @@ public:
     void SetRows(int rows) { Resize(rows, cols_); }
     void SetCols(int cols) { Resize(rows_, cols); }
     bool Contains(int row, int col) const {
-        return row >= 0 && col >= 0 && row < rows_ && col < cols_;
+        // Negative indices wrap to large unsigned ones: one comparison per index.
+        return static_cast<unsigned>(row) < static_cast<unsigned>(rows_) &&
+               static_cast<unsigned>(col) < static_cast<unsigned>(cols_);
     }
 
     // --- text ------------------------------------------------------------------------------
@@ -72,14 +81,7 @@ public:
     bool IsEmpty(int row, int col) const { return Handle(row, col) == 0; }
     // True when the cell's text is exactly `text`.
     bool TextIs(int row, int col, std::string_view text) const {
-        std::uint32_t h = Handle(row, col);
-        if (h == 0) return text.empty();
-        if (h & kNumberTag) {
-            // Most probes of a number cell are markers such as "***": no need to parse them.
-            if (text.empty() || (text[0] != '-' && (text[0] < '0' || text[0] > '9'))) return false;
-            return NumberIs(h, text);
-        }
-        return pool_.View(h) == text;
+        return HandleIs(Handle(row, col), text);
     }
     // True when two cells hold the same text: a number cell and a text cell never do, as a text
     // that is a plain number is always kept as a number.
@@ -90,14 +92,39 @@ public:
     // text.
     double CellValue(int row, int col) const;
     // CellValue as a 16-bit counter: rounded half to even, clamped.
-    short CellNumber(int row, int col) const {
-        std::uint32_t h = Handle(row, col);
-        if (h & kNumberTag) {  // a whole number already: only the clamp applies
-            long v = InlineValue(h);
-            return static_cast<short>(v < -32768 ? -32768 : v > 32767 ? 32767 : v);
+    short CellNumber(int row, int col) const { return HandleNumber(Handle(row, col)); }
+
+    // A run of cells of one row, for passes that walk many cells: the row and the columns are
+    // checked once, when the run is taken, not at every cell. Cell i is column firstCol + i;
+    // columns beyond the sheet are left out, and a row outside it gives an empty run. A run is
+    // valid until the sheet is resized.
+    class RowRun {
+    public:
+        int Count() const { return count_; }
+        bool IsEmpty(int i) const { return cells_[i].text == 0; }
+        // True when the cell holds a number as SetNumber writes it; such a cell is never exactly
+        // a text that does not start with a digit or "-".
+        bool HoldsNumber(int i) const { return (cells_[i].text & kNumberTag) != 0; }
+        bool TextIs(int i, std::string_view text) const {
+            return sheet_->HandleIs(cells_[i].text, text);
         }
-        return RoundedCellValue(row, col);
-    }
+        short CellNumber(int i) const { return sheet_->HandleNumber(cells_[i].text); }
+        void SetNumber(int i, long value) {
+            if (value >= -kNumberBias && value < kNumberBias)
+                cells_[i].text = NumberHandle(value);
+            else
+                sheet_->SetText(row_, firstCol_ + i, std::to_string(value));
+        }
+
+    private:
+        friend class ReportSheet;
+        ReportSheet* sheet_ = nullptr;
+        Cell* cells_ = nullptr;
+        int row_ = 0;
+        int firstCol_ = 0;
+        int count_ = 0;
+    };
+    RowRun Run(int row, int firstCol, int lastCol);
 
     // --- colours ---------------------------------------------------------------------------
     void SetBackColor(int row, int col, Rgb colour);
@@ -160,18 +187,28 @@ private:
     static long InlineValue(std::uint32_t h) {
         return static_cast<long>(h & ~kNumberTag) - kNumberBias;
     }
-    short RoundedCellValue(int row, int col) const;
+    // What TextIs and CellNumber say of a cell's text handle.
+    bool HandleIs(std::uint32_t h, std::string_view text) const {
+        if (h == 0) return text.empty();
+        if (h & kNumberTag) {
+            // Most probes of a number cell are markers such as "***": no need to parse them.
+            if (text.empty() || (text[0] != '-' && (text[0] < '0' || text[0] > '9'))) return false;
+            return NumberIs(h, text);
+        }
+        return pool_.View(h) == text;
+    }
+    short HandleNumber(std::uint32_t h) const {
+        if (h & kNumberTag) {  // a whole number already: only the clamp applies
+            long v = InlineValue(h);
+            return static_cast<short>(v < -32768 ? -32768 : v > 32767 ? 32767 : v);
+        }
+        return RoundedValue(h);
+    }
+    short RoundedValue(std::uint32_t h) const;
     // The handle a cell holding `text` gets: inline for a plain number, interned otherwise.
     std::uint32_t TextHandle(std::string_view text);
     // True when the inline number `h` is written as `text`.
     static bool NumberIs(std::uint32_t h, std::string_view text);
-
-    struct Cell {
-        std::uint32_t text = 0;  // 0 empty; high bit set: inline number; else pool index + 1
-        std::uint16_t back = 0;  // palette index, 0 = default
-        std::uint16_t fore = 0;
-    };
-    static_assert(sizeof(Cell) == 8);
 
     // Zeroed cell memory. Large sheets take fresh pages straight from the system, asking for huge
     // pages, so that a 30 MB sheet is neither cleared by hand nor faulted in 4 KB at a time.

@@ -42,6 +42,7 @@ std::span<const ReportFamily> ReportFamilies() {
         FourModelsReports,
         AdditionMultiplicationReports,
         DigitClassSumReports,
+        NumberEnquiryReports,
     };
     return kFamilies;
 }

@@ -58,6 +58,12 @@ enum class HelpButton {
     Hidden,
 };
 
+// The kind of window that shows a report.
+enum class WindowKind {
+    Report,   // the sheet with Exit, Help and the report's own button under it
+    Enquiry,  // the sheet over a frame in which the user enters tickets to look up
+};
+
 // Everything known of a report beyond its sheet; one row of its family's registry.
 struct ReportDefinition {
     std::string_view object = {};  // the window object, as in the command table
@@ -70,6 +76,7 @@ struct ReportDefinition {
     // nullptr: a double click does nothing.
     ColumnText doubleClickText = nullptr;
     ExtraButton extraButton{};
+    WindowKind window = WindowKind::Report;
 };
 
 // The registered reports of one family, defined beside the family's table of differences.
@@ -142,5 +149,6 @@ std::span<const ReportDefinition> FourModelsReports();
 std::span<const ReportDefinition> AdditionMultiplicationReports();
 // Subsystem 11
 std::span<const ReportDefinition> DigitClassSumReports();
+std::span<const ReportDefinition> NumberEnquiryReports();
 
 }  // namespace numarel

@@ -12,6 +12,8 @@
 #include "frame/frame_passes.h"
 #include "platform/grid_view.h"
 #include "platform/twips.h"
+#include "reports/enquiry_other/number_enquiry.h"
+#include "shell/enquiry_window.h"
 
 namespace numarel {
 namespace {
@@ -148,7 +150,8 @@ Status ReportWindow::Load() {
     }
     grid_->SetSheet(&sheet_);
     if (textBox_) textBox_->raise();
-    resize(TwipsToPixelsX(this, kDesignWidth), TwipsToPixelsY(this, kDesignHeight));
+    const QSize design = DesignSizeTwips();
+    resize(TwipsToPixelsX(this, design.width()), TwipsToPixelsY(this, design.height()));
     LayoutWindow();
     return Status::Ok();
 }
@@ -243,6 +246,14 @@ void ReportWindow::ShowError(const QString& text) {
     ShowWithArrow(session_.platform.messages, this, QStringLiteral("Error:"), text);
 }
 
+ReportWindow* NewReportWindow(const ReportDefinition& definition, const CommandEntry* command,
+                              Session& session) {
+    if (definition.window == WindowKind::Enquiry)
+        if (const NumberEnquiry* enquiry = FindNumberEnquiry(definition.object))
+            return new EnquiryWindow(definition, *enquiry, command, session);
+    return new ReportWindow(definition, command, session);
+}
+
 // --- ReportWindows ----------------------------------------------------------------------------
 
 ReportWindow* ReportWindows::Find(std::string_view object) const {
@@ -268,7 +279,7 @@ ReportWindow* ReportWindows::Open(std::string_view object, QWidget* messageParen
                       ToQString(s.message()));
         return nullptr;
     }
-    auto* window = new ReportWindow(*definition, FindCommand(object), session_);
+    ReportWindow* window = NewReportWindow(*definition, FindCommand(object), session_);
     Status s = window->Load();
     if (!s.ok()) {
         delete window;

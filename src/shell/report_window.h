@@ -60,9 +60,12 @@ public:
 
     // Places the sheet, the buttons and the labels for the window's size. A window too small for
     // the margins keeps its old layout.
-    void LayoutWindow();
+    virtual void LayoutWindow();
 
 protected:
+    // The client size the window opens at, in twips, before it is maximised.
+    virtual QSize DesignSizeTwips() const { return {kDesignWidth, kDesignHeight}; }
+    Session& WindowSession() const { return session_; }
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -87,6 +90,10 @@ private:
     QPlainTextEdit* textBox_ = nullptr;
     std::vector<QLabel*> labels_;
 };
+
+// A new window for `definition`, of the kind the report asks for; not loaded yet.
+ReportWindow* NewReportWindow(const ReportDefinition& definition, const CommandEntry* command,
+                              Session& session);
 
 // Reads the drawings of `drawingsPath` and builds `definition` into `sheet`.
 Status LoadReport(const ReportDefinition& definition, const std::filesystem::path& drawingsPath,

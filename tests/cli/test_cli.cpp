@@ -10,6 +10,7 @@
 #include "data/drawings_file.h"
 #include "data/lottery_catalog.h"
 #include "reports/command_table.h"
+#include "reports/enquiry_other/number_enquiry.h"
 #include "reports/report_registry.h"
 #include "support/test_support.h"
 
@@ -170,6 +171,51 @@ TEST(Cli, ErrorsSayOneLineExitNonZeroAndWriteNothing) {
     }
 }
 
+TEST(Cli, EnquireReadsItsTextsAsTheTextBoxDoes) {
+    TempDir dir;
+    auto data = dir.Write("small.txt", "2020001 4 5 6\r\n2020002 3 2 1\r\n");
+    // The texts make the tickets 123, 456 and 789 whatever their grouping.
+    CliRun run = RunCliWith(
+        {"enquire", "box", "12", "3,456", "7 89", "--data", data.string(), "--format", "json"},
+        dir.path());
+    ASSERT_EQ(run.code, 0) << run.err;
+    auto doc = nlohmann::json::parse(run.out);
+    EXPECT_EQ(doc["report"], "frmzuxuanhaocx");
+    EXPECT_EQ(doc["title"], "Box Number Enquire");
+    EXPECT_EQ(doc["rows"], 2 + 6);
+    EXPECT_EQ(doc["cols"], 5 + 3 + 1);
+    auto cells = doc["cells"];
+    for (nlohmann::json cell : {
+             nlohmann::json{0, 5, "123", nullptr, nullptr},
+             nlohmann::json{0, 8, "Gather", nullptr, nullptr},
+             nlohmann::json{1, 4, "456", nullptr, nullptr},  // the sorted drawing
+             nlohmann::json{1, 6, "***", nullptr, nullptr},
+             nlohmann::json{2, 5, "***", nullptr, nullptr},
+             nlohmann::json{2, 7, "2", nullptr, nullptr},
+             nlohmann::json{4, 8, "2", "#e7e1ef", "#0000ff"},  // Amount of Gather
+         })
+        EXPECT_NE(std::find(cells.begin(), cells.end(), cell), cells.end()) << cell;
+
+    auto out = dir.path() / "never.csv";
+    const struct {
+        std::vector<std::string> args;
+        const char* says;
+    } refused[] = {
+        {{"enquire", "straight"}, "You did not enter the Straight Number!"},
+        {{"enquire", "box", std::string(71 * 3, '1')},
+         "The Box Number you want to enquire cannot be more than 70 Tickets!"},
+    };
+    for (auto c : refused) {
+        for (const std::string& a :
+             {std::string("--data"), data.string(), std::string("--output"), out.string()})
+            c.args.push_back(a);
+        CliRun r = RunCliWith(c.args, dir.path());
+        EXPECT_NE(r.code, 0);
+        EXPECT_EQ(r.err, std::string("numarel-cli: ") + c.says + "\n");
+        EXPECT_FALSE(std::filesystem::exists(out));
+    }
+}
+
 TEST(Cli, ListShowsTheWholeCommandTable) {
     TempDir dir;
     CliRun run = RunCliWith({"list"}, dir.path());
@@ -223,6 +269,8 @@ TEST(Robustness, RandomBytesNeverCrashTheReaderOrAReport) {
                 for (int c = 0; c < sheet.Cols(); ++c)
                     def->doubleClickText(sheet, c);
             if (def->extraButton.text) def->extraButton.text(sheet);
+            if (const NumberEnquiry* enquiry = FindNumberEnquiry(e.report))
+                Enquire(*enquiry, "123 007", sheet);
         }
     }
 }

@@ -57,6 +57,27 @@ TEST(ReportSheet, WritesOutsideTheSheetAreIgnoredAndReadsAreEmpty) {
             EXPECT_TRUE(sheet.IsEmpty(r, c));
 }
 
+// A run of a row reads and writes as the cell calls do, and is cut to the sheet.
+TEST(ReportSheet, RowRunsAgreeWithCellCallsAndStayInTheSheet) {
+    ReportSheet sheet(3, 5);
+    sheet.SetText(1, 1, "***");
+    sheet.SetText(1, 2, " 12.5x");
+    sheet.SetNumber(1, 3, 7);
+    ReportSheet::RowRun run = sheet.Run(1, 1, 9);
+    ASSERT_EQ(run.Count(), 4);  // columns 1 to 4
+    for (int i = 0; i < run.Count(); ++i) {
+        EXPECT_EQ(run.IsEmpty(i), sheet.IsEmpty(1, 1 + i)) << i;
+        EXPECT_EQ(run.CellNumber(i), sheet.CellNumber(1, 1 + i)) << i;
+        EXPECT_EQ(run.TextIs(i, "***"), sheet.TextIs(1, 1 + i, "***")) << i;
+        EXPECT_EQ(run.HoldsNumber(i), i == 2) << i;
+    }
+    run.SetNumber(3, 2000000000);  // too large to keep as a number: kept as its text
+    EXPECT_EQ(sheet.Text(1, 4), "2000000000");
+    EXPECT_EQ(sheet.Run(3, 0, 4).Count(), 0);
+    EXPECT_EQ(sheet.Run(-1, 0, 4).Count(), 0);
+    EXPECT_EQ(sheet.Run(0, 5, 9).Count(), 0);
+}
+
 TEST(ReportSheet, OneTextIntoSeveralCellsOfARow) {
     ReportSheet sheet(2, 4);
     const int cols[] = {-1, 1, 3, 4};

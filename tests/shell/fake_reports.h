@@ -19,6 +19,7 @@ namespace numarel::testing {
 //   frmbaishi32zu   an export button writing Numarel/daochu320.txt; has a help page; Wait
 //   frmzusan90      an inert Help button
 //   frmbjiouhe      the real report
+//   frmzhixuanhaocx and frmzuxuanhaocx, the real enquiry windows
 // Everything else is "not built".
 struct FakeReports {
     static inline int builds = 0;
@@ -104,7 +105,8 @@ struct FakeReports {
         };
         for (const ReportDefinition& def : kReports)
             if (def.object == object) return &def;
-        if (object == "frmbjiouhe") return FindReport(object);
+        if (object == "frmbjiouhe" || object == "frmzhixuanhaocx" || object == "frmzuxuanhaocx")
+            return FindReport(object);
         return nullptr;
     }
 };

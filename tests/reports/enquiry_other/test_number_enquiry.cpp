@@ -1,0 +1,213 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "reports/enquiry_other/number_enquiry.h"
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::Build;
+using testing::Drawings;
+using testing::RowTexts;
+using Texts = std::vector<std::string>;
+
+constexpr const char* kStraight = "frmzhixuanhaocx";
+constexpr const char* kBox = "frmzuxuanhaocx";
+constexpr int kKeyCol = 4;
+constexpr int kFirstTicketCol = 5;
+
+const NumberEnquiry& EnquiryOf(const char* object) {
+    const NumberEnquiry* enquiry = FindNumberEnquiry(object);
+    EXPECT_NE(enquiry, nullptr) << object;
+    return *enquiry;
+}
+
+// Everything a user can see of a sheet, for comparing whole sheets.
+Texts Snapshot(const ReportSheet& sheet) {
+    Texts out{std::to_string(sheet.Rows()) + "x" + std::to_string(sheet.Cols()) + " top " +
+              std::to_string(sheet.TopRow()) + " title " + sheet.Title()};
+    for (int c = 0; c < sheet.Cols(); ++c)
+        out.push_back("width " + std::to_string(sheet.ColWidth(c)));
+    for (int r = 0; r < sheet.Rows(); ++r)
+        for (int c = 0; c < sheet.Cols(); ++c)
+            out.push_back(sheet.Text(r, c) + "|" + std::to_string(sheet.BackColor(r, c)) + "|" +
+                          std::to_string(sheet.ForeColor(r, c)));
+    return out;
+}
+
+// `count` tickets 100, 101, ... as one text.
+std::string Tickets(int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i)
+        text += std::to_string(100 + i % 900) + "\r\n";
+    return text;
+}
+
+TEST(NumberEnquiry, OpensOnTheHistoryWithEachDrawingsKey) {
+    const struct {
+        const char* object;
+        const char* title;
+        Texts keys;  // of the drawings 3 1 2, 0 0 7, 7 0 0
+    } cases[] = {
+        {kStraight, "Straight Number Enquire", {"312", "007", "700"}},
+        {kBox, "Box Number Enquire", {"123", "007", "007"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.object);
+        auto sheet = Build(c.object, Drawings({"312", "007", "700"}));
+        EXPECT_EQ(sheet.Title(), c.title);
+        EXPECT_EQ(sheet.Rows(), 5);
+        ASSERT_EQ(sheet.Cols(), 5);
+        EXPECT_EQ(RowTexts(sheet, 0, 0, 4), (Texts{"", "H", "T", "U", ""}));
+        const int widths[] = {1218, 300, 300, 300, 600};
+        for (int col = 0; col < 5; ++col)
+            EXPECT_EQ(sheet.ColWidth(col), widths[col]) << col;
+        // The digits stay in drawn order beside the key.
+        EXPECT_EQ(RowTexts(sheet, 1, 0, kKeyCol),
+                  (Texts{" 2020001:312", "3", "1", "2", c.keys[0]}));
+        EXPECT_EQ(sheet.Text(2, kKeyCol), c.keys[1]);
+        EXPECT_EQ(sheet.Text(3, kKeyCol), c.keys[2]);
+        EXPECT_EQ(RowTexts(sheet, 4, 0, 4), Texts(5));
+        EXPECT_EQ(sheet.CurrentRow(), 4);
+        EXPECT_EQ(sheet.TopRow(), 4);
+    }
+}
+
+TEST(NumberEnquiry, OnlyTheDigitsOfTheTextCount) {
+    EXPECT_EQ(TicketDigits("123,456"), "123456");
+    for (const char* text : {"123,456", "123 456", "12 3456", "123456", "1\r\n2x3-45.6\t"}) {
+        SCOPED_TRACE(text);
+        auto sheet = Build(kStraight, Drawings({"456"}));
+        ASSERT_EQ(Enquire(EnquiryOf(kStraight), text, sheet), std::nullopt);
+        ASSERT_EQ(sheet.Cols(), 8);
+        EXPECT_EQ(RowTexts(sheet, 0, kFirstTicketCol, 7), (Texts{"123", "456", "Gather"}));
+        EXPECT_EQ(RowTexts(sheet, 1, kFirstTicketCol, 7), (Texts{"1", "***", "***"}));
+    }
+}
+
+// Each case on the drawings 3 1 2, 0 0 7, 1 2 3, 7 0 0, 1 2 3: per column the five drawings, then
+// Amount, Max Miss, Current Miss and Average. Max Miss stops at the fourth drawing.
+TEST(NumberEnquiry, TicketsHitWhereTheirNumberEqualsTheKey) {
+    const struct {
+        const char* object;
+        const char* text;
+        std::vector<Texts> columns;  // the tickets, then Gather
+    } cases[] = {
+        // A Straight ticket hits in its exact order only; 007 is the number 7 on both sides.
+        {kStraight,
+         "123007321",
+         {
+             {"1", "2", "***", "1", "***", "2", "2", "0", "2"},
+             {"1", "***", "1", "2", "3", "1", "2", "3", "5"},
+             {"1", "2", "3", "4", "5", "0", "4", "5", ""},
+             {"1", "***", "***", "1", "***", "3", "1", "0", "1"},
+         }},
+        // A Box ticket is compared with the sorted drawing as typed: 321 and 700 never hit. A row
+        // counts once in Gather however many tickets hit it.
+        {kBox,
+         "123 321 007 700",
+         {
+             {"***", "1", "***", "1", "***", "3", "1", "0", "1"},
+             {"1", "2", "3", "4", "5", "0", "4", "5", ""},
+             {"1", "***", "1", "***", "1", "2", "1", "1", "2"},
+             {"1", "2", "3", "4", "5", "0", "4", "5", ""},
+             {"***", "***", "***", "***", "***", "5", "0", "0", "1"},
+         }},
+        // Two equal tickets give two equal columns.
+        {kStraight,
+         "700700",
+         {
+             {"1", "2", "3", "***", "1", "1", "3", "1", "5"},
+             {"1", "2", "3", "***", "1", "1", "3", "1", "5"},
+             {"1", "2", "3", "***", "1", "1", "3", "1", "5"},
+         }},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.object) + " " + c.text);
+        auto sheet = Build(c.object, Drawings({"312", "007", "123", "700", "123"}));
+        ASSERT_EQ(Enquire(EnquiryOf(c.object), c.text, sheet), std::nullopt);
+        const int gatherCol = kFirstTicketCol + static_cast<int>(c.columns.size()) - 1;
+        ASSERT_EQ(sheet.Cols(), gatherCol + 1);
+        ASSERT_EQ(sheet.Rows(), 11);
+        EXPECT_EQ(sheet.Text(0, gatherCol), "Gather");
+        EXPECT_EQ(sheet.ColWidth(gatherCol), 620);
+        EXPECT_EQ(sheet.ColWidth(kFirstTicketCol), 372);
+        EXPECT_EQ(sheet.ColWidth(gatherCol - 1), 372);
+        for (std::size_t i = 0; i < c.columns.size(); ++i) {
+            const int col = kFirstTicketCol + static_cast<int>(i);
+            Texts got;
+            for (int r : {1, 2, 3, 4, 5, 7, 8, 9, 10})
+                got.push_back(sheet.Text(r, col));
+            EXPECT_EQ(got, c.columns[i]) << "column " << col;
+        }
+        EXPECT_EQ(RowTexts(sheet, 7, 0, 0), Texts{"Amount"});
+        EXPECT_EQ(sheet.BackColor(10, gatherCol), MakeRgb(231, 225, 239));
+        EXPECT_EQ(sheet.ForeColor(7, 1), MakeRgb(0, 0, 255));
+    }
+}
+
+TEST(NumberEnquiry, ATextThatCannotBeEnquiredIsRefusedAndLeavesTheSheet) {
+    const std::string errors =
+        "There are errors in the input.Please check the input and try again!";
+    const struct {
+        const char* object;
+        std::string text;
+        std::string says;  // empty: enquired
+    } cases[] = {
+        {kStraight, "", "You did not enter the Straight Number!"},
+        {kStraight, " ,;-\r\nabc", "You did not enter the Straight Number!"},
+        {kBox, "", "You did not enter the Box Number!"},
+        {kStraight, "1234", errors},
+        {kBox, "12", errors},
+        // Too many digits for the limit but not in threes: the input is wrong first.
+        {kStraight, Tickets(400) + "1", errors},
+        {kStraight, Tickets(400), ""},
+        {kStraight, Tickets(401),
+         "The Straight Number you want to enquire cannot be more than 400 Tickets.!"},
+        {kBox, Tickets(70), ""},
+        {kBox, Tickets(71), "The Box Number you want to enquire cannot be more than 70 Tickets!"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.object) + " " + c.says);
+        // Before any enquiry and after one.
+        for (bool enquiredBefore : {false, true}) {
+            auto sheet = Build(c.object, Drawings({"123", "100"}));
+            if (enquiredBefore) {
+                ASSERT_EQ(Enquire(EnquiryOf(c.object), "100", sheet), std::nullopt);
+            }
+            const Texts before = Snapshot(sheet);
+            auto said = Enquire(EnquiryOf(c.object), c.text, sheet);
+            if (c.says.empty()) {
+                EXPECT_EQ(said, std::nullopt);
+                const int tickets = static_cast<int>(TicketDigits(c.text).size() / 3);
+                EXPECT_EQ(sheet.Cols(), kFirstTicketCol + tickets + 1);
+                EXPECT_EQ(sheet.Text(1, kFirstTicketCol + 23), "***");  // the ticket 123
+                EXPECT_EQ(sheet.Text(0, kFirstTicketCol + tickets), "Gather");
+            } else {
+                EXPECT_EQ(said, c.says);
+                EXPECT_EQ(Snapshot(sheet), before);
+            }
+        }
+    }
+}
+
+TEST(NumberEnquiry, ASecondEnquiryReplacesTheFirstWhole) {
+    const auto drawings = Drawings({"123", "456", "123"});
+    for (const char* object : {kStraight, kBox}) {
+        SCOPED_TRACE(object);
+        auto fresh = Build(object, drawings);
+        ASSERT_EQ(Enquire(EnquiryOf(object), "456", fresh), std::nullopt);
+
+        auto again = Build(object, drawings);
+        ASSERT_EQ(Enquire(EnquiryOf(object), "123 456 789 000 111", again), std::nullopt);
+        ASSERT_EQ(Enquire(EnquiryOf(object), "456", again), std::nullopt);
+        EXPECT_EQ(Snapshot(again), Snapshot(fresh));
+        EXPECT_EQ(RowTexts(again, 0, kFirstTicketCol, again.Cols() - 1), (Texts{"456", "Gather"}));
+    }
+}
+
+}  // namespace
+}  // namespace numarel

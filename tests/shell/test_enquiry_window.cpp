@@ -1,0 +1,186 @@
+#include <QClipboard>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include "platform/grid_view.h"
+#include "shell/enquiry_window.h"
+#include "shell/shell_fixture.h"
+
+namespace numarel {
+namespace {
+
+constexpr const char* kStraight = "frmzhixuanhaocx";
+constexpr const char* kBox = "frmzuxuanhaocx";
+constexpr int kFirstTicketCol = 5;
+
+// The history of the fixture: 1 1 3, 4 5 6, 7 7 9.
+class EnquiryWindowTest : public testing::ShellTest {
+protected:
+    EnquiryWindow* Open(const char* object) {
+        auto* window = qobject_cast<EnquiryWindow*>(reports->Open(object, nullptr));
+        if (window) QCoreApplication::processEvents();
+        return window;
+    }
+    static void Type(QWidget* widget, const QString& text) {
+        for (QChar ch : text) {
+            const int key = ch == QLatin1Char('\n') ? int(Qt::Key_Return) : int(ch.unicode());
+            const QString typed = ch == QLatin1Char('\n') ? QStringLiteral("\r") : QString(ch);
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, typed);
+            QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, typed);
+            QApplication::sendEvent(widget, &press);
+            QApplication::sendEvent(widget, &release);
+        }
+    }
+    static void EnquireWith(EnquiryWindow* w, const QString& text) {
+        w->TicketBox()->setPlainText(text);
+        w->EnquireButton()->click();
+    }
+};
+
+TEST_F(EnquiryWindowTest, OpensOnTheHistoryWithTheTicketFrameUnderTheSheet) {
+    const struct {
+        const char* object;
+        const char* title;
+        const char* label;
+    } cases[] = {
+        {kStraight, "Straight Number Enquire",
+         "Please enter the Straight Number you want to enquire.(You can paste.)"},
+        {kBox, "Box Number Enquire",
+         "Please enter the Box Number you want to enquire.(You can paste.)"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.object);
+        EnquiryWindow* w = Open(c.object);
+        ASSERT_NE(w, nullptr);
+        EXPECT_TRUE(w->isMaximized());
+        EXPECT_EQ(w->windowTitle(), c.title);
+        EXPECT_EQ(w->Frame()->title(), c.label);
+        EXPECT_EQ(w->Grid()->Model().columnCount(), 4);  // the history only
+        EXPECT_EQ(w->Sheet().DrawCount(), 3);
+
+        EXPECT_FALSE(w->TicketBox()->isReadOnly());
+        EXPECT_EQ(w->TicketBox()->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
+        EXPECT_DOUBLE_EQ(w->TicketBox()->font().pointSizeF(), 7.5);
+        // Enquire, Help and Exit stand in the frame, in that order down its right side.
+        QPushButton* buttons[] = {w->EnquireButton(), w->HelpButton(), w->ExitButton()};
+        const char* captions[] = {"Enquire", "Help", "Exit"};
+        for (int i = 0; i < 3; ++i) {
+            ASSERT_NE(buttons[i], nullptr) << captions[i];
+            EXPECT_EQ(buttons[i]->text(), captions[i]);
+            EXPECT_EQ(buttons[i]->parentWidget(), w->Frame());
+            EXPECT_TRUE(buttons[i]->isVisible());
+            EXPECT_GT(buttons[i]->x(), w->TicketBox()->geometry().right());
+            if (i > 0) {
+                EXPECT_GT(buttons[i]->y(), buttons[i - 1]->geometry().bottom());
+            }
+        }
+    }
+}
+
+TEST_F(EnquiryWindowTest, TypedAndPastedTicketsAreEnquiredAndASmallerEnquiryReplacesThem) {
+    EnquiryWindow* w = Open(kStraight);
+    ASSERT_NE(w, nullptr);
+    w->TicketBox()->setFocus();
+    Type(w->TicketBox(), QStringLiteral("456,\n"));
+    QApplication::clipboard()->setText(QStringLiteral("1 13\r\n977"));
+    w->TicketBox()->paste();
+    ASSERT_EQ(w->TicketBox()->toPlainText(), "456,\n1 13\n977");
+    w->EnquireButton()->click();
+
+    EXPECT_TRUE(scripted.shown.empty());
+    EXPECT_EQ(w->windowTitle(), "Straight Number Enquire");
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    const ReportSheet& sheet = w->Sheet();
+    ASSERT_EQ(sheet.Cols(), kFirstTicketCol + 3 + 1);
+    EXPECT_EQ(sheet.Text(2, kFirstTicketCol), "***");      // 456
+    EXPECT_EQ(sheet.Text(1, kFirstTicketCol + 1), "***");  // 113
+    EXPECT_EQ(sheet.Text(3, kFirstTicketCol + 2), "3");    // 977 never drawn
+    // The grid shows the new columns at their widths, and the statistic rows.
+    SheetModel& model = w->Grid()->Model();
+    EXPECT_EQ(model.columnCount(), sheet.Cols() - 1);
+    EXPECT_EQ(model.rowCount(), sheet.Rows() - 1);
+    EXPECT_EQ(model.headerData(kFirstTicketCol + 3 - 1, Qt::Horizontal).toString(), "Gather");
+    EXPECT_EQ(model.headerData(sheet.Rows() - 2, Qt::Vertical).toString(), "Average");
+    EXPECT_GT(w->Grid()->ColumnPixels(kFirstTicketCol + 3),
+              w->Grid()->ColumnPixels(kFirstTicketCol));
+
+    EnquireWith(w, QStringLiteral("779"));
+    ASSERT_EQ(sheet.Cols(), kFirstTicketCol + 2);
+    EXPECT_EQ(model.columnCount(), kFirstTicketCol + 1);
+    EXPECT_EQ(model.headerData(kFirstTicketCol - 1, Qt::Horizontal).toString(), "779");
+    EXPECT_EQ(model.IndexOf(3, kFirstTicketCol).data().toString(), "***");
+}
+
+TEST_F(EnquiryWindowTest, ARefusalIsShownAsInformationAndLeavesTheSheet) {
+    const struct {
+        const char* object;
+        QString text;
+        const char* says;
+    } cases[] = {
+        {kStraight, " \n", "You did not enter the Straight Number!"},
+        {kBox, QString(71 * 3, QLatin1Char('7')),
+         "The Box Number you want to enquire cannot be more than 70 Tickets!"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.says);
+        EnquiryWindow* w = Open(c.object);
+        ASSERT_NE(w, nullptr);
+        EnquireWith(w, QStringLiteral("113 456"));
+        ASSERT_EQ(w->Sheet().Cols(), kFirstTicketCol + 3);
+        const QString title = w->windowTitle();
+        QString titleWhileShown;
+        scripted.shown.clear();
+        scripted.onShown = [&] { titleWhileShown = w->windowTitle(); };
+
+        EnquireWith(w, c.text);
+        ASSERT_EQ(scripted.shown.size(), 1u);
+        EXPECT_EQ(scripted.shown[0].title, "Information");
+        EXPECT_EQ(scripted.shown[0].text, c.says);
+        EXPECT_EQ(titleWhileShown, title);  // refused before "Please wait......"
+        EXPECT_EQ(w->Sheet().Cols(), kFirstTicketCol + 3);
+        EXPECT_EQ(w->Sheet().Text(0, kFirstTicketCol + 1), "456");
+        EXPECT_EQ(w->Sheet().Text(2, kFirstTicketCol + 1), "***");
+        EXPECT_EQ(w->Grid()->Model().columnCount(), kFirstTicketCol + 2);
+        scripted.onShown = nullptr;
+        w->ExitButton()->click();
+        testing::Drain();
+    }
+}
+
+TEST_F(EnquiryWindowTest, TheSheetTakesWhatTheWindowGainsAndTheFrameKeepsItsHeight) {
+    EnquiryWindow* w = Open(kBox);
+    ASSERT_NE(w, nullptr);
+    w->showNormal();
+    w->resize(900, 600);
+    QCoreApplication::processEvents();
+    const QRect sheet = w->Grid()->geometry();
+    const QRect frame = w->Frame()->geometry();
+    EXPECT_EQ(sheet.topLeft(), QPoint(0, 0));
+    EXPECT_EQ(frame.left(), 0);
+    EXPECT_LE(std::abs(frame.top() - sheet.bottom() - 1), 1);  // 10 twips under the sheet
+    EXPECT_LE(std::abs(frame.width() - sheet.width()), 1);     // 10 twips narrower
+    EXPECT_LE(frame.bottom(), w->height());
+    EXPECT_TRUE(QRect(QPoint(0, 0), frame.size()).contains(w->TicketBox()->geometry()));
+    EXPECT_TRUE(QRect(QPoint(0, 0), frame.size()).contains(w->ExitButton()->geometry()));
+    const int boxWidth = w->TicketBox()->width();
+
+    // 100 pixels wider and 200 higher: the sheet and the text box grow, the frame moves down.
+    w->resize(1000, 800);
+    QCoreApplication::processEvents();
+    EXPECT_NEAR(w->Grid()->height(), sheet.height() + 200, 1);
+    EXPECT_NEAR(w->Grid()->width(), sheet.width() + 100, 1);
+    EXPECT_NEAR(w->Frame()->y(), frame.y() + 200, 1);
+    EXPECT_EQ(w->Frame()->height(), frame.height());
+    EXPECT_NEAR(w->TicketBox()->width(), boxWidth + 100, 1);
+
+    // Too small for the margins: the layout stays as it was.
+    const QRect before = w->Grid()->geometry();
+    w->resize(60, 60);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(w->Grid()->geometry(), before);
+}
+
+}  // namespace
+}  // namespace numarel
