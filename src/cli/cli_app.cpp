@@ -1,11 +1,12 @@
 #include "cli/cli_app.h"
 
 #include <CLI/CLI.hpp>
-#include <fstream>
+#include <cerrno>
 #include <ostream>
 #include <sstream>
 
 #include "cli/sheet_format.h"
+#include "data/file_io.h"
 #include "data/lottery_catalog.h"
 #include "reports/report_registry.h"
 #include "shell/command_table.h"
@@ -13,24 +14,53 @@
 namespace numarel {
 namespace {
 
-// Where a command's result goes: standard output, or a file written only when all went well.
+// Why standard output failed, from the error the system left.
+std::string StandardOutputFailure(int error) {
+    return "numarel-cli: cannot write to standard output: " +
+           (error ? FileErrorReason(error) : std::string("the output was refused")) + ".";
+}
+
+// Where a command's result goes: standard output, or a file written safely and only when all
+// went well. A failed write is one line on standard error and a non-zero exit.
 struct Destination {
     std::string outputFile;
 
     int Deliver(const std::string& text, std::ostream& out, std::ostream& err) const {
         if (outputFile.empty()) {
+            errno = 0;
             out << text;
-            return 0;
+            out.flush();
+            if (out) return 0;
+            err << StandardOutputFailure(errno) << '\n';
+            return 1;
         }
-        std::ofstream file(outputFile, std::ios::binary | std::ios::trunc);
-        if (file) file << text;
-        if (!file) {
-            err << "numarel-cli: cannot write \"" << outputFile << "\"\n";
+        Status s = WriteFileSafely(outputFile, text);
+        if (!s.ok()) {
+            err << "numarel-cli: " << s.message() << '\n';
             return 1;
         }
         return 0;
     }
 };
+
+// --output must never name a file the command reads or the selection: refused before any work.
+bool OutputIsSafe(const std::string& output, const std::string& data, const ProgramFolder& folder,
+                  std::ostream& err) {
+    if (output.empty()) return true;
+    std::filesystem::path current = ResolveCurrentLottery(folder).drawingsPath;
+    const std::pair<std::filesystem::path, std::string_view> kept[] = {
+        {data, "the drawings file given by --data"},
+        {current, "the drawings file of the current lottery"},
+        {folder.SelectionFile(), "the selection file"},
+    };
+    for (const auto& [path, what] : kept) {
+        if (!SameFile(output, path)) continue;
+        err << "numarel-cli: --output \"" << output << "\" is " << what
+            << "; it is never written over. Choose another file.\n";
+        return false;
+    }
+    return true;
+}
 
 std::string ListCommands() {
     std::ostringstream os;
@@ -55,9 +85,14 @@ bool ResolveDataFile(const std::string& data, const ProgramFolder& folder,
         path = data;
         return true;
     }
+    // Only the desktop program changes the selection; here a selection that cannot be used is an
+    // error.
     CurrentLottery current = ResolveCurrentLottery(folder);
-    if (!current.notice.empty()) err << "numarel-cli: " << current.notice << '\n';
-    if (current.drawingsPath.empty()) return false;
+    if (!current.problem.empty()) {
+        err << "numarel-cli: " << current.problem
+            << "; give a drawings file with --data or select a lottery in the desktop program.\n";
+        return false;
+    }
     path = current.drawingsPath;
     return true;
 }
@@ -75,10 +110,8 @@ bool BuildSheet(const std::string& object, const std::string& data, const Progra
     return true;
 }
 
-}  // namespace
-
-int RunCli(int argc, const char* const* argv, const std::filesystem::path& programFolder,
-           std::ostream& out, std::ostream& err) {
+int RunCommand(int argc, const char* const* argv, const std::filesystem::path& programFolder,
+               std::ostream& out, std::ostream& err) {
     CLI::App app{"Numarel reports without a window.", "numarel-cli"};
     app.require_subcommand(1);
     ProgramFolder folder{programFolder};
@@ -121,20 +154,17 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        out << app.help();
-        return 0;
+        return Destination{}.Deliver(app.help(), out, err);
     } catch (const CLI::CallForAllHelp&) {
-        out << app.help("", CLI::AppFormatMode::All);
-        return 0;
+        return Destination{}.Deliver(app.help("", CLI::AppFormatMode::All), out, err);
     } catch (const CLI::ParseError& e) {
         err << "numarel-cli: " << e.what() << '\n';
         return 2;
     }
 
-    if (*list) {
-        out << ListCommands();
-        return 0;
-    }
+    if (!OutputIsSafe(output, data, folder, err)) return 1;
+
+    if (*list) return Destination{}.Deliver(ListCommands(), out, err);
 
     if (*report) {
         std::filesystem::path path;
@@ -198,6 +228,22 @@ int RunCli(int argc, const char* const* argv, const std::filesystem::path& progr
         return Destination{output}.Deliver(def->extraButton.text(sheet), out, err);
     }
     return 2;
+}
+
+}  // namespace
+
+int RunCli(int argc, const char* const* argv, const std::filesystem::path& programFolder,
+           std::ostream& out, std::ostream& err) {
+    int code = RunCommand(argc, argv, programFolder, out, err);
+    // Whatever went to standard output must have arrived: a full disk or a closed pipe is a
+    // failure even for a command that had nothing else to report.
+    errno = 0;
+    out.flush();
+    if (!out && code == 0) {
+        err << StandardOutputFailure(errno) << '\n';
+        return 1;
+    }
+    return code;
 }
 
 }  // namespace numarel
