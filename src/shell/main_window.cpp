@@ -41,6 +41,11 @@ MainWindow::MainWindow(Session& session, ReportWindows& reports)
     CurrentLottery current = ResolveCurrentLottery(session_.folder);
     session_.drawingsPath = current.drawingsPath;
     startNotice_ = current.notice;
+    // The lottery chosen in place of the selection is kept, so that the next start is quiet.
+    if (current.fallback) {
+        Status kept = WriteSelection(session_.folder.SelectionFile(), current.fileName);
+        if (!kept.ok()) startNotice_ += "\n" + kept.message();
+    }
 
     lotteryLabel_ = new QLabel(this);
     lotteryLabel_->setObjectName(QStringLiteral("Label2"));
@@ -172,8 +177,7 @@ void MainWindow::showEvent(QShowEvent* event) {
 
 void MainWindow::SetLotteryLabel(const std::string& label) {
     session_.lotteryLabel = label;
-    lotteryLabel_->setText(ToQString(label));
-    lotteryLabel_->adjustSize();
+    SetPlainText(lotteryLabel_, ToQString(label));
 }
 
 void MainWindow::OpenReport(const CommandEntry& entry) {

@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
+#include <QTimer>
+#include <QValidator>
 
 #include "platform/sheet_model.h"
 #include "platform/twips.h"
@@ -31,6 +33,19 @@ public:
     ~WaitCursor() { QApplication::restoreOverrideCursor(); }
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+// The cell box holds one line: line breaks and other control characters, typed or pasted,
+// become blanks, and a text longer than a cell takes is refused whole rather than cut.
+class CellBoxValidator final : public QValidator {
+public:
+    using QValidator::QValidator;
+    State validate(QString& input, int& /*pos*/) const override {
+        if (input.size() > DrawingsTable::kMaxCellText) return Invalid;
+        for (QChar& c : input)
+            if (c.category() == QChar::Other_Control) c = QLatin1Char(' ');
+        return Acceptable;
+    }
 };
 
 }  // namespace
@@ -147,6 +162,11 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
     cellBox_->setPalette(boxPalette);
     cellBox_->hide();
     cellBox_->installEventFilter(this);
+    cellBox_->setValidator(new CellBoxValidator(cellBox_));
+    // One character more than a cell takes, so that a longer paste reaches the validator and is
+    // refused with a message instead of being cut to fit.
+    cellBox_->setMaxLength(DrawingsTable::kMaxCellText + 1);
+    connect(cellBox_, &QLineEdit::inputRejected, this, &DrawingsEditor::RefuseLongText);
 
     connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current, const QModelIndex& previous) {
@@ -187,9 +207,9 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
     connect(AddButton("Command10", "Exit", kButtonLeft, 6240), &QPushButton::clicked, this,
             &DrawingsEditor::AskAndExit);
 
-    lotteryLabel_ = new QLabel(ToQString(session_.lotteryLabel), this);
+    lotteryLabel_ = new QLabel(this);
     lotteryLabel_->setObjectName(QStringLiteral("Label6"));
-    lotteryLabel_->adjustSize();
+    SetPlainText(lotteryLabel_, ToQString(session_.lotteryLabel));
     lotteryLabel_->move(TwipsToPixelsX(this, 1080), TwipsToPixelsY(this, 3720));
 
     auto* downloadHint = new QLabel(
@@ -390,6 +410,20 @@ void DrawingsEditor::AskAndExit() {
                            "want to quit?"),
             MessageIcon::Question))
         accept();
+}
+
+void DrawingsEditor::RefuseLongText() {
+    // Said once for a paste however often the box rejects it, after the box is done with it.
+    if (refusalPending_) return;
+    refusalPending_ = true;
+    QTimer::singleShot(0, this, [this] {
+        refusalPending_ = false;
+        session_.platform.messages.Show(this, QString::fromLatin1(kFriendshipTip),
+                                        QStringLiteral("A cell takes at most %1 characters; the "
+                                                       "text was not taken.")
+                                            .arg(DrawingsTable::kMaxCellText),
+                                        MessageIcon::Warning);
+    });
 }
 
 void DrawingsEditor::ShowError(const Status& status) {

@@ -83,6 +83,8 @@ private:
     // Puts what was typed into the box into its cell, as leaving the cell would.
     void CommitCellBox();
     void ShowError(const Status& status);
+    // Tells the user that the cell box refused a text longer than a cell takes.
+    void RefuseLongText();
 
     Session& session_;
     DrawingsTableModel model_;
@@ -90,6 +92,7 @@ private:
     QLineEdit* cellBox_;
     QLabel* lotteryLabel_;
     Status loadStatus_;
+    bool refusalPending_ = false;
 };
 
 }  // namespace numarel
