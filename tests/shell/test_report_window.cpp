@@ -51,7 +51,7 @@ TEST_F(ReportWindowTest, AfterExitTheNextOpeningReadsTheFileAgain) {
 TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
     struct Case {
         const char* object;
-        std::string bytes;  // empty: no file at all
+        std::string bytes;  // empty: no file at all; "/": a folder
         const char* says;
     };
     std::string tooMany;
@@ -59,12 +59,16 @@ TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
         tooMany += std::to_string(2000000 + i) + " 1 2 3\r\n";
     const Case cases[] = {
         {"frmhekualu", "", "does not exist"},
+        {"frmhekualu", "/", "is a folder"},
         {"frmhekualu", tooMany, "32767"},
         {"frm3dliangma", "2020001 1 2 3\r\n", "not available yet"},  // in the menus, not built
     };
     for (const Case& c : cases) {
         std::filesystem::remove(session->drawingsPath);
-        if (!c.bytes.empty()) WriteFile(session->drawingsPath, c.bytes);
+        if (c.bytes == "/")
+            std::filesystem::create_directory(session->drawingsPath);
+        else if (!c.bytes.empty())
+            WriteFile(session->drawingsPath, c.bytes);
         scripted.shown.clear();
         EXPECT_EQ(reports->Open(c.object, nullptr), nullptr) << c.says;
         EXPECT_EQ(reports->Find(c.object), nullptr);
