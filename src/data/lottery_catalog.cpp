@@ -11,7 +11,9 @@
 namespace numarel {
 
 bool IsLotteryFileName(std::string_view name) {
-    if (name.empty() || name == "." || name == "..") return false;
+    // Blanks at either end would be trimmed away when the selection is read back.
+    if (name.empty() || name == "." || name == ".." || name.front() == ' ' || name.back() == ' ')
+        return false;
     // "C:name" is a path relative to a drive's folder, not a name.
     if (name.size() >= 2 && name[1] == ':' &&
         ((name[0] >= 'A' && name[0] <= 'Z') || (name[0] >= 'a' && name[0] <= 'z')))
@@ -30,15 +32,22 @@ std::string ShownName(std::string_view name) {
     return shown;
 }
 
+std::string SelectionName(std::string_view bytes) {
+    // The strings are read with the free-field rules of the drawings file.
+    std::vector<std::string> strings = ParseFields(bytes);
+    return strings.empty() ? std::string() : std::string(Trim(strings.back()));
+}
+
+std::string SelectionBytes(std::string_view name) {
+    return "\"" + std::string(name) + "\"\r\n";
+}
+
 Status ReadSelection(const std::filesystem::path& selectionFile, std::string& name) {
     name.clear();
     std::string bytes;
     Status s = ReadFileBytes(selectionFile, bytes);
-    if (!s.ok()) return s;
-    // The strings are read with the free-field rules of the drawings file.
-    std::vector<std::string> strings = ParseFields(bytes);
-    if (!strings.empty()) name = std::string(Trim(strings.back()));
-    return Status::Ok();
+    if (s.ok()) name = SelectionName(bytes);
+    return s;
 }
 
 Status WriteSelection(const std::filesystem::path& selectionFile, std::string_view name) {
@@ -46,7 +55,7 @@ Status WriteSelection(const std::filesystem::path& selectionFile, std::string_vi
         return Status::InvalidArgument("\"" + ShownName(name) + "\" is not a lottery name.");
     std::error_code ec;
     std::filesystem::create_directories(selectionFile.parent_path(), ec);
-    return WriteFileSafely(selectionFile, "\"" + std::string(name) + "\"\r\n");
+    return WriteFileSafely(selectionFile, SelectionBytes(name));
 }
 
 std::string LotteryLabel(std::string_view fileName) {

@@ -27,18 +27,26 @@ inline constexpr std::string_view kSampleLotteryFile = "Synthetic-Demo.txt";
 
 // True when `name` can stand for a lottery: one file name in the data folder and nothing else.
 // Not a name: an empty one, "." or "..", one with a path separator or a drive ("C:"), and one with
-// a control character or a double quote, which the quoted selection file cannot hold.
+// a control character, a double quote or a blank at either end, which the quoted selection file
+// cannot hold as they stand.
 bool IsLotteryFileName(std::string_view name);
 
 // A name as a message shows it: control characters as "?", a very long name shortened.
 std::string ShownName(std::string_view name);
 
-// Reads the selection file: every string in it, the last one wins, trimmed of blanks. Empty name
-// when it holds none. The name is what the file says: check it with IsLotteryFileName.
+// The name in the bytes of a selection file: every string in it, the last one wins, trimmed of
+// blanks; empty when it holds none. The name is what the file says: check it with
+// IsLotteryFileName.
+std::string SelectionName(std::string_view bytes);
+
+// The bytes of a selection file naming `name`: the name in double quotes, ended by CR LF.
+std::string SelectionBytes(std::string_view name);
+
+// Reads the selection file with SelectionName.
 Status ReadSelection(const std::filesystem::path& selectionFile, std::string& name);
 
-// Rewrites the selection file whole, safely: the name in double quotes, ended by CR LF. Refuses a
-// name that IsLotteryFileName rejects.
+// Rewrites the selection file whole, safely, with SelectionBytes. Refuses a name that
+// IsLotteryFileName rejects.
 Status WriteSelection(const std::filesystem::path& selectionFile, std::string_view name);
 
 // "Lottery:" and the file name cut after its last ".", so that it ends in a full stop; a name
