@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <functional>
@@ -143,64 +142,6 @@ TEST(SafeWrite, ALinkKeepsPointingAtTheFileItNames) {
     ASSERT_TRUE(WriteFileSafely(dir.path() / "link.txt", "new").ok());
     EXPECT_TRUE(fs::is_symlink(dir.path() / "link.txt"));
     EXPECT_EQ(ReadAll(real), "new");
-    // The permissions of the replaced file stay.
-    fs::permissions(real, fs::perms::owner_read | fs::perms::owner_write);
-    ASSERT_TRUE(WriteFileSafely(real, "newer").ok());
-    EXPECT_EQ(fs::status(real).permissions() & fs::perms::all,
-              fs::perms::owner_read | fs::perms::owner_write);
-}
-
-TEST(ReadFile, FailuresNameTheFileAndTheReason) {
-    TempDir dir;
-    std::string bytes = "stale";
-    struct Case {
-        fs::path path;
-        Status::Code code;
-        const char* says;
-    };
-    const Case cases[] = {
-        {dir.path() / "none.txt", Status::Code::NotFound, "does not exist"},
-        {dir.path(), Status::Code::IoError, "is a folder"},
-        {"", Status::Code::NotFound, "There is no lottery yet. Make one with New Lottery."},
-    };
-    for (const Case& c : cases) {
-        Status s = ReadFileBytes(c.path, bytes);
-        EXPECT_EQ(s.code(), c.code) << c.path;
-        EXPECT_TRUE(Has(s.message(), c.says)) << s.message();
-        EXPECT_TRUE(Has(s.message(), c.path.string())) << s.message();
-        EXPECT_TRUE(bytes.empty());
-    }
-    if (::geteuid() != 0) {  // permissions do not bind the superuser
-        auto locked = dir.Write("locked.txt", "1 2 3 4");
-        fs::permissions(locked, fs::perms::none);
-        Status s = ReadFileBytes(locked, bytes);
-        EXPECT_TRUE(Has(s.message(), "no permission")) << s.message();
-    }
-}
-
-TEST(SameFile, OneFileByEveryPathAndNoOther) {
-    TempDir dir;
-    auto data = dir.Write("sub/data.txt", "1 2 3 4");
-    auto other = dir.Write("sub/other.txt", "1 2 3 4");
-    fs::create_symlink(data, dir.path() / "link.txt");
-    const fs::path cwd = fs::current_path();
-    fs::current_path(dir.path());
-    struct Case {
-        fs::path a, b;
-        bool same;
-    };
-    const Case cases[] = {
-        {data, "sub/data.txt", true},
-        {data, dir.path() / "sub" / ".." / "sub" / "data.txt", true},
-        {data, "link.txt", true},
-        {data, other, false},
-        {data, "sub/missing.txt", false},
-        {"sub/missing.txt", dir.path() / "sub" / "missing.txt", true},
-        {data, "", false},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(SameFile(c.a, c.b), c.same) << c.a << " " << c.b;
-    fs::current_path(cwd);
 }
 
 }  // namespace
