@@ -20,3 +20,11 @@ if [ "${NUMAREL_SKIP_SANITIZERS:-0}" != 1 ]; then
   ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 \
     ctest --test-dir build-asan --output-on-failure -j"$jobs"
 fi
+
+# The fuzz targets for a few seconds each, so that they keep compiling and finding nothing. Only
+# where clang with libFuzzer is installed (scripts/fuzz.sh installs it); skipped otherwise.
+if [ "${NUMAREL_SKIP_FUZZ:-0}" != 1 ] && scripts/fuzz.sh --available; then
+  scripts/fuzz.sh "${NUMAREL_FUZZ_SECONDS:-5}"
+else
+  echo "Fuzz smoke run skipped: clang-14 with libFuzzer is not installed (scripts/fuzz.sh installs it)."
+fi

@@ -1,12 +1,13 @@
 #include "cli/cli_app.h"
 
 #include <CLI/CLI.hpp>
-#include <fstream>
+#include <cerrno>
 #include <ostream>
 #include <sstream>
 
 #include "cli/report_export.h"
 #include "cli/sheet_format.h"
+#include "data/file_io.h"
 #include "data/lottery_catalog.h"
 #include "reports/command_table.h"
 #include "reports/enquiry_other/number_enquiry.h"
@@ -15,24 +16,53 @@
 namespace numarel {
 namespace {
 
-// Where a command's result goes: standard output, or a file written only when all went well.
+// Why standard output failed, from the error the system left.
+std::string StandardOutputFailure(int error) {
+    return "numarel-cli: cannot write to standard output: " +
+           (error ? FileErrorReason(error) : std::string("the output was refused")) + ".";
+}
+
+// Where a command's result goes: standard output, or a file written safely and only when all
+// went well. A failed write is one line on standard error and a non-zero exit.
 struct Destination {
     std::string outputFile;
 
     int Deliver(const std::string& text, std::ostream& out, std::ostream& err) const {
         if (outputFile.empty()) {
+            errno = 0;
             out << text;
-            return 0;
+            out.flush();
+            if (out) return 0;
+            err << StandardOutputFailure(errno) << '\n';
+            return 1;
         }
-        std::ofstream file(outputFile, std::ios::binary | std::ios::trunc);
-        if (file) file << text;
-        if (!file) {
-            err << "numarel-cli: cannot write \"" << outputFile << "\"\n";
+        Status s = WriteFileSafely(outputFile, text);
+        if (!s.ok()) {
+            err << "numarel-cli: " << s.message() << '\n';
             return 1;
         }
         return 0;
     }
 };
+
+// --output must never name a file the command reads or the selection: refused before any work.
+bool OutputIsSafe(const std::string& output, const std::string& data, const ProgramFolder& folder,
+                  std::ostream& err) {
+    if (output.empty()) return true;
+    std::filesystem::path current = ResolveCurrentLottery(folder).drawingsPath;
+    const std::pair<std::filesystem::path, std::string_view> kept[] = {
+        {data, "the drawings file given by --data"},
+        {current, "the drawings file of the current lottery"},
+        {folder.SelectionFile(), "the selection file"},
+    };
+    for (const auto& [path, what] : kept) {
+        if (!SameFile(output, path)) continue;
+        err << "numarel-cli: --output \"" << output << "\" is " << what
+            << "; it is never written over. Choose another file.\n";
+        return false;
+    }
+    return true;
+}
 
 std::string ListCommands() {
     std::ostringstream os;
@@ -88,15 +118,8 @@ void AddSheetOptions(CLI::App* command, std::string& data, std::string& formatNa
         ->check(CLI::NonNegativeNumber);
 }
 
-}  // namespace
-
-int RunCli(int argc, const char* const* argv, const std::filesystem::path& programFolder,
-           std::ostream& out, std::ostream& err) {
-    return RunCli(argc, argv, ProgramFolder{programFolder}, out, err);
-}
-
-int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::ostream& out,
-           std::ostream& err) {
+int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, std::ostream& out,
+               std::ostream& err) {
     CLI::App app{"Numarel reports without a window.", "numarel-cli"};
     app.require_subcommand(1);
     app.set_version_flag("--version", "numarel-cli " + std::string(ProgramVersion()));
@@ -151,27 +174,20 @@ int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        out << app.help();
-        return 0;
+        return Destination{}.Deliver(app.help(), out, err);
     } catch (const CLI::CallForVersion& e) {
-        out << e.what() << '\n';
-        return 0;
+        return Destination{}.Deliver(std::string(e.what()) + '\n', out, err);
     } catch (const CLI::CallForAllHelp&) {
-        out << app.help("", CLI::AppFormatMode::All);
-        return 0;
+        return Destination{}.Deliver(app.help("", CLI::AppFormatMode::All), out, err);
     } catch (const CLI::ParseError& e) {
         err << "numarel-cli: " << e.what() << '\n';
         return 2;
     }
 
-    if (*where) {
-        out << folder.root.string() << '\n';
-        return 0;
-    }
-    if (*list) {
-        out << ListCommands();
-        return 0;
-    }
+    if (!OutputIsSafe(output, data, folder, err)) return 1;
+
+    if (*where) return Destination{}.Deliver(folder.root.string() + '\n', out, err);
+    if (*list) return Destination{}.Deliver(ListCommands(), out, err);
 
     if (*report) {
         if (!all && !ResolveReportArgument(object, err)) return 1;
@@ -179,7 +195,11 @@ int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::
         if (!ResolveDataFile(data, folder, path, err)) return 1;
         SheetFormat format = SheetFormat::Text;
         ParseSheetFormat(formatName, format);
-        if (all) return ExportAllReports(path, format, output, err);
+        if (all) {
+            for (const std::filesystem::path& file : ExportedFiles(format, output))
+                if (!OutputIsSafe(file.string(), data, folder, err)) return 1;
+            return ExportAllReports(path, format, output, err);
+        }
         ReportSheet sheet;
         Status s = RunReport(object, path, sheet);
         if (!s.ok()) {
@@ -238,6 +258,27 @@ int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::
         return Destination{output}.Deliver(def->extraButton.text(sheet), out, err);
     }
     return 2;
+}
+
+}  // namespace
+
+int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::ostream& out,
+           std::ostream& err) {
+    int code = RunCommand(argc, argv, folder, out, err);
+    // Whatever went to standard output must have arrived: a full disk or a closed pipe is a
+    // failure even for a command that had nothing else to report.
+    errno = 0;
+    out.flush();
+    if (!out && code == 0) {
+        err << StandardOutputFailure(errno) << '\n';
+        return 1;
+    }
+    return code;
+}
+
+int RunCli(int argc, const char* const* argv, const std::filesystem::path& programFolder,
+           std::ostream& out, std::ostream& err) {
+    return RunCli(argc, argv, ProgramFolder{programFolder}, out, err);
 }
 
 }  // namespace numarel

@@ -1,13 +1,13 @@
 #include "cli/report_export.h"
 
 #include <exception>
-#include <fstream>
 #include <functional>
 #include <ostream>
 #include <set>
 #include <system_error>
 
 #include "cli/report_names.h"
+#include "data/file_io.h"
 #include "reports/command_table.h"
 #include "reports/report_registry.h"
 
@@ -44,30 +44,6 @@ std::string HtmlText(std::string_view text) {
             escaped += c;
     }
     return escaped;
-}
-
-// Writes through `write` into `path`, replacing it only when everything was written.
-bool WriteFileWhole(const std::filesystem::path& path,
-                    const std::function<void(std::ostream&)>& write) {
-    std::filesystem::path part = path;
-    part += ".part";
-    {
-        std::ofstream file(part, std::ios::binary | std::ios::trunc);
-        if (file) write(file);
-        file.flush();
-        if (!file) {
-            file.close();
-            std::error_code ignored;
-            std::filesystem::remove(part, ignored);
-            return false;
-        }
-    }
-    std::error_code ec;
-    std::filesystem::rename(part, path, ec);
-    if (!ec) return true;
-    std::error_code ignored;
-    std::filesystem::remove(part, ignored);
-    return false;
 }
 
 // The contents page of an export: the groups of the main window with their menus.
@@ -141,11 +117,31 @@ int DeliverSheet(const ReportSheet& sheet, SheetFormat format, std::string_view 
         write(out);
         return 0;
     }
-    if (!WriteFileWhole(outputFile, write)) {
-        err << "numarel-cli: cannot write \"" << outputFile << "\"\n";
+    Status s = WriteFileSafely(outputFile, write);
+    if (!s.ok()) {
+        err << "numarel-cli: " << s.message() << '\n';
         return 1;
     }
     return 0;
+}
+
+namespace {
+std::filesystem::path ExportedFile(const std::filesystem::path& folder, std::string_view object,
+                                   SheetFormat format) {
+    std::filesystem::path file = folder / object;
+    file += Extension(format);
+    return file;
+}
+}  // namespace
+
+std::vector<std::filesystem::path> ExportedFiles(SheetFormat format,
+                                                 const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> files;
+    for (ReportFamily family : ReportFamilies())
+        for (const ReportDefinition& def : family())
+            files.push_back(ExportedFile(folder, def.object, format));
+    if (format == SheetFormat::Html) files.push_back(folder / "index.html");
+    return files;
 }
 
 int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
@@ -164,18 +160,15 @@ int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
     int failures = 0;
     for (ReportFamily family : ReportFamilies()) {
         for (const ReportDefinition& def : family()) {
-            std::filesystem::path file = folder / def.object;
-            file += Extension(format);
+            std::filesystem::path file = ExportedFile(folder, def.object, format);
             std::string problem;
             try {
                 ReportSheet sheet;
                 Status s = RunReport(def.object, drawings, sheet);
-                if (!s.ok())
-                    problem = s.message();
-                else if (!WriteFileWhole(file, [&](std::ostream& os) {
-                             WriteSheet(sheet, format, def.object, 30, os);
-                         }))
-                    problem = "cannot write \"" + file.string() + "\"";
+                if (s.ok()) s = WriteFileSafely(file, [&](std::ostream& os) {
+                    WriteSheet(sheet, format, def.object, 30, os);
+                });
+                if (!s.ok()) problem = s.message();
             } catch (const std::exception& e) {
                 problem = e.what();
             }
@@ -190,9 +183,10 @@ int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
     if (format == SheetFormat::Html) {
         std::filesystem::path index = folder / "index.html";
         std::string page = IndexPage(drawings, written);
-        if (!WriteFileWhole(index, [&](std::ostream& os) { os << page; })) {
+        Status s = WriteFileSafely(index, page);
+        if (!s.ok()) {
             ++failures;
-            err << "numarel-cli: cannot write \"" << index.string() << "\"\n";
+            err << "numarel-cli: " << s.message() << '\n';
         }
     }
     return failures == 0 ? 0 : 1;

@@ -4,6 +4,7 @@
 #include <iosfwd>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/sheet_format.h"
 #include "frame/report_sheet.h"
@@ -21,6 +22,10 @@ bool ResolveReportArgument(std::string& name, std::ostream& err);
 // a file is replaced only once it has been written whole. Returns the exit code.
 int DeliverSheet(const ReportSheet& sheet, SheetFormat format, std::string_view object, int tail,
                  const std::string& outputFile, std::ostream& out, std::ostream& err);
+
+// The files `report --all` writes into `folder`: one a report, and the contents page for HTML.
+std::vector<std::filesystem::path> ExportedFiles(SheetFormat format,
+                                                 const std::filesystem::path& folder);
 
 // Writes every built report on `drawings` into `folder` as <object>.<format>, and for HTML an
 // index.html listing them by group as the main window does. A failing report is reported and

@@ -24,6 +24,12 @@ short RoundToInt16(double value);
 // The standard number-to-text rule: a blank in front of a non-negative number.
 std::string NumberToText(double value);
 
+// A character below the blank, or DEL: line breaks, tabs and the like.
+inline bool IsControlCharacter(char c) {
+    auto u = static_cast<unsigned char>(c);
+    return u < 0x20 || u == 0x7F;
+}
+
 // Blanks trimmed from both ends.
 std::string_view Trim(std::string_view text);
 

@@ -1,8 +1,5 @@
 #include "data/drawings_file.h"
 
-#include <fstream>
-#include <system_error>
-
 #include "data/basic_text.h"
 
 namespace numarel {
@@ -81,6 +78,15 @@ std::vector<DrawRecord> ParseDrawings(std::string_view bytes) {
     return records;
 }
 
+std::vector<std::string> ParseFields(std::string_view bytes) {
+    std::vector<std::string> fields;
+    FieldReader reader(bytes);
+    std::string field;
+    while (reader.Next(field))
+        fields.push_back(field);
+    return fields;
+}
+
 bool IsEndMarker(const DrawRecord& record) {
     if (Trim(record.date).empty()) return true;
     auto value = WholeNumber(record.date);
@@ -92,23 +98,6 @@ std::size_t ReportDrawCount(std::span<const DrawRecord> records) {
     while (n < records.size() && !IsEndMarker(records[n]))
         ++n;
     return n;
-}
-
-Status ReadFileBytes(const std::filesystem::path& path, std::string& bytes) {
-    std::error_code ec;
-    if (!std::filesystem::exists(path, ec))
-        return Status::NotFound("The drawings file \"" + path.string() + "\" does not exist.");
-    if (std::filesystem::is_directory(path, ec))
-        return Status::IoError("\"" + path.string() + "\" is a folder, not a drawings file.");
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return Status::IoError("The file \"" + path.string() + "\" cannot be opened.");
-    in.seekg(0, std::ios::end);
-    std::streamoff size = in.tellg();
-    in.seekg(0, std::ios::beg);
-    bytes.assign(size > 0 ? static_cast<std::size_t>(size) : 0, '\0');
-    if (size > 0 && !in.read(bytes.data(), size))
-        return Status::IoError("The file \"" + path.string() + "\" cannot be read.");
-    return Status::Ok();
 }
 
 Status ReadAllRecords(const std::filesystem::path& path, std::vector<DrawRecord>& records) {
@@ -140,41 +129,22 @@ std::string FormatDrawingsTable(std::span<const DrawRecord> rows) {
         if (v < 1 || v > 9) return "0";
         return cell;
     };
+    // A quoted field read from a file can hold line breaks; written raw they would split the row.
+    auto put = [](std::string& out, const std::string& cell) {
+        for (char c : cell)
+            out += IsControlCharacter(c) ? ' ' : c;
+    };
     std::string out;
     out.reserve(rows.size() * 16);
     for (const DrawRecord& row : rows) {
-        out += Trim(row.date).empty() ? std::string("0") : row.date;
+        put(out, Trim(row.date).empty() ? std::string("0") : row.date);
         for (const std::string* cell : {&row.h, &row.t, &row.u}) {
             out += ' ';
-            out += digit(*cell);
+            put(out, digit(*cell));
         }
         out += "\r\n";
     }
     return out;
-}
-
-Status WriteFileSafely(const std::filesystem::path& path, std::string_view bytes) {
-    std::filesystem::path temp = path;
-    temp += ".saving";
-    {
-        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-        if (!out) return Status::IoError("The file \"" + path.string() + "\" cannot be written.");
-        out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        out.flush();
-        if (!out) {
-            out.close();
-            std::error_code ignored;
-            std::filesystem::remove(temp, ignored);
-            return Status::IoError("The file \"" + path.string() + "\" could not be written.");
-        }
-    }
-    std::error_code ec;
-    std::filesystem::rename(temp, path, ec);
-    if (ec) {
-        std::filesystem::remove(temp, ec);
-        return Status::IoError("The file \"" + path.string() + "\" could not be replaced.");
-    }
-    return Status::Ok();
 }
 
 }  // namespace numarel

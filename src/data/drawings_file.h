@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/file_io.h"
 #include "data/status.h"
 
 namespace numarel {
@@ -31,14 +32,14 @@ struct DrawRecord {
 // fields it lacks. Every record is returned, end markers and what follows them included.
 std::vector<DrawRecord> ParseDrawings(std::string_view bytes);
 
+// Every field of `bytes` under the same free-field rules, one after the other.
+std::vector<std::string> ParseFields(std::string_view bytes);
+
 // True when the record is an end marker: its date is numerically 0 (0, 00, 0.0, or empty).
 bool IsEndMarker(const DrawRecord& record);
 
 // The number of drawings a report sees: the records before the first end marker.
 std::size_t ReportDrawCount(std::span<const DrawRecord> records);
-
-// Reads a whole file into `bytes`.
-Status ReadFileBytes(const std::filesystem::path& path, std::string& bytes);
 
 // Reads every record of a drawings file, as the editor shows them.
 Status ReadAllRecords(const std::filesystem::path& path, std::vector<DrawRecord>& records);
@@ -49,11 +50,9 @@ Status ReadHistory(const std::filesystem::path& path, std::vector<DrawRecord>& d
 
 // The bytes Save writes for an editor table: one line per row, "date h t u" CR LF. An empty date
 // is written as "0"; a digit that is empty, below 1 or above 9 is written as "0"; every other
-// cell is written as it stands. Each row holds the four cell texts Date, H, T, U.
+// cell is written as it stands, except that a line break or other control character in it is
+// written as a blank, so that each row stays one line. Each row holds the four cell texts Date,
+// H, T, U.
 std::string FormatDrawingsTable(std::span<const DrawRecord> rows);
-
-// Writes `bytes` to `path` without losing the old file: a temporary file beside it is written
-// completely and then replaces the old one.
-Status WriteFileSafely(const std::filesystem::path& path, std::string_view bytes);
 
 }  // namespace numarel

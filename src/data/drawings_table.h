@@ -24,6 +24,9 @@ public:
     static constexpr std::array<std::string_view, kCols> kImportHeaders = {"-- Date --", "--H--",
                                                                            "--T--", "--U--"};
 
+    // The longest text a cell takes from the editor's cell box.
+    static constexpr int kMaxCellText = 255;
+
     DrawingsTable() { Clear(); }
 
     // Reads every record of the file. A file that cannot be read leaves only the empty row.

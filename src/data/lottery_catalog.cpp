@@ -1,35 +1,61 @@
 #include "data/lottery_catalog.h"
 
 #include <algorithm>
-#include <fstream>
 #include <system_error>
 #include <vector>
 
 #include "data/basic_text.h"
 #include "data/drawings_file.h"
+#include "data/file_io.h"
 
 namespace numarel {
 
+bool IsLotteryFileName(std::string_view name) {
+    // Blanks at either end would be trimmed away when the selection is read back.
+    if (name.empty() || name == "." || name == ".." || name.front() == ' ' || name.back() == ' ')
+        return false;
+    // "C:name" is a path relative to a drive's folder, not a name.
+    if (name.size() >= 2 && name[1] == ':' &&
+        ((name[0] >= 'A' && name[0] <= 'Z') || (name[0] >= 'a' && name[0] <= 'z')))
+        return false;
+    for (char c : name)
+        if (c == '/' || c == '\\' || c == '"' || IsControlCharacter(c)) return false;
+    return true;
+}
+
+std::string ShownName(std::string_view name) {
+    constexpr std::size_t kLongest = 80;
+    std::string shown;
+    for (char c : name.substr(0, kLongest))
+        shown += IsControlCharacter(c) ? '?' : c;
+    if (name.size() > kLongest) shown += "...";
+    return shown;
+}
+
+std::string SelectionName(std::string_view bytes) {
+    // The strings are read with the free-field rules of the drawings file.
+    std::vector<std::string> strings = ParseFields(bytes);
+    return strings.empty() ? std::string() : std::string(Trim(strings.back()));
+}
+
+std::string SelectionBytes(std::string_view name) {
+    return "\"" + std::string(name) + "\"\r\n";
+}
+
 Status ReadSelection(const std::filesystem::path& selectionFile, std::string& name) {
+    name.clear();
     std::string bytes;
     Status s = ReadFileBytes(selectionFile, bytes);
-    if (!s.ok()) return s;
-    // The selection file is read with the same free-field rules as a drawings file.
-    name.clear();
-    for (const DrawRecord& r : ParseDrawings(bytes)) {
-        for (const std::string* f : {&r.date, &r.h, &r.t, &r.u})
-            if (!f->empty()) name = *f;
-    }
-    return Status::Ok();
+    if (s.ok()) name = SelectionName(bytes);
+    return s;
 }
 
 Status WriteSelection(const std::filesystem::path& selectionFile, std::string_view name) {
+    if (!IsLotteryFileName(name))
+        return Status::InvalidArgument("\"" + ShownName(name) + "\" is not a lottery name.");
     std::error_code ec;
     std::filesystem::create_directories(selectionFile.parent_path(), ec);
-    std::ofstream out(selectionFile, std::ios::binary | std::ios::trunc);
-    if (!out) return Status::IoError("The selection file cannot be written.");
-    out << '"' << name << "\"\r\n";
-    return out ? Status::Ok() : Status::IoError("The selection file cannot be written.");
+    return WriteFileSafely(selectionFile, SelectionBytes(name));
 }
 
 std::string LotteryLabel(std::string_view fileName) {
@@ -44,13 +70,25 @@ CurrentLottery ResolveCurrentLottery(const ProgramFolder& folder) {
     std::string name;
     std::error_code ec;
     Status s = ReadSelection(folder.SelectionFile(), name);
-    name = std::string(Trim(name));
-    if (s.ok() && !name.empty() && std::filesystem::is_regular_file(folder.DataDir() / name, ec)) {
+    const bool usable = s.ok() && IsLotteryFileName(name);
+    if (usable && std::filesystem::is_regular_file(folder.DataDir() / name, ec)) {
         current.fileName = name;
         current.drawingsPath = folder.DataDir() / name;
         current.label = LotteryLabel(name);
         return current;
     }
+    if (!s.ok())
+        current.problem = s.code() == Status::Code::NotFound
+                              ? "No lottery was selected yet"
+                              : "The selection file cannot be read (" + s.message() + ")";
+    else if (name.empty())
+        current.problem = "The selection file names no lottery";
+    else if (!usable)
+        current.problem =
+            "The selection file holds \"" + ShownName(name) + "\", which is not a lottery name";
+    else
+        current.problem =
+            "The selected lottery \"" + ShownName(name) + "\" is not in the data folder";
 
     // Fall back to the sample, or else the first lottery in data\ by name.
     std::string fallback;
@@ -59,27 +97,26 @@ CurrentLottery ResolveCurrentLottery(const ProgramFolder& folder) {
     } else {
         std::vector<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(folder.DataDir(), ec)) {
-            if (entry.is_regular_file() && entry.path().extension() == ".txt")
-                names.push_back(entry.path().filename().string());
+            std::string file = entry.path().filename().string();
+            if (entry.is_regular_file(ec) && entry.path().extension() == ".txt" &&
+                IsLotteryFileName(file))
+                names.push_back(std::move(file));
         }
         std::sort(names.begin(), names.end());
         if (!names.empty()) fallback = names.front();
     }
-    std::string why = !s.ok()        ? "No lottery was selected yet"
-                      : name.empty() ? "The selection file names no lottery"
-                                     : "The selected lottery \"" + name + "\" was not found";
     if (fallback.empty()) {
         current.label = "Lottery:";
-        current.notice = why +
-                         ", and there is no lottery in the data folder. Create one with "
-                         "New Lottery.";
+        current.notice = current.problem +
+                         ", and there is no lottery in the data folder. Make one with New "
+                         "Lottery.";
         return current;
     }
     current.fileName = fallback;
     current.drawingsPath = folder.DataDir() / fallback;
     current.label = LotteryLabel(fallback);
-    current.notice = why + "; using \"" + fallback + "\".";
-    WriteSelection(folder.SelectionFile(), fallback);
+    current.notice = current.problem + "; using \"" + fallback + "\".";
+    current.fallback = true;
     return current;
 }
 

@@ -26,29 +26,52 @@ struct ProgramFolder {
 // The name of the sample lottery shipped with the program.
 inline constexpr std::string_view kSampleLotteryFile = "Synthetic-Demo.txt";
 
-// Reads the selection file: every string in it, the last one wins. Empty name when it holds none.
+// True when `name` can stand for a lottery: one file name in the data folder and nothing else.
+// Not a name: an empty one, "." or "..", one with a path separator or a drive ("C:"), and one with
+// a control character, a double quote or a blank at either end, which the quoted selection file
+// cannot hold as they stand.
+bool IsLotteryFileName(std::string_view name);
+
+// A name as a message shows it: control characters as "?", a very long name shortened.
+std::string ShownName(std::string_view name);
+
+// The name in the bytes of a selection file: every string in it, the last one wins, trimmed of
+// blanks; empty when it holds none. The name is what the file says: check it with
+// IsLotteryFileName.
+std::string SelectionName(std::string_view bytes);
+
+// The bytes of a selection file naming `name`: the name in double quotes, ended by CR LF.
+std::string SelectionBytes(std::string_view name);
+
+// Reads the selection file with SelectionName.
 Status ReadSelection(const std::filesystem::path& selectionFile, std::string& name);
 
-// Rewrites the selection file whole: the name in double quotes, ended by CR LF.
+// Rewrites the selection file whole, safely, with SelectionBytes. Refuses a name that
+// IsLotteryFileName rejects.
 Status WriteSelection(const std::filesystem::path& selectionFile, std::string_view name);
 
 // "Lottery:" and the file name cut after its last ".", so that it ends in a full stop; a name
 // without a dot gives "Lottery:" alone.
 std::string LotteryLabel(std::string_view fileName);
 
-// The lottery in use at start-up.
+// The lottery in use.
 struct CurrentLottery {
     std::filesystem::path drawingsPath;  // empty when there is no lottery at all
     std::string fileName;
     std::string label;
-    // Non-empty when the selection could not be used as it stands and something else was chosen;
-    // a front end shows it to the user.
+    // Empty when the selection file names a lottery of the data folder; otherwise why it does not,
+    // as one sentence without a full stop.
+    std::string problem;
+    // Non-empty when the selection could not be used: the problem and what was chosen instead.
+    // A front end shows it to the user.
     std::string notice;
+    // The lottery in use is one that the selection file does not name.
+    bool fallback = false;
 };
 
-// Reads the selection. When the selection file is missing, empty, or names a file that is not in
-// data\, falls back to the sample lottery (or the first lottery in data\), rewrites the selection
-// file and says so in `notice`.
+// Reads the selection and changes no file. When the selection file is missing, names no lottery,
+// holds something that is not a lottery name, or names a file that is not in data\, falls back to
+// the sample lottery (or the first lottery in data\) and says so in `problem` and `notice`.
 CurrentLottery ResolveCurrentLottery(const ProgramFolder& folder);
 
 }  // namespace numarel

@@ -1,23 +1,15 @@
 #include "data/lottery_commands.h"
 
-#include <fstream>
 #include <system_error>
 
 #include "data/basic_text.h"
+#include "data/file_io.h"
 
 namespace numarel {
 namespace {
 
 UserMessage Tip(std::string text) {
     return {kFriendshipTip, std::move(text)};
-}
-
-// Names the file system would take as a path rather than as one file name, and names with
-// control characters, which no one means to type.
-bool UsableFileName(std::string_view name) {
-    for (char c : name)
-        if (c == '/' || c == '\\' || static_cast<unsigned char>(c) < 0x20) return false;
-    return true;
 }
 
 }  // namespace
@@ -30,20 +22,24 @@ LotteryChange NewLottery(const ProgramFolder& folder, std::string_view answer) {
         return change;
     }
     std::string fileName = name + ".txt";
+    if (!IsLotteryFileName(fileName)) {
+        change.message =
+            Tip("\"" + ShownName(name) + "\" cannot be used as a file name.Please rename.");
+        return change;
+    }
     std::filesystem::path path = folder.DataDir() / fileName;
     std::error_code ec;
-    if (UsableFileName(name) && std::filesystem::exists(path, ec)) {
+    // A link that leads nowhere is a name in use too.
+    if (std::filesystem::exists(std::filesystem::symlink_status(path, ec))) {
         change.message = Tip("This lottery already exists.Please rename.");
         return change;
     }
-    bool created = false;
-    if (UsableFileName(name)) {
-        std::filesystem::create_directories(folder.DataDir(), ec);
-        std::ofstream out(path, std::ios::binary | std::ios::trunc);
-        created = static_cast<bool>(out);
-    }
-    if (!created) {
-        change.message = Tip("\"" + name + "\" cannot be used as a file name.Please rename.");
+    std::filesystem::create_directories(folder.DataDir(), ec);
+    if (Status created = WriteFileSafely(path, {}); !created.ok()) {
+        change.message = {
+            "Error:",
+            "The lottery \"" + ShownName(name) + "\" could not be created. " + created.message(),
+            MessageIcon::Warning};
         return change;
     }
 
@@ -81,6 +77,14 @@ LotteryChange SelectLottery(const ProgramFolder& folder, std::string_view chosen
         return change;
     }
     std::string name(chosenPath.substr(cut + 1));
+    // A file of the data folder whose name the selection file cannot hold.
+    if (!IsLotteryFileName(name)) {
+        change.message = {
+            "Error:",
+            "\"" + ShownName(name) + "\" cannot be used as a lottery name.Please rename the file.",
+            MessageIcon::Warning};
+        return change;
+    }
     change.changed = true;
     change.drawingsPath = std::filesystem::path(std::string(chosenPath));
     change.fileName = name;

@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QMimeData>
 #include <filesystem>
@@ -31,14 +32,11 @@ class SystemMessageBoxes final : public MessageBoxes {
 public:
     void Show(QWidget* parent, const QString& title, const QString& text,
               MessageIcon icon) override {
-        QMessageBox box(ToQt(icon), title, text, QMessageBox::Ok, parent);
-        box.exec();
+        MakeMessageBox(parent, title, text, icon, false)->exec();
     }
     bool AskYesNo(QWidget* parent, const QString& title, const QString& text,
                   MessageIcon icon) override {
-        QMessageBox box(ToQt(icon), title, text, QMessageBox::Yes | QMessageBox::No, parent);
-        box.setDefaultButton(QMessageBox::Yes);
-        return box.exec() == QMessageBox::Yes;
+        return MakeMessageBox(parent, title, text, icon, true)->exec() == QMessageBox::Yes;
     }
 };
 
@@ -91,6 +89,23 @@ public:
 };
 
 }  // namespace
+
+std::unique_ptr<QMessageBox> MakeMessageBox(QWidget* parent, const QString& title,
+                                            const QString& text, MessageIcon icon, bool yesNo) {
+    auto box = std::make_unique<QMessageBox>(
+        ToQt(icon), title, QString(), yesNo ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
+        parent);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(text);
+    if (yesNo) box->setDefaultButton(QMessageBox::Yes);
+    return box;
+}
+
+void SetPlainText(QLabel* label, const QString& text) {
+    label->setTextFormat(Qt::PlainText);
+    label->setText(text);
+    label->adjustSize();
+}
 
 Platform& SystemPlatform() {
     static SystemMessageBoxes messages;

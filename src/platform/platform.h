@@ -2,11 +2,14 @@
 
 #include <QString>
 #include <QUrl>
+#include <memory>
 #include <string_view>
 
 #include "data/lottery_catalog.h"
 #include "data/user_message.h"
 
+class QLabel;
+class QMessageBox;
 class QWidget;
 
 namespace numarel {
@@ -78,6 +81,14 @@ Platform& SystemPlatform();
 
 // "description|*.ext" as a Qt name filter, "description (*.ext)".
 QString QtNameFilter(const QString& filter);
+
+// The message box behind MessageBoxes: OK, or Yes and No. Its text is always shown as plain
+// text, since it may hold a lottery name, a path or a file's text.
+std::unique_ptr<QMessageBox> MakeMessageBox(QWidget* parent, const QString& title,
+                                            const QString& text, MessageIcon icon, bool yesNo);
+
+// Puts `text` into `label` as it stands, never read as markup, and sizes the label to it.
+void SetPlainText(QLabel* label, const QString& text);
 
 inline QString ToQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

@@ -11,6 +11,8 @@
 #include <QTableView>
 #include <QWheelEvent>
 #include <algorithm>
+#include <QTimer>
+#include <QValidator>
 
 #include "platform/grid_view.h"
 #include "platform/sheet_model.h"
@@ -27,6 +29,19 @@ constexpr int kButtonWidth = 2175;
 constexpr int kButtonHeight = 375;
 // Date, H, T, U: the four columns fill the table's width beside its scroll bar.
 constexpr int kColumnTwips[DrawingsTable::kCols] = {2160, 1190, 1190, 1190};
+
+// The cell box holds one line: line breaks and other control characters, typed or pasted,
+// become blanks, and a text longer than a cell takes is refused whole rather than cut.
+class CellBoxValidator final : public QValidator {
+public:
+    using QValidator::QValidator;
+    State validate(QString& input, int& /*pos*/) const override {
+        if (input.size() > DrawingsTable::kMaxCellText) return Invalid;
+        for (QChar& c : input)
+            if (c.category() == QChar::Other_Control) c = QLatin1Char(' ');
+        return Acceptable;
+    }
+};
 
 }  // namespace
 
@@ -139,6 +154,11 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
     zoom_ = 0;
     SetZoom(100);
     table_->viewport()->installEventFilter(this);
+    cellBox_->setValidator(new CellBoxValidator(cellBox_));
+    // One character more than a cell takes, so that a longer paste reaches the validator and is
+    // refused with a message instead of being cut to fit.
+    cellBox_->setMaxLength(DrawingsTable::kMaxCellText + 1);
+    connect(cellBox_, &QLineEdit::inputRejected, this, &DrawingsEditor::RefuseLongText);
 
     connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current, const QModelIndex& previous) {
@@ -179,9 +199,9 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
     connect(AddButton("Command10", "Exit", kButtonLeft, 6240), &QPushButton::clicked, this,
             &DrawingsEditor::AskAndExit);
 
-    lotteryLabel_ = new QLabel(ToQString(session_.lotteryLabel), this);
+    lotteryLabel_ = new QLabel(this);
     lotteryLabel_->setObjectName(QStringLiteral("Label6"));
-    lotteryLabel_->adjustSize();
+    SetPlainText(lotteryLabel_, ToQString(session_.lotteryLabel));
     lotteryLabel_->move(TwipsToPixelsX(this, 1080), TwipsToPixelsY(this, 3720));
 
     auto* downloadHint = new QLabel(
@@ -397,6 +417,20 @@ void DrawingsEditor::SetZoom(int percent) {
     for (int col = 0; col < DrawingsTable::kCols; ++col)
         table_->setColumnWidth(col, TwipsToPixelsX(this, zoomed(kColumnTwips[col])));
     PlaceCellBox();
+}
+
+void DrawingsEditor::RefuseLongText() {
+    // Said once for a paste however often the box rejects it, after the box is done with it.
+    if (refusalPending_) return;
+    refusalPending_ = true;
+    QTimer::singleShot(0, this, [this] {
+        refusalPending_ = false;
+        session_.platform.messages.Show(this, QString::fromLatin1(kFriendshipTip),
+                                        QStringLiteral("A cell takes at most %1 characters; the "
+                                                       "text was not taken.")
+                                            .arg(DrawingsTable::kMaxCellText),
+                                        MessageIcon::Warning);
+    });
 }
 
 void DrawingsEditor::ShowError(const Status& status) {

@@ -88,6 +88,8 @@ private:
     // Puts what was typed into the box into its cell, as leaving the cell would.
     void CommitCellBox();
     void ShowError(const Status& status);
+    // Tells the user that the cell box refused a text longer than a cell takes.
+    void RefuseLongText();
 
     Session& session_;
     DrawingsTableModel model_;
@@ -96,6 +98,7 @@ private:
     QLabel* lotteryLabel_;
     Status loadStatus_;
     int zoom_ = 100;
+    bool refusalPending_ = false;
 };
 
 }  // namespace numarel

@@ -43,6 +43,11 @@ MainWindow::MainWindow(Session& session, ReportWindows& reports)
     CurrentLottery current = ResolveCurrentLottery(session_.folder);
     session_.drawingsPath = current.drawingsPath;
     startNotice_ = current.notice;
+    // The lottery chosen in place of the selection is kept, so that the next start is quiet.
+    if (current.fallback) {
+        Status kept = WriteSelection(session_.folder.SelectionFile(), current.fileName);
+        if (!kept.ok()) startNotice_ += "\n" + kept.message();
+    }
 
     lotteryLabel_ = new QLabel(this);
     lotteryLabel_->setObjectName(QStringLiteral("Label2"));
@@ -179,9 +184,8 @@ void MainWindow::SetLotteryLabel(const std::string& label) {
     const int room = TwipsToPixelsX(this, kWebViewLeft - kLabelLeft - 60);
     QString text = ToQString(label);
     QString shown = lotteryLabel_->fontMetrics().elidedText(text, Qt::ElideRight, room);
-    lotteryLabel_->setText(shown);
+    SetPlainText(lotteryLabel_, shown);
     lotteryLabel_->setToolTip(shown == text ? QString() : text);
-    lotteryLabel_->adjustSize();
 }
 
 void MainWindow::OpenReport(const CommandEntry& entry) {

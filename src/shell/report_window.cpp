@@ -135,8 +135,9 @@ Status ReportWindow::Load() {
     setWindowTitle(ToQString(definition_.title));
 
     for (const SheetLabel& text : sheet_.Labels()) {
-        auto* label = new QLabel(ToQString(text.text), this);
+        auto* label = new QLabel(this);
         label->setFont(DesignFont(9));
+        SetPlainText(label, ToQString(text.text));
         QPalette palette = label->palette();
         if (text.fore != kDefaultColour)
             palette.setColor(QPalette::WindowText, ToQColor(text.fore));

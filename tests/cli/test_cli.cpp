@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
+
+#include <cerrno>
+#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <random>
 #include <set>
@@ -8,6 +12,7 @@
 #include "cli/cli_app.h"
 #include "cli/sheet_format.h"
 #include "data/drawings_file.h"
+#include "data/file_io.h"
 #include "data/lottery_catalog.h"
 #include "reports/command_table.h"
 #include "reports/enquiry_other/number_enquiry.h"
@@ -155,6 +160,7 @@ TEST(Cli, ErrorsSayOneLineExitNonZeroAndWriteNothing) {
     const std::vector<std::vector<std::string>> failing = {
         {"report", "frmbjiouhe", "--data", (dir.path() / "missing.txt").string()},
         {"report", "frmbjiouhe", "--data", tooMany.string()},
+        {"report", "frmbjiouhe", "--data", dir.path().string()},  // a folder
         {"report", "frmnosuch", "--data", good.string()},
         {"report", "frmbjiouhe", "--data", good.string(), "--format", "xml"},
         {"report"},
@@ -214,6 +220,151 @@ TEST(Cli, EnquireReadsItsTextsAsTheTextBoxDoes) {
         EXPECT_EQ(r.err, std::string("numarel-cli: ") + c.says + "\n");
         EXPECT_FALSE(std::filesystem::exists(out));
     }
+}
+
+// Every subcommand that writes a file, with what it needs besides --data and --output.
+const std::vector<std::vector<std::string>> kWritingCommands = {
+    {"report", "frmbjiouhe"},
+    {"miss-lengths", "frmzu3leixing2", "12"},
+    {"next-box-numbers"},
+    {"export320"},
+    {"enquire", "straight", "123"},
+};
+
+std::vector<std::string> With(std::vector<std::string> args,
+                              std::initializer_list<std::string> more) {
+    args.insert(args.end(), more);
+    return args;
+}
+
+// A program folder whose current lottery is data/Mine.txt, and a drawings file elsewhere.
+class CliFolder : public ::testing::Test {
+protected:
+    void SetUp() override {
+        dir.Write("data/Mine.txt", kDrawings);
+        WriteSelection(folder.SelectionFile(), "Mine.txt");
+        elsewhere = dir.Write("elsewhere/my.txt", kDrawings);
+        std::filesystem::create_directory_symlink(dir.path() / "elsewhere", dir.path() / "link");
+    }
+    // The files no command may change.
+    std::vector<std::string> Kept() const {
+        return {ReadAll(folder.DataDir() / "Mine.txt"), ReadAll(elsewhere),
+                ReadAll(folder.SelectionFile())};
+    }
+
+    // Enough drawings for every command to have something to write.
+    static std::string History() {
+        std::string bytes;
+        for (int i = 0; i < 300; ++i)
+            bytes += std::to_string(2020001 + i) + " " + std::to_string(i * 7 % 10) + " " +
+                     std::to_string(i * 3 % 10) + " " + std::to_string(i * i % 10) + "\r\n";
+        return bytes;
+    }
+    const std::string kDrawings = History();
+    TempDir dir;
+    ProgramFolder folder{dir.path()};
+    std::filesystem::path elsewhere;
+};
+
+TEST_F(CliFolder, OutputIsNeverTheDrawingsFileItReadsNorTheSelection) {
+    const std::filesystem::path cwd = std::filesystem::current_path();
+    std::filesystem::current_path(dir.path() / "elsewhere");
+    const std::string data = elsewhere.string();
+    const std::vector<std::vector<std::string>> targets = {
+        {"--data", data, "--output", "my.txt"},  // relative
+        {"--data", data, "--output", (dir.path() / "data/../elsewhere/my.txt").string()},
+        {"--data", data, "--output", (dir.path() / "link" / "my.txt").string()},  // a link
+        {"--data", "../link/my.txt", "--output", data},
+        {"--output", (folder.DataDir() / "Mine.txt").string()},  // the current lottery
+        {"--data", data, "--output", "../Numarel/shujuwenjian.ini"},
+    };
+    const auto kept = Kept();
+    for (const auto& command : kWritingCommands) {
+        for (const auto& target : targets) {
+            auto args = command;
+            args.insert(args.end(), target.begin(), target.end());
+            CliRun run = RunCliWith(args, dir.path());
+            EXPECT_EQ(run.code, 1) << args[0] << " " << target.back();
+            EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+            EXPECT_NE(run.err.find("never written over"), std::string::npos) << run.err;
+            EXPECT_EQ(Kept(), kept);
+        }
+    }
+    std::filesystem::current_path(cwd);
+}
+
+TEST_F(CliFolder, AFailedOutputLeavesTheOldFileAsItWas) {
+    auto old = dir.Write("out/sheet.csv", "an earlier sheet\r\n");
+    for (const auto& command : kWritingCommands) {
+        CliRun run;
+        {
+            ScopedWriteFault full(WriteStep::Write, ENOSPC);
+            run = RunCliWith(With(command, {"--output", old.string()}), dir.path());
+        }
+        EXPECT_EQ(run.code, 1) << command[0];
+        EXPECT_EQ(run.err, "numarel-cli: Cannot write \"" + old.string() +
+                               "\": the disk is full. The file was left as it was.\n");
+        EXPECT_EQ(ReadAll(old), "an earlier sheet\r\n");
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(old.parent_path()), {}), 1);
+    }
+}
+
+TEST_F(CliFolder, ASelectionThatIsNotALotteryIsOneLineAndNeverReadOrRewritten) {
+    // Valid drawings outside data\: a selection naming them must never produce their report.
+    dir.Write("outside.txt", "2031001 9 8 7\r\n");
+    const std::string selections[] = {
+        "\"../outside.txt\"\r\n",
+        "\"" + (dir.path() / "outside.txt").string() + "\"\r\n",
+        "\"Gone.txt\"\r\n",
+        "\"a\" \"b\" \"c\" \"d\" \"../outside.txt\"",
+    };
+    for (const std::string& selection : selections) {
+        dir.Write("Numarel/shujuwenjian.ini", selection);
+        const auto kept = Kept();
+        for (const auto& command : kWritingCommands) {
+            CliRun run = RunCliWith(command, dir.path());
+            EXPECT_EQ(run.code, 1) << selection << command[0];
+            EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+            EXPECT_NE(run.err.find("--data"), std::string::npos) << run.err;
+            EXPECT_EQ(run.out.find("2031001"), std::string::npos);
+            EXPECT_EQ(Kept(), kept);
+            EXPECT_EQ(ReadAll(dir.path() / "outside.txt"), "2031001 9 8 7\r\n");
+        }
+    }
+}
+
+// The real program, with its standard output or its output file on a device that is always full.
+TEST_F(CliFolder, EveryFailedWriteExitsNonZeroWithOneLineNamingTheTargetAndTheReason) {
+    const auto cli = std::filesystem::canonical("/proc/self/exe").parent_path() / "numarel-cli";
+    ASSERT_TRUE(std::filesystem::exists(cli));
+    const std::string data = elsewhere.string();
+    struct Case {
+        std::vector<std::string> args;
+        bool toStandardOutput;
+    };
+    std::vector<Case> cases = {{{"list"}, true}, {{"--help"}, true}};
+    for (const auto& command : kWritingCommands) {
+        ASSERT_FALSE(RunCliWith(With(command, {"--data", data}), dir.path()).out.empty());
+        cases.push_back({With(command, {"--data", data}), true});
+        cases.push_back({With(command, {"--data", data, "--output", "/dev/full"}), false});
+    }
+    cases.push_back({{"report", "frmbjiouhe", "--data", data, "--tail", "0"}, true});
+    const auto errFile = dir.path() / "err.txt";
+    for (const Case& c : cases) {
+        std::string line = cli.string();
+        for (const std::string& a : c.args)
+            line += " '" + a + "'";
+        line += (c.toStandardOutput ? " >/dev/full" : " >/dev/null") + (" 2>" + errFile.string());
+        int status = std::system(line.c_str());
+        ASSERT_TRUE(WIFEXITED(status)) << line;
+        EXPECT_EQ(WEXITSTATUS(status), 1) << line;
+        const std::string err = ReadAll(errFile);
+        EXPECT_EQ(err, c.toStandardOutput
+                           ? "numarel-cli: cannot write to standard output: the disk is full.\n"
+                           : "numarel-cli: Cannot write \"/dev/full\": the disk is full.\n")
+            << line;
+    }
+    EXPECT_EQ(Kept()[1], kDrawings);
 }
 
 TEST(Cli, ListShowsTheWholeCommandTable) {

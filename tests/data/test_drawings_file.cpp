@@ -9,6 +9,7 @@ namespace {
 
 using testing::ReadAll;
 using testing::TempDir;
+namespace fs = std::filesystem;
 
 DrawRecord R(std::string d, std::string h, std::string t, std::string u) {
     return {std::move(d), std::move(h), std::move(t), std::move(u)};
@@ -87,48 +88,65 @@ TEST(DrawingsWriter, SaveChecksDigitsButWritesDatesAsTyped) {
               "2020003 9 0 1\r\n");
 }
 
-TEST(DrawingsWriter, WriteFileSafelyReplacesTheWholeFile) {
-    TempDir dir;
-    auto path = dir.Write("lottery.txt", "old contents that are longer");
-    ASSERT_TRUE(WriteFileSafely(path, "new").ok());
-    EXPECT_EQ(ReadAll(path), "new");
-    EXPECT_FALSE(std::filesystem::exists(dir.path() / "lottery.txt.saving"));
-    // A folder that does not exist cannot be written and says so.
-    EXPECT_FALSE(WriteFileSafely(dir.path() / "no" / "such.txt", "x").ok());
+TEST(DrawingsWriter, EveryRowStaysOneLine) {
+    // A quoted field read from a file can hold line breaks and tabs; Save writes them as blanks.
+    auto rows = ParseDrawings("\"20\r\n21\" 1 \"2\t\" 3\r\n");
+    ASSERT_EQ(rows.size(), 1u);
+    EXPECT_EQ(FormatDrawingsTable(rows), "20  21 1 2  3\r\n");
 }
 
-TEST(SelectionFile, RoundTripAndLastStringWins) {
+TEST(SelectionFile, RoundTripAndTheLastOfAnyNumberOfStringsWins) {
     TempDir dir;
     auto ini = dir.path() / "Numarel" / "shujuwenjian.ini";
     ASSERT_TRUE(WriteSelection(ini, "My Lottery.txt").ok());
     EXPECT_EQ(ReadAll(ini), "\"My Lottery.txt\"\r\n");
-    std::string name;
-    ASSERT_TRUE(ReadSelection(ini, name).ok());
-    EXPECT_EQ(name, "My Lottery.txt");
-    dir.Write("Numarel/shujuwenjian.ini", "\"a.txt\"\r\n\"b.txt\"\r\n");
-    ASSERT_TRUE(ReadSelection(ini, name).ok());
-    EXPECT_EQ(name, "b.txt");
+    struct Case {
+        const char* bytes;
+        const char* name;
+    };
+    const Case cases[] = {
+        {"\"My Lottery.txt\"\r\n", "My Lottery.txt"},
+        {"\"a.txt\"\r\n\"b.txt\"\r\n", "b.txt"},
+        {"\"a\" \"b\" \"c\" \"d\" \"Other.txt\"", "Other.txt"},  // more than a record's four
+        {"\"  Spaced.txt  \"\r\n", "Spaced.txt"},
+        {"", ""},
+    };
+    for (const Case& c : cases) {
+        dir.Write("Numarel/shujuwenjian.ini", c.bytes);
+        std::string name = "stale";
+        ASSERT_TRUE(ReadSelection(ini, name).ok());
+        EXPECT_EQ(name, c.name) << c.bytes;
+    }
+    // A name that is not a lottery's is never written.
+    for (const char* bad : {"", "../x.txt", "a\"b.txt"})
+        EXPECT_EQ(WriteSelection(ini, bad).code(), Status::Code::InvalidArgument) << bad;
+    EXPECT_EQ(ReadAll(ini), "");
 }
 
-TEST(SelectionFile, FirstStartFallsBackToTheSampleAndSaysSo) {
+TEST(SelectionFile, AnUnusableSelectionFallsBackWithoutWritingAndSaysWhy) {
     TempDir dir;
     ProgramFolder folder{dir.path()};
     CurrentLottery none = ResolveCurrentLottery(folder);
     EXPECT_TRUE(none.drawingsPath.empty());
-    EXPECT_FALSE(none.notice.empty());
+    EXPECT_FALSE(none.fallback);
+    EXPECT_NE(none.notice.find("Make one with New Lottery."), std::string::npos) << none.notice;
 
     dir.Write("data/Other.txt", "");
+    CurrentLottery first = ResolveCurrentLottery(folder);
+    EXPECT_EQ(first.fileName, "Other.txt");
     dir.Write(std::string("data/") + std::string(kSampleLotteryFile), "1 1 2 3\r\n");
     CurrentLottery sample = ResolveCurrentLottery(folder);
-    EXPECT_EQ(sample.fileName, kSampleLotteryFile);
-    EXPECT_FALSE(sample.notice.empty());
-    // The fallback is written back, so the next start is quiet.
-    CurrentLottery again = ResolveCurrentLottery(folder);
-    EXPECT_EQ(again.fileName, kSampleLotteryFile);
-    EXPECT_TRUE(again.notice.empty());
+    EXPECT_EQ(sample.fileName, kSampleLotteryFile);  // the sample before any other
+    EXPECT_TRUE(sample.fallback);
+    EXPECT_EQ(sample.problem, "No lottery was selected yet");
+    EXPECT_FALSE(fs::exists(folder.SelectionFile()));  // reading never writes
 
+    WriteSelection(folder.SelectionFile(), "Gone.txt");
+    EXPECT_NE(ResolveCurrentLottery(folder).notice.find("\"Gone.txt\""), std::string::npos);
     WriteSelection(folder.SelectionFile(), "Other.txt");
-    EXPECT_EQ(ResolveCurrentLottery(folder).label, "Lottery:Other.");
+    CurrentLottery other = ResolveCurrentLottery(folder);
+    EXPECT_EQ(other.label, "Lottery:Other.");
+    EXPECT_TRUE(other.problem.empty() && other.notice.empty() && !other.fallback);
 }
 
 }  // namespace

@@ -80,6 +80,62 @@ TEST_F(LotteryCommands, NewLotteryThroughEveryMessage) {
     EXPECT_EQ(ReadAll(folder.DataDir() / "Mine.txt"), "2020001 1 2 3\r\n");
 }
 
+// One rule for what a lottery name is, wherever a name comes from: the selection file, as a
+// person may edit it, or the New Lottery prompt. A name that is not one never opens a file.
+TEST(LotteryNames, TheSelectionFileAndNewLotteryKeepNamesInsideTheDataFolder) {
+    struct Case {
+        std::string name;  // as written in the selection file; New Lottery is asked without ".txt"
+        bool isName;
+    };
+    const Case cases[] = {
+        {"Evening.txt", true},
+        {"Fr\xc3\xbch Ziehung.txt", true},       // non-ASCII names work
+        {"\xe5\xbd\xa9\xe7\xa5\xa8.txt", true},  // in any script
+        {"a..b.txt", true},                      // dots inside a name are no folder step
+        {"Pick 3: Evening.txt", true},
+        {"../victim.txt", false},
+        {"sub/victim.txt", false},
+        {"..\\victim.txt", false},
+        {"C:victim.txt", false},
+        {"c:\\victim.txt", false},
+        {"My \"Best\" Lottery.txt", false},
+        {"tab\there.txt", false},
+        {"line\nbreak.txt", false},
+        {"bell\x07.txt", false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        TempDir dir;
+        ProgramFolder folder{dir.path() / "prog"};
+        const std::string drawings = "2020001 1 2 3\r\n";
+        // A file the name would reach if it were taken as a path: it must stay untouched.
+        dir.Write("prog/victim.txt", drawings);
+        dir.Write(std::string("prog/data/") + std::string(kSampleLotteryFile), "2020001 4 5 6\r\n");
+        if (c.isName) dir.Write("prog/data/" + c.name, drawings);
+        dir.Write("prog/Numarel/shujuwenjian.ini", "\"" + c.name + "\"\r\n");
+
+        CurrentLottery current = ResolveCurrentLottery(folder);
+        EXPECT_EQ(current.fallback, !c.isName);
+        EXPECT_EQ(current.drawingsPath.parent_path(), folder.DataDir());
+        EXPECT_EQ(current.fileName, c.isName ? c.name : std::string(kSampleLotteryFile));
+        EXPECT_EQ(current.notice.empty(), c.isName);
+
+        const std::string answer = c.name.substr(0, c.name.size() - 4);
+        if (c.isName) std::filesystem::remove(folder.DataDir() / c.name);
+        LotteryChange change = NewLottery(folder, answer);
+        EXPECT_EQ(change.changed, c.isName) << change.message.text;
+        if (!c.isName) {
+            EXPECT_NE(change.message.text.find("cannot be used as a file name"), std::string::npos);
+            EXPECT_EQ(change.message.text.find('\n'), std::string::npos);
+        } else {
+            EXPECT_EQ(change.drawingsPath, folder.DataDir() / c.name);
+            EXPECT_EQ(ReadAll(folder.SelectionFile()), "\"" + c.name + "\"\r\n");
+            EXPECT_EQ(ResolveCurrentLottery(folder).fileName, c.name);  // and it reads back
+        }
+        EXPECT_EQ(ReadAll(dir.path() / "prog" / "victim.txt"), drawings);
+    }
+}
+
 TEST_F(LotteryCommands, SelectLotteryTakesOnlyFilesDirectlyInTheDataFolder) {
     const std::string data = DataFolderText(folder);
     const std::string root = folder.root.string();
@@ -98,14 +154,24 @@ TEST_F(LotteryCommands, SelectLotteryTakesOnlyFilesDirectlyInTheDataFolder) {
         {data + "Night Draw.txt", "Night Draw.txt", "Lottery:Night Draw."},
         {data + "a.b.txt", "a.b.txt", "Lottery:a.b."},
         {data + "NoDot", "NoDot", "Lottery:"},
+        // In the folder, but the selection file cannot hold the name as it stands.
+        {data + "a\"b.txt", ""},
+        {data + " lead.txt", ""},
     };
     for (const Case& c : cases) {
         std::filesystem::remove(folder.SelectionFile());
         LotteryChange change = SelectLottery(folder, c.path);
         EXPECT_EQ(change.changed, !c.name.empty()) << c.path;
         if (!change.changed) {
-            EXPECT_EQ(change.message, (UserMessage{"Error:", "You must select lottery of the " +
-                                                                 data + "\nPlease select again!"}));
+            EXPECT_EQ(change.message.title, "Error:");
+            const bool inTheFolder =
+                c.path.starts_with(data) && c.path.find('/', data.size()) == std::string::npos;
+            if (inTheFolder)
+                EXPECT_NE(change.message.text.find("cannot be used as a lottery name"),
+                          std::string::npos);
+            else
+                EXPECT_EQ(change.message.text,
+                          "You must select lottery of the " + data + "\nPlease select again!");
             EXPECT_FALSE(std::filesystem::exists(folder.SelectionFile()));
             continue;
         }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QLabel>
+#include <QMessageBox>
 #include <QScrollBar>
 #include <filesystem>
 #include <fstream>
@@ -222,6 +224,22 @@ TEST(Platform, FiltersAreWrittenAsQtExpects) {
     EXPECT_EQ(QtNameFilter("Lottery file|*.txt"), "Lottery file (*.txt)");
     EXPECT_EQ(QtNameFilter("data file|*.txt|All|*.*"), "data file (*.txt);;All (*.*)");
     EXPECT_EQ(QtNameFilter("*.txt"), "*.txt");
+}
+
+TEST(Platform, TextsFromUsersAndFilesAreShownAsPlainText) {
+    App();
+    const QString markup = QStringLiteral("Lottery:<h1>Big</h1> & <b>bold</b>.");
+    QLabel label;
+    SetPlainText(&label, markup);
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+    EXPECT_EQ(label.text(), markup);
+    for (bool yesNo : {false, true}) {
+        auto box = MakeMessageBox(nullptr, "Error:", markup, MessageIcon::Warning, yesNo);
+        EXPECT_EQ(box->textFormat(), Qt::PlainText);
+        EXPECT_EQ(box->text(), markup);
+        EXPECT_EQ(box->windowTitle(), "Error:");
+        EXPECT_EQ(box->buttons().size(), yesNo ? 2 : 1);
+    }
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -5,6 +7,9 @@
 #include <QPushButton>
 #include <QTableView>
 
+#include <cerrno>
+
+#include "data/file_io.h"
 #include "shell/drawings_editor.h"
 #include "shell/shell_fixture.h"
 
@@ -97,6 +102,99 @@ TEST_F(EditorTest, TheBoxTakesTextIntoTheCellThatIsLeftAndSaveWritesEveryRow) {
     EXPECT_EQ(scripted.Said(), (std::vector<std::string>{"Friendship Tip: OK!"}));
     EXPECT_EQ(titles, (std::vector<QString>{"OK!"}));
     EXPECT_EQ(e->windowTitle(), "Drawings");
+}
+
+TEST_F(EditorTest, TheBoxHoldsOneLineAndRefusesWhatACellCannotTake) {
+    auto e = Make("2020001 1 2 3\r\n");
+    EXPECT_EQ(e->findChild<QLabel*>("Label6")->textFormat(), Qt::PlainText);
+    QLineEdit* box = e->CellBox();
+    struct Case {
+        QString pasted;
+        QString boxHolds;  // what the box shows after the paste
+        bool refused;
+    };
+    const QString full(DrawingsTable::kMaxCellText, QLatin1Char('7'));
+    const Case cases[] = {
+        {"2020\n002\r\n", "2020 002  ", false},
+        {"\t4\x01", " 4 ", false},
+        {full, full, false},
+        {QString(1 << 20, QLatin1Char('8')), "", true},  // never cut to fit
+    };
+    for (const Case& c : cases) {
+        Go(*e, 0, 0);
+        scripted.shown.clear();
+        QGuiApplication::clipboard()->setText(c.pasted);
+        box->paste();
+        testing::Drain();
+        EXPECT_EQ(box->text(), c.boxHolds);
+        EXPECT_EQ(scripted.Said().size(), c.refused ? 1u : 0u);
+        if (c.refused) {
+            EXPECT_EQ(scripted.Said()[0],
+                      "Friendship Tip: A cell takes at most 255 characters; the text was not "
+                      "taken.");
+        }
+        Go(*e, 1, 0);
+    }
+    // Typing past a full box is refused the same way.
+    Go(*e, 0, 1);
+    box->setText(full);
+    scripted.shown.clear();
+    Type(*e, "9");
+    testing::Drain();
+    EXPECT_EQ(box->text(), full);
+    EXPECT_EQ(scripted.Said().size(), 1u);
+    Go(*e, 0, 0);
+    Click(*e, "Command13");
+    const std::string saved = File();
+    EXPECT_EQ(std::count(saved.begin(), saved.end(), '\n'), e->Model().rowCount());
+    EXPECT_EQ(saved.substr(0, 256), full.toStdString() + " ");
+}
+
+TEST_F(EditorTest, AFailedSaveOrImportLeavesTheFileAsItWasAndSaysWhy) {
+    const std::string before = "2020001 1 2 3\r\n";
+    auto e = Make(before);
+    const auto source = dir.path() / "in.txt";
+    WriteFile(source, "2021001 4 4 4\r\n");
+    const std::string path = session->drawingsPath.string();
+    struct Case {
+        WriteStep step;
+        int error;
+        const char* button;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {WriteStep::Write, ENOSPC, "Command13", "the disk is full"},
+        {WriteStep::Rename, EACCES, "Command13", "no permission"},
+        {WriteStep::SyncFile, EIO, "Command17", "the disk reported an error"},
+    };
+    for (const Case& c : cases) {
+        Go(*e, 0, 1);
+        Type(*e, "9");
+        Go(*e, 0, 2);
+        scripted.shown.clear();
+        scripted.answers = {true};
+        scripted.chosen = {QString::fromStdString(source.string())};
+        {
+            ScopedWriteFault fault(c.step, c.error);
+            Click(*e, c.button);
+        }
+        EXPECT_EQ(File(), before) << c.button;
+        ASSERT_FALSE(scripted.shown.empty());
+        EXPECT_EQ(scripted.Said().back(), "Error: Cannot write \"" + path + "\": " + c.reason +
+                                              ". The file was left as it was.");
+        EXPECT_EQ(e->windowTitle(), "Drawings");
+    }
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.DataDir()), {}), 1);
+}
+
+TEST_F(EditorTest, WithoutALotteryTheEditorSaysHowToMakeOne) {
+    session->drawingsPath.clear();
+    DrawingsEditor e(*session);
+    e.show();
+    QCoreApplication::processEvents();
+    Click(e, "Command13");
+    const std::string says = "Error: There is no lottery yet. Make one with New Lottery.";
+    EXPECT_EQ(scripted.Said(), (std::vector<std::string>{says, says}));
 }
 
 TEST_F(EditorTest, RowButtonsWorkOnTheCurrentRowAndNeverDeleteTheLastRow) {

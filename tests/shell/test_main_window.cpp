@@ -141,6 +141,57 @@ TEST_F(MainWindowTest, NewLotteryGoesThroughEveryMessage) {
     EXPECT_EQ(testing::ReadAll(folder.SelectionFile()), "\"Evening.txt\"\r\n");
 }
 
+TEST_F(MainWindowTest, ASelectionOutsideTheDataFolderIsNeverOpenedAndIsReplacedOnce) {
+    const std::string outside = "2031001 9 8 7\r\n";
+    WriteFile(dir.path() / "outside.txt", outside);
+    for (const std::string& selection : {std::string("\"../../outside.txt\"\r\n"),
+                                         "\"" + (dir.path() / "outside.txt").string() + "\"\r\n"}) {
+        WriteFile(folder.SelectionFile(), selection);
+        session->drawingsPath.clear();
+        scripted.shown.clear();
+        MainWindow* w = Make();
+        testing::Drain();
+        EXPECT_EQ(session->drawingsPath, folder.DataDir() / "Demo.txt");
+        EXPECT_EQ(Label(w), "Lottery:Demo.");
+        ASSERT_EQ(scripted.shown.size(), 1u);
+        EXPECT_NE(scripted.shown[0].text.indexOf("outside.txt"), -1);
+        EXPECT_NE(scripted.shown[0].text.indexOf("not a lottery name"), -1);
+        // The lottery used instead is kept for the next start.
+        EXPECT_EQ(testing::ReadAll(folder.SelectionFile()), "\"Demo.txt\"\r\n");
+        w->close();
+    }
+    EXPECT_EQ(testing::ReadAll(dir.path() / "outside.txt"), outside);
+}
+
+TEST_F(MainWindowTest, WithoutAnyLotteryMessagesSayHowToMakeOne) {
+    std::filesystem::remove(folder.DataDir() / "Demo.txt");
+    std::filesystem::remove(folder.SelectionFile());
+    MainWindow* w = Make();
+    testing::Drain();
+    EXPECT_TRUE(session->drawingsPath.empty());
+    EXPECT_EQ(Label(w), "Lottery:");
+    Action(w, "caihezhikuadu", "caihekua_ll")->trigger();
+    ASSERT_EQ(scripted.shown.size(), 2u);
+    EXPECT_NE(scripted.shown[0].text.indexOf("Make one with New Lottery."), -1);
+    EXPECT_EQ(scripted.shown[1].text, "There is no lottery yet. Make one with New Lottery.");
+    EXPECT_FALSE(std::filesystem::exists(folder.SelectionFile()));
+}
+
+TEST_F(MainWindowTest, ALotteryNameIsShownAsItStands) {
+    MainWindow* w = Make();
+    scripted.prompts = {"<h1>Big", "My \"Best\" Lottery"};
+    QAction* create = Action(w, "caixinjian", "caixinjiancaipiao");
+    create->trigger();
+    EXPECT_EQ(w->LotteryLabel()->textFormat(), Qt::PlainText);
+    EXPECT_EQ(Label(w), "Lottery:<h1>Big.");
+    create->trigger();  // a quote cannot stand in the selection file
+    EXPECT_EQ(scripted.Said().back(),
+              "Friendship Tip: \"My \"Best\" Lottery\" cannot be used as a file name.Please "
+              "rename.");
+    EXPECT_EQ(Label(w), "Lottery:<h1>Big.");
+    EXPECT_EQ(testing::ReadAll(folder.SelectionFile()), "\"<h1>Big.txt\"\r\n");
+}
+
 TEST_F(MainWindowTest, SelectLotteryGoesThroughEveryBranch) {
     WriteFile(folder.DataDir() / "Night.txt", "");
     WriteFile(dir.path() / "elsewhere" / "Night.txt", "");

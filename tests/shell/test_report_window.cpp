@@ -68,7 +68,7 @@ TEST_F(ReportWindowTest, AfterExitTheNextOpeningReadsTheFileAgain) {
 TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
     struct Case {
         const char* object;
-        std::string bytes;  // empty: no file at all
+        std::string bytes;  // empty: no file at all; "/": a folder
         const char* says;
     };
     std::string tooMany;
@@ -84,12 +84,16 @@ TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
     ASSERT_FALSE(notBuilt.empty());
     const Case cases[] = {
         {"frmhekualu", "", "does not exist"},
+        {"frmhekualu", "/", "is a folder"},
         {"frmhekualu", tooMany, "32767"},
         {notBuilt.c_str(), "2020001 1 2 3\r\n", "not available yet"},
     };
     for (const Case& c : cases) {
         std::filesystem::remove(session->drawingsPath);
-        if (!c.bytes.empty()) WriteFile(session->drawingsPath, c.bytes);
+        if (c.bytes == "/")
+            std::filesystem::create_directory(session->drawingsPath);
+        else if (!c.bytes.empty())
+            WriteFile(session->drawingsPath, c.bytes);
         scripted.shown.clear();
         EXPECT_EQ(reports->Open(c.object, nullptr), nullptr) << c.says;
         EXPECT_EQ(reports->Find(c.object), nullptr);
