@@ -2,9 +2,11 @@
 
 #include <CLI/CLI.hpp>
 #include <fstream>
+#include <iostream>
 #include <ostream>
 #include <sstream>
 
+#include "cli/import_command.h"
 #include "cli/sheet_format.h"
 #include "data/lottery_catalog.h"
 #include "reports/command_table.h"
@@ -125,6 +127,9 @@ int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::
     export320->add_option("--data", data, "A drawings file instead of the current lottery");
     export320->add_option("--output", output, "Write to this file instead of standard output");
 
+    ImportCommand import;
+    AddImportCommand(app, import);
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
@@ -142,6 +147,8 @@ int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::
         out << folder.root.string() << '\n';
         return 0;
     }
+    if (*import.command) return RunImportCommand(import, folder, std::cin, out, err);
+
     if (*list) {
         out << ListCommands();
         return 0;
