@@ -80,6 +80,18 @@ std::vector<int> PrefixMatches(const std::vector<int>& pattern, const std::vecto
     return {z.begin() + static_cast<std::ptrdiff_t>(pattern.size() + 1), z.end()};
 }
 
+// Where the source's drawings meet the file's: what is new, or why that cannot be told.
+struct Lineup {
+    std::vector<std::size_t> news;  // indices of the source drawings to add
+    int already = 0;
+    std::string disagreement;
+    std::string refusal;   // the source cannot be lined up with the file
+    bool overlap = false;  // whether a drawing of the file was found in the source
+    int run = 0;           // lining up by the run: its length
+
+    bool ok() const { return disagreement.empty() && refusal.empty(); }
+};
+
 class Planner {
 public:
     Planner(std::span<const DrawRecord> existing, const ImportOptions& options, ImportPlan& plan)
@@ -93,11 +105,10 @@ private:
         return false;
     }
     DateField ResolveDates() const;
-    // Each fills `news_` (indices of the source drawings to add) and the count of those already
-    // there; false after a disagreement or when the source cannot be lined up.
-    bool AlignByDrawNumber();
-    bool AlignByDate();
-    bool AlignByRun();
+    Lineup ByDrawNumber() const;
+    Lineup ByDate() const;
+    Lineup ByRun() const;
+    void Align();
     bool WriteDates();
     int YearOf(const SourceDrawing& d) const {
         return d.date ? d.date / 10000 : ParseDrawNumber(std::to_string(d.drawNumber)) / 1000;
@@ -111,7 +122,8 @@ private:
 };
 
 DateField Planner::ResolveDates() const {
-    const bool draws = source_.layout.DrawNumberPerDrawing();
+    // The source's draw numbers, unless the file numbers the same drawings otherwise.
+    const bool draws = source_.layout.DrawNumberPerDrawing() && plan_.alignment != Alignment::Run;
     if (options_.dates != DateField::Auto) return options_.dates;
     if (file_.empty()) return draws ? DateField::DrawNumber : DateField::YearRunning;
     std::string_view last = Strip(file_.back().date);
@@ -122,28 +134,32 @@ DateField Planner::ResolveDates() const {
     return draws ? DateField::DrawNumber : DateField::YearRunning;
 }
 
-bool Planner::AlignByDrawNumber() {
+Lineup Planner::ByDrawNumber() const {
+    Lineup l;
     const auto& s = source_.drawings;
     std::unordered_map<int, std::size_t> byNumber;
     for (std::size_t i = s.size(); i-- > 0;)
         byNumber[s[i].drawNumber] = i;
     for (const DrawRecord& record : file_) {
         auto found = byNumber.find(WholeDate(record.date));
-        if (found != byNumber.end() && !SameDigits(record, s[found->second])) {
-            plan_.disagreement = Disagreement(record, s[found->second], source_.layout);
-            return false;
+        if (found == byNumber.end()) continue;
+        l.overlap = true;
+        if (!SameDigits(record, s[found->second])) {
+            l.disagreement = Disagreement(record, s[found->second], source_.layout);
+            return l;
         }
     }
     const int last = WholeDate(file_.back().date);
     for (std::size_t i = 0; i < s.size(); ++i)
         if (s[i].drawNumber > last)
-            news_.push_back(i);
+            l.news.push_back(i);
         else
-            ++plan_.alreadyPresent;
-    return true;
+            ++l.already;
+    return l;
 }
 
-bool Planner::AlignByDate() {
+Lineup Planner::ByDate() const {
+    Lineup l;
     const auto& s = source_.drawings;
     std::map<int, std::pair<std::size_t, std::size_t>> days;  // date: first index, count
     for (std::size_t i = 0; i < s.size(); ++i) {
@@ -157,10 +173,11 @@ bool Planner::AlignByDate() {
         std::size_t k = seen[date]++;
         auto day = days.find(date);
         if (day == days.end() || k >= day->second.second) continue;
+        l.overlap = true;
         const SourceDrawing& d = s[day->second.first + k];
         if (!SameDigits(record, d)) {
-            plan_.disagreement = Disagreement(record, d, source_.layout);
-            return false;
+            l.disagreement = Disagreement(record, d, source_.layout);
+            return l;
         }
     }
     const int last = ParseResultDate(Strip(file_.back().date), DateFormat::Compact);
@@ -169,18 +186,19 @@ bool Planner::AlignByDate() {
     for (std::size_t i = 0; i < s.size(); ++i) {
         bool fresh = s[i].date > last || (s[i].date == last && k++ >= onLastDay);
         if (fresh)
-            news_.push_back(i);
+            l.news.push_back(i);
         else
-            ++plan_.alreadyPresent;
+            ++l.already;
     }
-    return true;
+    return l;
 }
 
-// Where the file numbers its drawings otherwise than the source, the file's last drawings are
-// looked for in the source by their digits: the longest run of them that the source repeats
-// marks where the file ends. The run must be the only one of its length; where it stops short of
-// the file's start and of the source's start, file and source disagree just before it.
-bool Planner::AlignByRun() {
+// The file's last drawings looked for in the source by their digits: the longest run of them
+// that the source repeats marks where the file ends. The run must be the only one of its length;
+// where it stops short of both the file's start and the source's start, file and source disagree
+// just before it.
+Lineup Planner::ByRun() const {
+    Lineup l;
     const auto& s = source_.drawings;
     std::vector<int> pattern, text;
     pattern.reserve(file_.size());
@@ -196,39 +214,86 @@ bool Planner::AlignByRun() {
         text.push_back((d[0] - '0') * 100 + (d[1] - '0') * 10 + (d[2] - '0'));
     }
     std::vector<int> runs = PrefixMatches(pattern, text);
-    int best = 0;
     std::size_t places = 0, end = 0;  // end: the source index of the run's last drawing
     for (std::size_t i = 0; i < runs.size(); ++i) {
-        if (runs[i] > best) {
-            best = runs[i];
+        if (runs[i] > l.run) {
+            l.run = runs[i];
             places = 0;
         }
-        if (runs[i] == best && best > 0) {
+        if (runs[i] == l.run && l.run > 0) {
             ++places;
             end = s.size() - 1 - i;
         }
     }
-    const std::string lastDate(Strip(file_.back().date));
-    if (best == 0)
-        return Refuse("The file's last drawing (" + lastDate + ", " + RecordDigits(file_.back()) +
-                      ") is not in the source, so it cannot be told which drawings are new.");
-    if (places > 1)
-        return Refuse("The file's last " + std::to_string(best) + " drawing" +
-                      (best > 1 ? "s stand" : " stands") + " in the source " +
-                      std::to_string(places) +
-                      " times, so it cannot be told which drawings are new.");
-    const std::size_t run = static_cast<std::size_t>(best);
+    if (l.run == 0) {
+        l.refusal = "The file's last drawing (" + std::string(Strip(file_.back().date)) + ", " +
+                    RecordDigits(file_.back()) +
+                    ") is not in the source, so it cannot be told which drawings are new.";
+        return l;
+    }
+    if (places > 1) {
+        l.refusal = "The file's last " +
+                    (l.run > 1 ? std::to_string(l.run) + " drawings stand" : "drawing stands") +
+                    " in the source " + std::to_string(places) +
+                    " times, so it cannot be told which drawings are new.";
+        return l;
+    }
+    l.overlap = true;
+    const std::size_t run = static_cast<std::size_t>(l.run);
     if (run < file_.size() && end + 1 > run) {
-        plan_.disagreement =
-            Disagreement(file_[file_.size() - 1 - run], s[end - run], source_.layout);
-        return false;
+        l.disagreement = Disagreement(file_[file_.size() - 1 - run], s[end - run], source_.layout);
+        return l;
     }
     for (std::size_t i = 0; i < s.size(); ++i)
         if (i > end)
-            news_.push_back(i);
+            l.news.push_back(i);
         else
-            ++plan_.alreadyPresent;
-    return true;
+            ++l.already;
+    return l;
+}
+
+// By draw number or by date where the file numbers its drawings as the source does, else by the
+// run of the file's last drawings. Numbers of the same form may still count differently (a file
+// numbered by an earlier import, a source with the lottery's own numbers): where they find no
+// drawing of the file or disagree, a long enough run found by the digits wins.
+void Planner::Align() {
+    std::string_view last = Strip(file_.back().date);
+    Lineup key;
+    if (source_.layout.DrawNumberPerDrawing() && WholeDate(last) &&
+        (ParseDrawNumber(last) || !options_.hints.drawColumn.empty())) {
+        plan_.alignment = Alignment::DrawNumber;
+        key = ByDrawNumber();
+    } else if (source_.HasDates() && last.size() == 8 &&
+               ParseResultDate(last, DateFormat::Compact)) {
+        plan_.alignment = Alignment::Date;
+        key = ByDate();
+    } else {
+        plan_.alignment = Alignment::Run;
+    }
+    Lineup chosen;
+    if (plan_.alignment == Alignment::Run) {
+        chosen = ByRun();
+    } else if (key.ok() && key.overlap) {
+        chosen = std::move(key);
+    } else {
+        constexpr std::size_t kConvincingRun = 5;
+        Lineup run = ByRun();
+        if (run.ok() &&
+            static_cast<std::size_t>(run.run) >= std::min(file_.size(), kConvincingRun)) {
+            chosen = std::move(run);
+            plan_.alignment = Alignment::Run;
+        } else {
+            chosen = std::move(key);
+        }
+    }
+    news_ = std::move(chosen.news);
+    plan_.alreadyPresent = chosen.already;
+    plan_.disagreement = chosen.disagreement;
+    if (!chosen.refusal.empty())
+        Refuse(chosen.refusal);
+    else if (!chosen.disagreement.empty())
+        Refuse("The source disagrees with the file: " + chosen.disagreement +
+               ". Nothing was imported.");
 }
 
 bool Planner::WriteDates() {
@@ -312,43 +377,12 @@ void Planner::Run() {
                "), so nothing was imported.");
         return;
     }
-    plan_.dates = ResolveDates();
     if (file_.empty()) {
         for (std::size_t i = 0; i < source_.drawings.size(); ++i)
             news_.push_back(i);
     } else {
-        std::string_view last = Strip(file_.back().date);
-        bool aligned = false;
-        if (source_.layout.DrawNumberPerDrawing() && WholeDate(last) &&
-            (ParseDrawNumber(last) || !options_.hints.drawColumn.empty())) {
-            plan_.alignment = Alignment::DrawNumber;
-            aligned = AlignByDrawNumber();
-        } else if (source_.HasDates() && last.size() == 8 &&
-                   ParseResultDate(last, DateFormat::Compact)) {
-            plan_.alignment = Alignment::Date;
-            aligned = AlignByDate();
-        }
-        if (!aligned) {
-            // Numbered alike but told apart by the digits: the numbering may differ while the
-            // drawings agree, which the run finds.
-            std::string keyDisagreement = plan_.disagreement;
-            Alignment keyAlignment = plan_.alignment;
-            news_.clear();
-            plan_.alreadyPresent = 0;
-            plan_.disagreement.clear();
-            plan_.alignment = Alignment::Run;
-            if (!AlignByRun()) {
-                if (!keyDisagreement.empty()) {
-                    plan_.alignment = keyAlignment;
-                    plan_.disagreement = keyDisagreement;
-                    plan_.status = Status::Ok();
-                }
-                if (!plan_.disagreement.empty())
-                    Refuse("The source disagrees with the file: " + plan_.disagreement +
-                           ". Nothing was imported.");
-                return;
-            }
-        }
+        Align();
+        if (!plan_.status.ok()) return;
     }
     if (file_.size() + news_.size() > kMaxDrawings) {
         plan_.status = Status::TooManyDrawings(
@@ -356,6 +390,7 @@ void Planner::Run() {
             " drawings; at most " + std::to_string(kMaxDrawings) + " fit. Nothing was imported.");
         return;
     }
+    plan_.dates = ResolveDates();
     WriteDates();
 }
 
@@ -497,7 +532,10 @@ std::string DescribeLayout(const SourceLayout& layout) {
     if (layout.headerLine > 0) {
         text += ", header on line " + std::to_string(layout.headerLine);
         if (layout.repeatedHeaders > 0)
-            text += " (repeated " + std::to_string(layout.repeatedHeaders) + " times further down)";
+            text += layout.repeatedHeaders == 1
+                        ? std::string(" (repeated once further down)")
+                        : " (repeated " + std::to_string(layout.repeatedHeaders) +
+                              " times further down)";
     } else {
         text += ", no header";
     }

@@ -367,8 +367,9 @@ ColumnStats Measure(const std::vector<Row>& rows, int col) {
     return s;
 }
 
+// Three in four: a column keeps its part when a few lines of a pasted page hold something else.
 bool Mostly(int part, int whole) {
-    return whole > 0 && part * 10 >= whole * 9;
+    return whole > 0 && part * 4 >= whole * 3;
 }
 
 // The column a hint names: its header text, or its number from 1. -1 when there is none.
@@ -487,23 +488,24 @@ bool SourceReader::FindLayout() {
             all[i].fields.size() == static_cast<std::size_t>(layout_.columnCount) ||
             all[header].fields.size() != static_cast<std::size_t>(layout_.columnCount))
             header = i;
+    const bool hasHeader = header < firstValues;
     std::string headerKey;
-    if (header < firstValues) {
+    if (hasHeader) {
         layout_.headerLine = all[header].line;
         headerKey = HeaderKey(all[header].fields);
     }
+    layout_.namedByHeader =
+        hasHeader && all[header].fields.size() == static_cast<std::size_t>(layout_.columnCount);
     for (int c = 0; c < layout_.columnCount; ++c) {
         std::string name;
-        if (header < firstValues &&
-            all[header].fields.size() == static_cast<std::size_t>(layout_.columnCount))
-            name = all[header].fields[static_cast<std::size_t>(c)];
+        if (layout_.namedByHeader) name = all[header].fields[static_cast<std::size_t>(c)];
         layout_.columnNames.push_back(name.empty() ? "column " + std::to_string(c + 1) : name);
     }
 
     rows_.reserve(all.size());
     for (std::size_t i = 0; i < all.size(); ++i) {
-        if (i == header) continue;
-        if (i > header && header < firstValues && HeaderKey(all[i].fields) == headerKey) {
+        if (hasHeader && i == header) continue;
+        if (hasHeader && i > header && HeaderKey(all[i].fields) == headerKey) {
             ++layout_.repeatedHeaders;
             continue;
         }
@@ -616,7 +618,8 @@ bool SourceReader::AssignColumns() {
 void SourceReader::GuessDigits(const std::vector<ColumnStats>& stats) {
     auto usable = [&](int c) {
         return c != layout_.dateColumn && c != layout_.drawColumn &&
-               !NamesOtherThanDigits(layout_.columnNames[static_cast<std::size_t>(c)]);
+               !(layout_.namedByHeader &&
+                 NamesOtherThanDigits(layout_.columnNames[static_cast<std::size_t>(c)]));
     };
     int run = 0;  // one-digit columns in a row, grouped by three from the left
     for (int c = 0; c < layout_.columnCount; ++c) {
@@ -686,7 +689,9 @@ void SourceReader::ReadDrawings() {
                 d.drawNumber = ToInt(f);
             else
                 d.drawNumber = ParseDrawNumber(f);
-            if (!d.drawNumber && layout_.dateColumn < 0) {
+            // Where the draw number tells the drawings apart it is needed; a number of the day
+            // may be missing beside a date.
+            if (!d.drawNumber && (layout_.dateColumn < 0 || layout_.DrawNumberPerDrawing())) {
                 result_.rejected.push_back(
                     {row.line, f.empty() ? std::string("no draw number")
                                          : "the draw number \"" + std::string(f) +

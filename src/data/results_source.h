@@ -38,11 +38,11 @@ int ParseDrawNumber(std::string_view text);
 // What the user says outright about the source, overriding the guesses. A column is named by its
 // header text (case does not matter) or by its number counted from 1.
 struct SourceHints {
-    std::string dateColumn;
-    std::string drawColumn;
+    std::string dateColumn = {};
+    std::string drawColumn = {};
     // One entry per drawing of the day, in the day's order: a column holding three digits, a
     // column that starts three one-digit columns, or three columns joined by '+' ("4+5+6").
-    std::vector<std::string> digitsColumns;
+    std::vector<std::string> digitsColumns = {};
     DateFormat dateFormat = DateFormat::Guess;
 };
 
@@ -76,6 +76,7 @@ struct SourceLayout {
     int repeatedHeaders = 0;
     int columnCount = 0;
     std::vector<std::string> columnNames;  // header texts, or "column N"
+    bool namedByHeader = false;            // whether columnNames come from the header
     int dateColumn = -1;                   // counted from 0; -1 when there is none
     DateFormat dateFormat = DateFormat::Guess;
     int drawColumn = -1;
