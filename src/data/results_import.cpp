@@ -502,20 +502,19 @@ Status AppendDrawingLines(std::string_view fileBytes, std::span<const DrawRecord
 Status ImportIntoFile(std::string_view sourceBytes, const std::filesystem::path& file,
                       const ImportOptions& options, bool dryRun, ImportPlan& plan) {
     std::error_code ec;
-    if (std::filesystem::is_directory(file, ec)) {
+    auto refuse = [&plan](Status why) {
         plan = {};
-        plan.status =
-            Status::IoError("\"" + file.string() + "\" is a folder, not a drawings file.");
-        return plan.status;
-    }
+        plan.status = why;
+        plan.source.status = why;  // nothing was read from the source either
+        return why;
+    };
+    if (std::filesystem::is_directory(file, ec))
+        return refuse(
+            Status::IoError("\"" + file.string() + "\" is a folder, not a drawings file."));
     std::string bytes;
     if (std::filesystem::exists(file, ec)) {
         Status read = ReadFileBytes(file, bytes);
-        if (!read.ok()) {
-            plan = {};
-            plan.status = read;
-            return read;
-        }
+        if (!read.ok()) return refuse(read);
     }
     std::vector<DrawRecord> records = ParseDrawings(bytes);
     records.resize(ReportDrawCount(records));
