@@ -83,6 +83,8 @@ private:
 };
 
 int ParseOneForm(std::string_view text, DateFormat format) {
+    // Every form starts with a digit and takes at least eight characters ("1/5/2021").
+    if (text.size() < 8 || !IsDigit(text[0])) return 0;
     DateScanner scan(text);
     int y = 0, m = 0, d = 0;
     switch (format) {
@@ -287,6 +289,8 @@ bool LooksLikeValue(std::string_view field) {
 
 // A line of names: no dates or draw numbers, and letters in at least half of its fields.
 bool IsHeaderLike(const std::vector<std::string>& fields) {
+    auto lettered = [](const std::string& f) { return std::any_of(f.begin(), f.end(), IsLetter); };
+    if (std::none_of(fields.begin(), fields.end(), lettered)) return false;
     int filled = 0, named = 0;
     for (const std::string& f : fields) {
         if (f.empty()) continue;
@@ -345,16 +349,17 @@ ColumnStats Measure(const std::vector<Row>& rows, int col) {
         ++s.filled;
         for (DateFormat form : kForms)
             if (ParseOneForm(f, form)) ++s.dates[static_cast<std::size_t>(form)];
-        if (ParseDrawNumber(f)) ++s.drawNumbers;
+        const bool number = AllDigits(f);
+        if (number && f.size() == 7 && ParseDrawNumber(f)) ++s.drawNumbers;
         std::array<char, 3> digits;
         bool strong = false;
         if (ParseThreeDigits(f, digits, strong)) {
             ++s.threeDigits;
             if (strong) ++s.strong;
         }
-        if (AllDigits(f) && f.size() > 3) ++s.longNumbers;
-        if (IsSingleDigit(f)) ++s.singles;
-        if (AllDigits(f) && f.size() <= 9) {
+        if (number && f.size() > 3) ++s.longNumbers;
+        if (number && f.size() == 1) ++s.singles;
+        if (number && f.size() <= 9) {
             int v = ToInt(f);
             if (s.numbers > 0) {
                 s.rising = s.rising && v > s.previous;
@@ -505,11 +510,12 @@ bool SourceReader::FindLayout() {
     rows_.reserve(all.size());
     for (std::size_t i = 0; i < all.size(); ++i) {
         if (hasHeader && i == header) continue;
-        if (hasHeader && i > header && HeaderKey(all[i].fields) == headerKey) {
+        const bool names = i < firstValues || IsHeaderLike(all[i].fields);
+        if (names && hasHeader && i > header && HeaderKey(all[i].fields) == headerKey) {
             ++layout_.repeatedHeaders;
             continue;
         }
-        if (i < firstValues || IsHeaderLike(all[i].fields)) {
+        if (names) {
             result_.rejected.push_back({all[i].line, "no drawing in this line"});
             continue;
         }
