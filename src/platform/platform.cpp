@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QDialog>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QInputDialog>
@@ -76,6 +77,12 @@ public:
         clipboard->clear();
         clipboard->setText(text);
     }
+    QString Text() override { return QGuiApplication::clipboard()->text(); }
+};
+
+class SystemModalDialogs final : public ModalDialogs {
+public:
+    bool Run(QDialog& dialog) override { return dialog.exec() == QDialog::Accepted; }
 };
 
 class SystemLauncher final : public Launcher {
@@ -91,7 +98,8 @@ Platform& SystemPlatform() {
     static SystemFileDialogs files;
     static SystemClipboard clipboard;
     static SystemLauncher launcher;
-    static Platform platform{messages, prompt, files, clipboard, launcher};
+    static SystemModalDialogs dialogs;
+    static Platform platform{messages, prompt, files, clipboard, launcher, dialogs};
     return platform;
 }
 

@@ -7,6 +7,7 @@
 #include "data/lottery_catalog.h"
 #include "data/user_message.h"
 
+class QDialog;
 class QWidget;
 
 namespace numarel {
@@ -53,6 +54,16 @@ public:
     virtual ~Clipboard() = default;
     // Replaces whatever the clipboard held with plain text.
     virtual void SetText(const QString& text) = 0;
+    // The clipboard's plain text; empty when it holds none.
+    virtual QString Text() = 0;
+};
+
+// Runs one of the program's own dialogs modally, as a person would answer it.
+class ModalDialogs {
+public:
+    virtual ~ModalDialogs() = default;
+    // True when the dialog was accepted.
+    virtual bool Run(QDialog& dialog) = 0;
 };
 
 class Launcher {
@@ -68,6 +79,7 @@ struct Platform {
     FileDialogs& files;
     Clipboard& clipboard;
     Launcher& launcher;
+    ModalDialogs& dialogs;
 };
 
 // The real dialogs, clipboard and default handler.
