@@ -103,6 +103,11 @@ TEST(ResultsImport, FieldsSeparatorsAndDatesAreRecognised) {
          "20210101 7 8 9\r\n",
          {.dateColumn = "2", .digitsColumns = {"3+4+5"}}},
         {"5/1/2021,321\n", "20210105 3 2 1\r\n", {.dateFormat = DateFormat::DayMonthYearSlash}},
+        // A row number of three digits climbs on every row: not the drawing's digits.
+        {"100,2021-01-01,123\n101,2021-01-02,456\n102,2021-01-03,789\n103,2021-01-04,012\n"
+         "104,2021-01-05,345\n105,2021-01-06,678\n106,2021-01-07,901\n107,2021-01-08,234\n",
+         "20210101 1 2 3\r\n20210102 4 5 6\r\n20210103 7 8 9\r\n20210104 0 1 2\r\n"
+         "20210105 3 4 5\r\n20210106 6 7 8\r\n20210107 9 0 1\r\n20210108 2 3 4\r\n"},
     };
     for (const Case& c : cases) {
         ImportOptions options = Dates(DateField::YearMonthDay);
