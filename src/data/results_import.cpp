@@ -542,6 +542,8 @@ std::string DescribeLayout(const SourceLayout& layout) {
     if (layout.dateColumn >= 0)
         text += "; dates in " + Quoted(layout, layout.dateColumn) + " (" +
                 std::string(DateFormatName(layout.dateFormat)) + ")";
+    if (layout.dayPartColumn >= 0)
+        text += "; the day's drawings named in " + Quoted(layout, layout.dayPartColumn);
     for (std::size_t slot = 0; slot < layout.digitsColumns.size(); ++slot) {
         text += slot == 0 ? "; digits in " : ", then ";
         const std::vector<int>& cols = layout.digitsColumns[slot];

@@ -21,7 +21,7 @@ bool IsBlank(char c) {
 // Letters of any script count: a header may be written in the lottery's own language.
 bool IsLetter(char c) {
     unsigned char u = static_cast<unsigned char>(c);
-    return (u | 0x20) >= 'a' && (u | 0x20) <= 'z' ? true : u >= 0x80;
+    return u >= 0x80 || ((u | 0x20) >= 'a' && (u | 0x20) <= 'z');
 }
 // Blanks and tabs trimmed from both ends.
 std::string_view Strip(std::string_view s) {
@@ -55,7 +55,7 @@ int MakeDate(int y, int m, int d) {
     return d <= days ? y * 10000 + m * 100 + d : 0;
 }
 
-// Reads a date of three numbers with separators; `order` says which number is which.
+// Reads the numbers and separators of a date, one at a time.
 class DateScanner {
 public:
     explicit DateScanner(std::string_view s) : s_(s) {}
@@ -169,6 +169,20 @@ bool NamesOtherThanDigits(std::string_view name) {
         if (n.find(word) != std::string::npos) return true;
     if (n == "id" || n == "no" || n == "row" || n == "#") return true;
     return std::any_of(n.begin(), n.end(), [](char c) { return c >= '4' && c <= '9'; });
+}
+
+// The parts of the day that name a day's drawings, in the day's order.
+constexpr std::string_view kDayParts[] = {"morning", "midday", "afternoon", "evening", "night"};
+
+// The place in the day of a drawing named "Midday", "Evening" and so on; -1 for other texts.
+int DayPart(std::string_view text) {
+    static constexpr std::pair<std::string_view, int> kNames[] = {
+        {"morning", 0},   {"midday", 1},  {"mid-day", 1}, {"mid day", 1}, {"noon", 1}, {"day", 1},
+        {"afternoon", 2}, {"evening", 3}, {"eve", 3},     {"night", 4},   {"nite", 4}};
+    std::string name = Lower(Strip(text));
+    for (auto [word, part] : kNames)
+        if (name == word) return part;
+    return -1;
 }
 
 // --- lines and fields ------------------------------------------------------------------------
@@ -332,6 +346,7 @@ struct ColumnStats {
     int strong = 0;       // of these, three characters or three separated digits
     int longNumbers = 0;  // numbers of more than three digits
     int singles = 0;      // one digit
+    int dayParts = 0;     // names of a part of the day
     // Whether the whole numbers climb or fall by at least one on every row, as a row index does.
     int numbers = 0;
     int previous = -1;
@@ -359,6 +374,7 @@ ColumnStats Measure(const std::vector<Row>& rows, int col) {
         }
         if (number && f.size() > 3) ++s.longNumbers;
         if (number && f.size() == 1) ++s.singles;
+        if (!number && DayPart(f) >= 0) ++s.dayParts;
         if (number && f.size() <= 9) {
             int v = ToInt(f);
             if (s.numbers > 0) {
@@ -618,6 +634,15 @@ bool SourceReader::AssignColumns() {
     }
     if (layout_.digitsColumns.empty())
         return Fail("No column of three digits was found in the source.");
+    // One drawing a row, named by the part of the day.
+    for (int c = 0; c < layout_.columnCount && layout_.digitsColumns.size() == 1; ++c) {
+        const ColumnStats& s = stats[static_cast<std::size_t>(c)];
+        if (c != layout_.dateColumn && c != layout_.drawColumn && Mostly(s.dayParts, s.filled) &&
+            s.dayParts * 2 >= rowCount) {
+            layout_.dayPartColumn = c;
+            break;
+        }
+    }
     return true;
 }
 
@@ -709,7 +734,9 @@ void SourceReader::ReadDrawings() {
         int found = 0;
         for (std::size_t slot = 0; slot < layout_.digitsColumns.size(); ++slot) {
             const std::vector<int>& cols = layout_.digitsColumns[slot];
-            d.slot = static_cast<int>(slot);
+            d.slot = layout_.dayPartColumn >= 0
+                         ? std::max(0, DayPart(FieldAt(row, layout_.dayPartColumn)))
+                         : static_cast<int>(slot);
             if (ReadSlot(row, cols, d.digits, bad)) {
                 result_.drawings.push_back(d);
                 ++found;
@@ -834,7 +861,10 @@ std::string DescribeSourceDrawing(const SourceDrawing& drawing, const SourceLayo
         drawing.date ? IsoDate(drawing.date) : "draw " + std::to_string(drawing.drawNumber);
     if (drawing.date && drawing.drawNumber && layout.DrawNumberPerDrawing())
         text += " (draw " + std::to_string(drawing.drawNumber) + ")";
-    if (layout.digitsColumns.size() > 1) {
+    if (layout.dayPartColumn >= 0) {
+        text += ", " + std::string(kDayParts[static_cast<std::size_t>(std::clamp(
+                           drawing.slot, 0, static_cast<int>(std::size(kDayParts)) - 1))]);
+    } else if (layout.digitsColumns.size() > 1) {
         std::size_t slot = static_cast<std::size_t>(drawing.slot);
         if (slot < layout.digitsColumns.size())
             text +=

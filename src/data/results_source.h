@@ -50,7 +50,7 @@ struct SourceHints {
 struct SourceDrawing {
     int date = 0;        // YYYYMMDD; 0 when the source has no dates
     int drawNumber = 0;  // the source's draw number; 0 when it has none
-    int slot = 0;        // which drawing of the day, counted from 0 in the order of the columns
+    int slot = 0;        // which drawing of the day: in the order of the columns, or of the day
     int line = 0;        // the line of the source it stands on, counted from 1
     std::array<char, 3> digits{};
 
@@ -65,7 +65,7 @@ struct RejectedLine {
 
 // Two or more different drawings given for the same date (or draw number) and drawing of the day.
 struct SourceConflict {
-    std::string where;                // "08/12/2020, drawing 2" or "draw 2020225"
+    std::string where;                // as DescribeSourceDrawing names it
     std::vector<SourceDrawing> kept;  // every version, in the order of the source
 };
 
@@ -80,6 +80,9 @@ struct SourceLayout {
     int dateColumn = -1;                   // counted from 0; -1 when there is none
     DateFormat dateFormat = DateFormat::Guess;
     int drawColumn = -1;
+    // A column naming the day's drawing of each row ("Midday", "Evening"), where a day's drawings
+    // stand on rows of their own; -1 when there is none.
+    int dayPartColumn = -1;
     // Per drawing of the day: the one column that holds its three digits, or its three columns.
     std::vector<std::vector<int>> digitsColumns;
     // Whether the draw number tells the drawings apart (one drawing a row); with several drawings
@@ -106,7 +109,8 @@ struct ResultsSource {
 // Reads a results file. `bytes` may start with a byte-order mark and use CR LF or LF.
 ResultsSource ReadResultsSource(std::string_view bytes, const SourceHints& hints = {});
 
-// "date 08/12/2020, drawing 2"-style text naming a drawing of the source, for messages.
+// Names a drawing of the source for messages: its date (or draw number) and, where a day has
+// several drawings, the column of the day's drawing: "2020-08-12, Evening".
 std::string DescribeSourceDrawing(const SourceDrawing& drawing, const SourceLayout& layout);
 
 // "YYYY-MM-DD" of a YYYYMMDD number.

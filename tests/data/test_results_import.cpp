@@ -103,6 +103,10 @@ TEST(ResultsImport, FieldsSeparatorsAndDatesAreRecognised) {
          "20210101 7 8 9\r\n",
          {.dateColumn = "2", .digitsColumns = {"3+4+5"}}},
         {"5/1/2021,321\n", "20210105 3 2 1\r\n", {.dateFormat = DateFormat::DayMonthYearSlash}},
+        // A day's drawings on rows of their own, named by the part of the day.
+        {"Date,Draw,Numbers\n01/02/2021,Evening,456\n01/02/2021,Midday,123\n"
+         "01/01/2021,Evening,789\n",
+         "20210101 7 8 9\r\n20210102 1 2 3\r\n20210102 4 5 6\r\n"},
         // A row number of three digits climbs on every row: not the drawing's digits.
         {"100,2021-01-01,123\n101,2021-01-02,456\n102,2021-01-03,789\n103,2021-01-04,012\n"
          "104,2021-01-05,345\n105,2021-01-06,678\n106,2021-01-07,901\n107,2021-01-08,234\n",
