@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "cli/import_command.h"
+#include "cli/report_export.h"
 #include "cli/sheet_format.h"
 #include "data/lottery_catalog.h"
 #include "reports/command_table.h"
@@ -88,6 +89,7 @@ int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::
            std::ostream& err) {
     CLI::App app{"Numarel reports without a window.", "numarel-cli"};
     app.require_subcommand(1);
+    app.set_version_flag("--version", "numarel-cli " + std::string(ProgramVersion()));
 
     CLI::App* where = app.add_subcommand(
         "where", "Print the program folder: where the lotteries and the selection are kept");
@@ -100,8 +102,11 @@ int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::
     std::string output;
     int tail = 30;
     CLI::App* report = app.add_subcommand("report", "Print the sheet of one report");
-    report->add_option("object", object, "The report's window object, such as frmbjiouhe")
-        ->required();
+    bool all = false;
+    report->add_option("object", object,
+                       "The report's window object or menu caption, such as frmbjiouhe or "
+                       "\"cold warm hot\"");
+    report->add_flag("--all", all, "Every report, into the folder given by --output");
     report->add_option("--data", data, "A drawings file instead of the current lottery");
     report->add_option("--format", formatName, "text, csv, html or json")
         ->check(CLI::IsMember({"text", "csv", "html", "json"}));
@@ -135,6 +140,9 @@ int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::
     } catch (const CLI::CallForHelp&) {
         out << app.help();
         return 0;
+    } catch (const CLI::CallForVersion& e) {
+        out << e.what() << '\n';
+        return 0;
     } catch (const CLI::CallForAllHelp&) {
         out << app.help("", CLI::AppFormatMode::All);
         return 0;
@@ -155,32 +163,19 @@ int RunCli(int argc, const char* const* argv, const ProgramFolder& folder, std::
     }
 
     if (*report) {
+        if (!all && !ResolveReportArgument(object, err)) return 1;
         std::filesystem::path path;
         if (!ResolveDataFile(data, folder, path, err)) return 1;
+        SheetFormat format = SheetFormat::Text;
+        ParseSheetFormat(formatName, format);
+        if (all) return ExportAllReports(path, format, output, err);
         ReportSheet sheet;
         Status s = RunReport(object, path, sheet);
         if (!s.ok()) {
             err << "numarel-cli: " << s.message() << '\n';
             return 1;
         }
-        SheetFormat format = SheetFormat::Text;
-        ParseSheetFormat(formatName, format);
-        std::string text;
-        switch (format) {
-            case SheetFormat::Text:
-                text = FormatSheetText(sheet, tail);
-                break;
-            case SheetFormat::Csv:
-                text = FormatSheetCsv(sheet);
-                break;
-            case SheetFormat::Html:
-                text = FormatSheetHtml(sheet, object);
-                break;
-            case SheetFormat::Json:
-                text = FormatSheetJson(sheet, object);
-                break;
-        }
-        return Destination{output}.Deliver(text, out, err);
+        return DeliverSheet(sheet, format, object, tail, output, out, err);
     }
     if (*missLengths) {
         const ReportDefinition* def = FindReport(object);

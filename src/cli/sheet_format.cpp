@@ -1,8 +1,11 @@
 #include "cli/sheet_format.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <nlohmann/json.hpp>
+#include <charconv>
+#include <cstring>
+#include <memory>
+#include <ostream>
+#include <sstream>
 #include <vector>
 
 namespace numarel {
@@ -10,43 +13,222 @@ namespace {
 
 constexpr int kDividerWidth = 100;
 
-std::string HexColour(Rgb colour) {
-    char buf[8];
-    std::snprintf(buf, sizeof buf, "#%06x", static_cast<unsigned>(colour & 0xFFFFFF));
-    return buf;
-}
-
 bool IsVisibleColumn(const ReportSheet& sheet, int col) {
     int w = sheet.ColWidth(col);
     return w < 0 || w >= kDividerWidth;
 }
 
-std::string HtmlEscape(std::string_view text) {
-    std::string out;
-    for (char c : text) {
-        switch (c) {
-            case '&':
-                out += "&amp;";
-                break;
-            case '<':
-                out += "&lt;";
-                break;
-            case '>':
-                out += "&gt;";
-                break;
-            case '"':
-                out += "&quot;";
-                break;
-            default:
-                out += c;
-        }
-    }
-    return out;
-}
-
 // Pixels at 96 dots to the inch; a twip is 1/1440 inch.
 int TwipsToPixels(int twips) {
     return (twips * 96 + 720) / 1440;
+}
+
+// Collects output in a block and hands it to the stream a block at a time, so that a sheet of
+// millions of cells is written without building the whole document first.
+class Sink {
+public:
+    explicit Sink(std::ostream& out) : out_(out), buffer_(new char[kBlock]) {}
+    ~Sink() { Flush(); }
+    Sink(const Sink&) = delete;
+    Sink& operator=(const Sink&) = delete;
+
+    Sink& operator<<(std::string_view text) {
+        if (text.size() > kBlock - used_) {
+            Flush();
+            if (text.size() > kBlock) {
+                out_.write(text.data(), static_cast<std::streamsize>(text.size()));
+                return *this;
+            }
+        }
+        std::memcpy(buffer_.get() + used_, text.data(), text.size());
+        used_ += text.size();
+        return *this;
+    }
+    Sink& operator<<(char c) {
+        if (used_ == kBlock) Flush();
+        buffer_[used_++] = c;
+        return *this;
+    }
+    Sink& operator<<(long value) {
+        char digits[24];
+        auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+        return *this << std::string_view(digits, static_cast<std::size_t>(end - digits));
+    }
+    Sink& operator<<(int value) { return *this << static_cast<long>(value); }
+    // "#rrggbb"
+    Sink& Hex(Rgb colour) {
+        static constexpr char kDigits[] = "0123456789abcdef";
+        char text[7] = {'#'};
+        for (int i = 0; i < 6; ++i)
+            text[1 + i] = kDigits[(colour >> (20 - 4 * i)) & 0xF];
+        return *this << std::string_view(text, 7);
+    }
+    // Single-byte text as UTF-8, each byte below 0x80 passed through `escape` first.
+    template <typename Escape>
+    Sink& Latin1(std::string_view text, Escape escape) {
+        for (char ch : text) {
+            auto c = static_cast<unsigned char>(ch);
+            if (c < 0x80) {
+                escape(*this, ch);
+            } else {
+                *this << static_cast<char>(0xC0 | (c >> 6));
+                *this << static_cast<char>(0x80 | (c & 0x3F));
+            }
+        }
+        return *this;
+    }
+    Sink& Latin1(std::string_view text) {
+        return Latin1(text, [](Sink& s, char c) { s << c; });
+    }
+    void Flush() {
+        out_.write(buffer_.get(), static_cast<std::streamsize>(used_));
+        used_ = 0;
+    }
+
+private:
+    static constexpr std::size_t kBlock = 1 << 16;
+    std::ostream& out_;
+    std::unique_ptr<char[]> buffer_;
+    std::size_t used_ = 0;
+};
+
+void HtmlChar(Sink& s, char c) {
+    switch (c) {
+        case '&':
+            s << "&amp;";
+            break;
+        case '<':
+            s << "&lt;";
+            break;
+        case '>':
+            s << "&gt;";
+            break;
+        case '"':
+            s << "&quot;";
+            break;
+        default:
+            s << c;
+    }
+}
+
+inline void JsonChar(Sink& s, char c) {
+    if (static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\') {
+        s << c;
+        return;
+    }
+    switch (c) {
+        case '"':
+            s << "\\\"";
+            break;
+        case '\\':
+            s << "\\\\";
+            break;
+        case '\b':
+            s << "\\b";
+            break;
+        case '\f':
+            s << "\\f";
+            break;
+        case '\n':
+            s << "\\n";
+            break;
+        case '\r':
+            s << "\\r";
+            break;
+        case '\t':
+            s << "\\t";
+            break;
+        default:
+            if (static_cast<unsigned char>(c) < 0x20) {
+                static constexpr char kDigits[] = "0123456789abcdef";
+                char text[6] = {'\\', 'u', '0', '0', kDigits[(c >> 4) & 0xF], kDigits[c & 0xF]};
+                s << std::string_view(text, 6);
+            } else {
+                s << c;
+            }
+    }
+}
+
+// Compact JSON written as it goes: the commas between members and elements are its business,
+// the order of the keys is the caller's.
+class JsonWriter {
+public:
+    explicit JsonWriter(Sink& sink) : sink_(sink) {}
+
+    void BeginObject() { Open('{'); }
+    void EndObject() { Close('}'); }
+    void BeginArray() { Open('['); }
+    void EndArray() { Close(']'); }
+    void Key(std::string_view key) {
+        Separate();
+        Quoted(key);
+        sink_ << ':';
+        afterKey_ = true;
+    }
+    void Number(long value) {
+        Separate();
+        sink_ << value;
+    }
+    void Null() {
+        Separate();
+        sink_ << "null";
+    }
+    // A text that is UTF-8 already, such as a window object.
+    void String(std::string_view utf8) {
+        Separate();
+        Quoted(utf8);
+    }
+    // A cell or title text, single-byte.
+    void Latin1String(std::string_view text) {
+        Separate();
+        sink_ << '"';
+        sink_.Latin1(text, JsonChar);
+        sink_ << '"';
+    }
+    // "#rrggbb", or null for the sheet's default colour.
+    void Colour(Rgb colour) {
+        if (colour == kDefaultColour) return Null();
+        Separate();
+        sink_ << '"';
+        sink_.Hex(colour) << '"';
+    }
+
+private:
+    void Open(char bracket) {
+        Separate();
+        sink_ << bracket;
+        first_.push_back(true);
+    }
+    void Close(char bracket) {
+        first_.pop_back();
+        sink_ << bracket;
+    }
+    void Separate() {
+        if (afterKey_) {
+            afterKey_ = false;
+            return;
+        }
+        if (first_.empty()) return;
+        if (!first_.back()) sink_ << ',';
+        first_.back() = false;
+    }
+    void Quoted(std::string_view utf8) {
+        sink_ << '"';
+        for (char c : utf8)
+            JsonChar(sink_, c);
+        sink_ << '"';
+    }
+
+    Sink& sink_;
+    std::vector<bool> first_;  // per open bracket: nothing written inside it yet
+    bool afterKey_ = false;
+};
+
+template <typename Writer>
+std::string ToString(Writer write) {
+    std::ostringstream os;
+    write(os);
+    return std::move(os).str();
 }
 
 }  // namespace
@@ -116,118 +298,237 @@ std::string FormatSheetText(const ReportSheet& sheet, int tail) {
     return out;
 }
 
-std::string FormatSheetCsv(const ReportSheet& sheet) {
-    std::string out;
+void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out) {
+    Sink sink(out);
     for (int r = 0; r < sheet.Rows(); ++r) {
         for (int c = 0; c < sheet.Cols(); ++c) {
-            if (c > 0) out += ',';
-            std::string text = Latin1ToUtf8(sheet.Text(r, c));
+            if (c > 0) sink << ',';
+            if (sheet.IsEmpty(r, c)) continue;
+            std::string text = sheet.Text(r, c);
             if (text.find_first_of(",\"\r\n") != std::string::npos || text.starts_with(' ') ||
                 text.ends_with(' ')) {
-                std::string quoted = "\"";
-                for (char ch : text) {
-                    if (ch == '"') quoted += '"';
-                    quoted += ch;
-                }
-                quoted += '"';
-                text = quoted;
+                sink << '"';
+                sink.Latin1(text, [](Sink& s, char ch) {
+                    if (ch == '"') s << '"';
+                    s << ch;
+                });
+                sink << '"';
+            } else {
+                sink.Latin1(text);
             }
-            out += text;
         }
-        out += "\r\n";
+        sink << "\r\n";
     }
-    return out;
 }
 
-std::string FormatSheetHtml(const ReportSheet& sheet, std::string_view report) {
-    std::string title = HtmlEscape(Latin1ToUtf8(sheet.Title()));
-    std::string out;
-    out += "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n<title>" + title +
-           "</title>\n<style>\n"
-           "body{margin:0;font-family:Arial,'Liberation Sans',sans-serif;background:#808080}\n"
-           "h1{font-size:11pt;margin:0;padding:4px 8px;background:#f0f0f0}\n"
-           ".wrap{overflow:auto;height:calc(100vh - 28px)}\n"
-           "table{border-collapse:separate;border-spacing:0;table-layout:fixed;"
-           "font-size:" +
-           std::to_string(sheet.FontDecipoints() / 10) + "." +
-           std::to_string(sheet.FontDecipoints() % 10) +
-           "pt;background:#ffffff}\n"
-           "td{border-right:1px solid #c0c0c0;border-bottom:1px solid #c0c0c0;overflow:hidden;"
-           "white-space:pre;padding:0;height:16px}\n"
-           "tr.h td{position:sticky;top:0;background:#f0f0f0;border-bottom:1px solid #000;"
-           "z-index:1}\n"
-           "td.l{position:sticky;left:0;background:#f0f0f0;border-right:1px solid #000}\n"
-           "tr.h td.l{z-index:2}\n"
-           "</style></head><body>\n<h1>" +
-           title + " <small>(" + HtmlEscape(report) + ")</small></h1>\n<div class=\"wrap\">" +
-           "<table>\n<colgroup>";
+void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostream& out) {
+    Sink sink(out);
+    auto title = [&] { sink.Latin1(sheet.Title(), HtmlChar); };
+    sink << "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n<title>";
+    title();
+    sink << "</title>\n<style>\n"
+            "body{margin:0;font-family:Arial,'Liberation Sans',sans-serif;background:#808080}\n"
+            "h1{font-size:11pt;margin:0;padding:4px 8px;background:#f0f0f0}\n"
+            ".wrap{overflow:auto;height:calc(100vh - 28px)}\n"
+            "table{border-collapse:separate;border-spacing:0;table-layout:fixed;"
+            "font-size:"
+         << sheet.FontDecipoints() / 10 << '.' << sheet.FontDecipoints() % 10
+         << "pt;background:#ffffff}\n"
+            "td{border-right:1px solid #c0c0c0;border-bottom:1px solid #c0c0c0;overflow:hidden;"
+            "white-space:pre;padding:0;height:16px}\n"
+            "tr.h td{position:sticky;top:0;background:#f0f0f0;border-bottom:1px solid #000;"
+            "z-index:1}\n"
+            "td.l{position:sticky;left:0;background:#f0f0f0;border-right:1px solid #000}\n"
+            "tr.h td.l{z-index:2}\n"
+            "</style></head><body>\n<h1>";
+    title();
+    sink << " <small>(";
+    for (char c : report)
+        HtmlChar(sink, c);
+    sink << ")</small></h1>\n<div class=\"wrap\"><table>\n<colgroup>";
     for (int c = 0; c < sheet.Cols(); ++c) {
         int w = sheet.ColWidth(c);
-        out += "<col style=\"width:" + std::to_string(w < 0 ? 64 : TwipsToPixels(w)) + "px\">";
+        sink << "<col style=\"width:" << (w < 0 ? 64 : TwipsToPixels(w)) << "px\">";
     }
-    out += "</colgroup>\n";
+    sink << "</colgroup>\n";
     for (int r = 0; r < sheet.Rows(); ++r) {
-        out += r == 0 ? "<tr class=\"h\"" : "<tr";
+        sink << (r == 0 ? "<tr class=\"h\"" : "<tr");
         int h = sheet.RowHeight(r);
-        if (h >= 0) out += " style=\"height:" + std::to_string(TwipsToPixels(h)) + "px\"";
-        out += ">";
+        if (h >= 0) sink << " style=\"height:" << TwipsToPixels(h) << "px\"";
+        sink << '>';
         for (int c = 0; c < sheet.Cols(); ++c) {
-            out += c == 0 ? "<td class=\"l\"" : "<td";
+            sink << (c == 0 ? "<td class=\"l\"" : "<td");
             Rgb back = sheet.BackColor(r, c);
             Rgb fore = sheet.ForeColor(r, c);
             if (back != kDefaultColour || fore != kDefaultColour) {
-                out += " style=\"";
-                if (back != kDefaultColour) out += "background:" + HexColour(back) + ";";
-                if (fore != kDefaultColour) out += "color:" + HexColour(fore) + ";";
-                out += "\"";
+                sink << " style=\"";
+                if (back != kDefaultColour) {
+                    sink << "background:";
+                    sink.Hex(back) << ';';
+                }
+                if (fore != kDefaultColour) {
+                    sink << "color:";
+                    sink.Hex(fore) << ';';
+                }
+                sink << '"';
             }
-            out += ">" + HtmlEscape(Latin1ToUtf8(sheet.Text(r, c))) + "</td>";
+            sink << '>';
+            if (!sheet.IsEmpty(r, c)) sink.Latin1(sheet.Text(r, c), HtmlChar);
+            sink << "</td>";
         }
-        out += "</tr>\n";
+        sink << "</tr>\n";
     }
-    out += "</table></div>\n";
+    sink << "</table></div>\n";
     for (const SheetLabel& label : sheet.Labels()) {
-        out += "<p style=\"margin:4px 0;padding:2px 4px;background:" +
-               (label.back ? HexColour(label.back) : std::string("#f0f0f0")) +
-               (label.fore ? ";color:" + HexColour(label.fore) : std::string()) + "\">" +
-               HtmlEscape(Latin1ToUtf8(label.text)) + "</p>\n";
+        sink << "<p style=\"margin:4px 0;padding:2px 4px;background:";
+        if (label.back)
+            sink.Hex(label.back);
+        else
+            sink << "#f0f0f0";
+        if (label.fore) {
+            sink << ";color:";
+            sink.Hex(label.fore);
+        }
+        sink << "\">";
+        sink.Latin1(label.text, HtmlChar);
+        sink << "</p>\n";
     }
-    out +=
-        "<script>var w=document.querySelector('.wrap');"
-        "w.scrollTop=w.scrollHeight;</script>\n</body></html>\n";
-    return out;
+    sink << "<script>var w=document.querySelector('.wrap');"
+            "w.scrollTop=w.scrollHeight;</script>\n</body></html>\n";
 }
 
-std::string FormatSheetJson(const ReportSheet& sheet, std::string_view report) {
-    using nlohmann::ordered_json;
-    ordered_json doc;
-    doc["report"] = std::string(report);
-    doc["title"] = Latin1ToUtf8(sheet.Title());
-    doc["rows"] = sheet.Rows();
-    doc["cols"] = sheet.Cols();
-    ordered_json widths = ordered_json::array();
+void WriteSheetJson(const ReportSheet& sheet, std::string_view report, std::ostream& out) {
+    Sink sink(out);
+    JsonWriter json(sink);
+    json.BeginObject();
+    json.Key("report");
+    json.String(report);
+    json.Key("title");
+    json.Latin1String(sheet.Title());
+    json.Key("rows");
+    json.Number(sheet.Rows());
+    json.Key("cols");
+    json.Number(sheet.Cols());
+    json.Key("colWidths");
+    json.BeginArray();
     for (int c = 0; c < sheet.Cols(); ++c)
-        widths.push_back(sheet.ColWidth(c));
-    doc["colWidths"] = std::move(widths);
-    ordered_json heights = ordered_json::array();
-    for (auto [row, twips] : sheet.ExplicitRowHeights())
-        heights.push_back({row, twips});
-    doc["rowHeights"] = std::move(heights);
-    ordered_json cells = ordered_json::array();
-    auto colour = [](Rgb c) -> ordered_json {
-        if (c == kDefaultColour) return nullptr;
-        return HexColour(c);
-    };
+        json.Number(sheet.ColWidth(c));
+    json.EndArray();
+    json.Key("rowHeights");
+    json.BeginArray();
+    for (auto [row, twips] : sheet.ExplicitRowHeights()) {
+        json.BeginArray();
+        json.Number(row);
+        json.Number(twips);
+        json.EndArray();
+    }
+    json.EndArray();
+    json.Key("cells");
+    json.BeginArray();
     for (int r = 0; r < sheet.Rows(); ++r) {
         for (int c = 0; c < sheet.Cols(); ++c) {
             Rgb back = sheet.BackColor(r, c);
             Rgb fore = sheet.ForeColor(r, c);
-            if (sheet.IsEmpty(r, c) && back == kDefaultColour && fore == kDefaultColour) continue;
-            cells.push_back({r, c, Latin1ToUtf8(sheet.Text(r, c)), colour(back), colour(fore)});
+            bool empty = sheet.IsEmpty(r, c);
+            if (empty && back == kDefaultColour && fore == kDefaultColour) continue;
+            json.BeginArray();
+            json.Number(r);
+            json.Number(c);
+            json.Latin1String(empty ? std::string() : sheet.Text(r, c));
+            json.Colour(back);
+            json.Colour(fore);
+            json.EndArray();
         }
     }
-    doc["cells"] = std::move(cells);
-    return doc.dump() + "\n";
+    json.EndArray();
+    json.EndObject();
+    sink << '\n';
+}
+
+void WriteSheet(const ReportSheet& sheet, SheetFormat format, std::string_view report, int tail,
+                std::ostream& out) {
+    switch (format) {
+        case SheetFormat::Text:
+            out << FormatSheetText(sheet, tail);
+            break;
+        case SheetFormat::Csv:
+            WriteSheetCsv(sheet, out);
+            break;
+        case SheetFormat::Html:
+            WriteSheetHtml(sheet, report, out);
+            break;
+        case SheetFormat::Json:
+            WriteSheetJson(sheet, report, out);
+            break;
+    }
+}
+
+std::string FormatRangeTsv(const ReportSheet& sheet, int top, int left, int bottom, int right) {
+    top = std::max(top, 0), left = std::max(left, 0);
+    bottom = std::min(bottom, sheet.Rows() - 1), right = std::min(right, sheet.Cols() - 1);
+    std::ostringstream os;
+    {
+        Sink sink(os);
+        for (int r = top; r <= bottom; ++r) {
+            for (int c = left; c <= right; ++c) {
+                if (c > left) sink << '\t';
+                // A tab or line break inside a cell would split it.
+                sink.Latin1(sheet.Text(r, c), [](Sink& s, char ch) {
+                    s << (ch == '\t' || ch == '\n' || ch == '\r' ? ' ' : ch);
+                });
+            }
+            sink << '\n';
+        }
+    }
+    return std::move(os).str();
+}
+
+std::string FormatRangeHtml(const ReportSheet& sheet, int top, int left, int bottom, int right) {
+    top = std::max(top, 0), left = std::max(left, 0);
+    bottom = std::min(bottom, sheet.Rows() - 1), right = std::min(right, sheet.Cols() - 1);
+    std::ostringstream os;
+    {
+        Sink sink(os);
+        sink << "<table style=\"border-collapse:collapse\">\n";
+        for (int r = top; r <= bottom; ++r) {
+            sink << "<tr>";
+            for (int c = left; c <= right; ++c) {
+                sink << "<td";
+                Rgb back = sheet.BackColor(r, c);
+                Rgb fore = sheet.ForeColor(r, c);
+                if (back != kDefaultColour || fore != kDefaultColour) {
+                    sink << " style=\"";
+                    if (back != kDefaultColour) {
+                        sink << "background:";
+                        sink.Hex(back) << ';';
+                    }
+                    if (fore != kDefaultColour) {
+                        sink << "color:";
+                        sink.Hex(fore) << ';';
+                    }
+                    sink << '"';
+                }
+                sink << '>';
+                sink.Latin1(sheet.Text(r, c), HtmlChar);
+                sink << "</td>";
+            }
+            sink << "</tr>\n";
+        }
+        sink << "</table>\n";
+    }
+    return std::move(os).str();
+}
+
+std::string FormatSheetCsv(const ReportSheet& sheet) {
+    return ToString([&](std::ostream& os) { WriteSheetCsv(sheet, os); });
+}
+
+std::string FormatSheetHtml(const ReportSheet& sheet, std::string_view report) {
+    return ToString([&](std::ostream& os) { WriteSheetHtml(sheet, report, os); });
+}
+
+std::string FormatSheetJson(const ReportSheet& sheet, std::string_view report) {
+    return ToString([&](std::ostream& os) { WriteSheetJson(sheet, report, os); });
 }
 
 }  // namespace numarel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <iosfwd>
 #include <string>
 #include <string_view>
 
@@ -29,6 +30,21 @@ std::string FormatSheetHtml(const ReportSheet& sheet, std::string_view report);
 // {"report", "title", "rows", "cols", "colWidths", "rowHeights", "cells": [[row, col, text,
 // back, fore], ...]} with colours as "#rrggbb" or null for the default.
 std::string FormatSheetJson(const ReportSheet& sheet, std::string_view report);
+
+// The same, written to `out` as they are made, a block at a time: a sheet of millions of cells
+// never exists as one document in memory.
+void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out);
+void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostream& out);
+void WriteSheetJson(const ReportSheet& sheet, std::string_view report, std::ostream& out);
+// One of the four, by `format`; `tail` is for the text format only.
+void WriteSheet(const ReportSheet& sheet, SheetFormat format, std::string_view report, int tail,
+                std::ostream& out);
+
+// A block of cells, rows `top` to `bottom` and columns `left` to `right` (inclusive, clipped to
+// the sheet), as tab-separated lines in UTF-8.
+std::string FormatRangeTsv(const ReportSheet& sheet, int top, int left, int bottom, int right);
+// The same block as an HTML table that keeps the cells' colours when pasted into a spreadsheet.
+std::string FormatRangeHtml(const ReportSheet& sheet, int top, int left, int bottom, int right);
 
 // Cell texts are single-byte text; this turns them into UTF-8.
 std::string Latin1ToUtf8(std::string_view text);

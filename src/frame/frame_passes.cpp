@@ -31,6 +31,10 @@ void ResetSheet(ReportSheet& sheet, int drawCount, int rows, int lastBlankCol) {
 
 void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work,
                DigitColumns columns) {
+    // Every label is a text of its own; without room made for them up front, the pool's
+    // doubling would leave a full history with nearly twice the room the labels need.
+    constexpr std::size_t kOtherTexts = 256;
+    sheet.ReserveTexts(std::min(drawings.size(), kMaxDrawings) + kOtherTexts);
     CurrentDigits digits{0, 0, 0};
     int row = 1;
     for (const DrawRecord& record : drawings) {

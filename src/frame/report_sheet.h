@@ -67,6 +67,8 @@ public:
             SetText(row, col, std::to_string(value));
     }
     std::string Text(int row, int col) const;
+    // Makes room for `count` different texts in all (numbers do not count).
+    void ReserveTexts(std::size_t count) { pool_.Reserve(count); }
     bool IsEmpty(int row, int col) const { return Handle(row, col) == 0; }
     // True when the cell's text is exactly `text`.
     bool TextIs(int row, int col, std::string_view text) const {
@@ -78,6 +80,11 @@ public:
             return NumberIs(h, text);
         }
         return pool_.View(h) == text;
+    }
+    // True when two cells hold the same text: a number cell and a text cell never do, as a text
+    // that is a plain number is always kept as a number.
+    bool SameText(int row, int col, int otherRow, int otherCol) const {
+        return Handle(row, col) == Handle(otherRow, otherCol);
     }
     // The number at the start of the cell's text, blanks ignored; 0 for an empty or non-numeric
     // text.

@@ -33,8 +33,8 @@ std::string_view TextPool::Store(std::string_view text) {
     return {at, text.size()};
 }
 
-void TextPool::Grow() {
-    std::vector<std::uint32_t> slots(std::max<std::size_t>(64, slots_.size() * 2), 0);
+void TextPool::Grow(std::size_t slotCount) {
+    std::vector<std::uint32_t> slots(slotCount, 0);
     const std::size_t mask = slots.size() - 1;
     for (std::uint32_t handle = 1; handle <= views_.size(); ++handle) {
         std::size_t i = Hash(views_[handle - 1]) & mask;
@@ -45,9 +45,32 @@ void TextPool::Grow() {
     slots_ = std::move(slots);
 }
 
+void TextPool::Reserve(std::size_t count) {
+    views_.reserve(count);
+    values_.reserve(count);
+    // The table is kept at most half full, as Intern keeps it.
+    std::size_t slotCount = std::max<std::size_t>(64, slots_.size());
+    while ((count + 1) * 2 > slotCount)
+        slotCount *= 2;
+    if (slotCount != slots_.size()) Grow(slotCount);
+}
+
 std::uint32_t TextPool::Intern(std::string_view text) {
+    if (text.size() <= 3) {
+        std::uint32_t key = static_cast<std::uint32_t>(text.size());
+        for (std::size_t k = 0; k < text.size(); ++k)
+            key |= static_cast<std::uint32_t>(static_cast<unsigned char>(text[k])) << (8 * (k + 1));
+        ShortText& entry = shortTexts_[(key * 2654435769u) >> (32 - kShortBits)];
+        if (entry.key == key) return last_ = entry.handle;
+        entry = {key, InternHashed(text)};
+        return entry.handle;
+    }
+    return InternHashed(text);
+}
+
+std::uint32_t TextPool::InternHashed(std::string_view text) {
     if (last_ != 0 && views_[last_ - 1] == text) return last_;
-    if ((views_.size() + 1) * 2 > slots_.size()) Grow();
+    if ((views_.size() + 1) * 2 > slots_.size()) Grow(std::max<std::size_t>(64, slots_.size() * 2));
     const std::size_t mask = slots_.size() - 1;
     std::size_t i = Hash(text) & mask;
     while (slots_[i] != 0) {

@@ -2,7 +2,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -27,9 +29,11 @@ QColor ButtonText() {
     return QApplication::palette().color(QPalette::ButtonText);
 }
 
+constexpr int kZoomSteps[] = {50, 67, 75, 90, 100, 110, 125, 150, 175, 200, 250, 300, 400};
+
 class SheetDelegate final : public QStyledItemDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    explicit SheetDelegate(GridView* view) : QStyledItemDelegate(view), view_(view) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
@@ -46,11 +50,45 @@ public:
             painter->setBrush(Qt::NoBrush);
             painter->drawRect(option.rect.adjusted(1, 1, -3, -3));
         }
+        // A block of more than one cell is shaded; a single cell shows only its focus frame.
+        QRect selection = view_->Selection();
+        if (selection.width() * selection.height() > 1 &&
+            selection.contains(SheetModel::SheetCol(index), SheetModel::SheetRow(index)))
+            painter->fillRect(option.rect, QColor(0, 90, 200, 70));
         painter->restore();
     }
+
+private:
+    GridView* view_;
 };
 
 }  // namespace
+
+int NextZoomStep(int percent, int direction) {
+    if (direction > 0) {
+        for (int step : kZoomSteps)
+            if (step > percent) return step;
+        return GridView::kMaxZoom;
+    }
+    for (auto it = std::rbegin(kZoomSteps); it != std::rend(kZoomSteps); ++it)
+        if (*it < percent) return *it;
+    return GridView::kMinZoom;
+}
+
+int ZoomForKey(int percent, const QKeyEvent& event) {
+    if (!(event.modifiers() & Qt::ControlModifier)) return percent;
+    switch (event.key()) {
+        case Qt::Key_Plus:
+        case Qt::Key_Equal:
+            return NextZoomStep(percent, +1);
+        case Qt::Key_Minus:
+            return NextZoomStep(percent, -1);
+        case Qt::Key_0:
+            return 100;
+        default:
+            return percent;
+    }
+}
 
 void PaintSheetCell(QPainter* painter, const QRect& rect, const QString& text, const QColor& back,
                     const QColor& fore, const QColor& line, bool leftAligned) {
@@ -159,16 +197,17 @@ void GridView::SetSheet(ReportSheet* sheet) {
 
 void GridView::ApplySheetLayout() {
     const ReportSheet& sheet = *model_->Sheet();
-    QFont font = DesignFont(sheet.FontDecipoints() / 10.0);
+    QFont font = DesignFont(sheet.FontDecipoints() * zoom_ / 1000.0);
     setFont(font);
     columns_->setFont(font);
     rows_->setFont(font);
 
-    auto widthPx = [this](int twips) {
-        return TwipsToPixelsX(this, twips < 0 ? kDefaultColWidthTwips : twips);
+    auto zoomed = [this](int twips) { return (twips * zoom_ + 50) / 100; };
+    auto widthPx = [&](int twips) {
+        return TwipsToPixelsX(this, zoomed(twips < 0 ? kDefaultColWidthTwips : twips));
     };
-    auto heightPx = [this](int twips) {
-        return TwipsToPixelsY(this, twips < 0 ? kDefaultRowHeightTwips : twips);
+    auto heightPx = [&](int twips) {
+        return TwipsToPixelsY(this, zoomed(twips < 0 ? kDefaultRowHeightTwips : twips));
     };
     // Sized in bulk without a relayout per section; the view is laid out once at the end.
     QSignalBlocker blockColumns(columns_);
@@ -233,8 +272,73 @@ int GridView::RowPixels(int row) const {
     return rows_->isSectionHidden(row - 1) ? 0 : rows_->sectionSize(row - 1);
 }
 
+void GridView::SetZoom(int percent) {
+    percent = std::clamp(percent, kMinZoom, kMaxZoom);
+    if (percent == zoom_) return;
+    zoom_ = percent;
+    if (!model_->Sheet()) return;
+    int top = TopRow();
+    ApplySheetLayout();
+    if (top > 0) verticalScrollBar()->setValue(rows_->sectionPosition(top - 1));
+}
+
+QRect GridView::Selection() const {
+    QModelIndex current = currentIndex();
+    if (!current.isValid()) return {};
+    int col = SheetModel::SheetCol(current), row = SheetModel::SheetRow(current);
+    return QRect(QPoint(std::min(col, anchor_.x()), std::min(row, anchor_.y())),
+                 QPoint(std::max(col, anchor_.x()), std::max(row, anchor_.y())));
+}
+
+QMenu* GridView::BuildContextMenu(QWidget* parent) {
+    auto* menu = new QMenu(parent);
+    menu->addAction(QStringLiteral("Copy\tCtrl+C"), this, &GridView::CopyRequested);
+    menu->addAction(QStringLiteral("Save as CSV..."), this, &GridView::SaveCsvRequested);
+    menu->addAction(QStringLiteral("Save as HTML..."), this, &GridView::SaveHtmlRequested);
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("Zoom in\tCtrl++"), this,
+                    [this] { SetZoom(NextZoomStep(zoom_, +1)); })
+        ->setEnabled(zoom_ < kMaxZoom);
+    menu->addAction(QStringLiteral("Zoom out\tCtrl+-"), this,
+                    [this] { SetZoom(NextZoomStep(zoom_, -1)); })
+        ->setEnabled(zoom_ > kMinZoom);
+    menu->addAction(QStringLiteral("Actual size (100 %)\tCtrl+0"), this, [this] { SetZoom(100); })
+        ->setEnabled(zoom_ != 100);
+    return menu;
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    // Shift + click extends the selection; it neither marks a cell nor counts as a press.
+    if (event->button() == Qt::LeftButton && (event->modifiers() & Qt::ShiftModifier)) {
+        QModelIndex index = indexAt(event->position().toPoint());
+        if (index.isValid()) {
+            StopFollowingTopRow();
+            extending_ = true;
+            selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+            extending_ = false;
+            viewport()->update();
+        }
+        event->accept();
+        return;
+    }
+    QTableView::mousePressEvent(event);
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* menu = BuildContextMenu(this);
+    menu->exec(event->globalPos());
+    delete menu;
+}
+
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
+    if (current.isValid() && !extending_) {
+        bool wasBlock = Selection().width() * Selection().height() > 1;
+        anchor_ = QPoint(SheetModel::SheetCol(current), SheetModel::SheetRow(current));
+        if (wasBlock) viewport()->update();
+    } else if (extending_) {
+        viewport()->update();
+    }
     if (ReportSheet* sheet = model_->Sheet(); sheet && current.isValid())
         sheet->SetCurrentCell(SheetModel::SheetRow(current), SheetModel::SheetCol(current));
 }
@@ -250,16 +354,33 @@ void GridView::resizeEvent(QResizeEvent* event) {
 }
 
 void GridView::wheelEvent(QWheelEvent* event) {
+    if (event->modifiers() & Qt::ControlModifier) {
+        int dy = event->angleDelta().y();
+        if (dy != 0) SetZoom(NextZoomStep(zoom_, dy > 0 ? +1 : -1));
+        event->accept();
+        return;
+    }
     StopFollowingTopRow();
     QTableView::wheelEvent(event);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
+    if (int zoom = ZoomForKey(zoom_, *event); zoom != zoom_) {
+        SetZoom(zoom);
+        return;
+    }
+    if (event->matches(QKeySequence::Copy)) {
+        emit CopyRequested();
+        return;
+    }
     StopFollowingTopRow();
-    // The current cell moves with the keys and the view follows it.
+    // The current cell moves with the keys and the view follows it; with Shift it drags the
+    // selection along.
+    extending_ = event->modifiers() & Qt::ShiftModifier;
     setAutoScroll(true);
     QTableView::keyPressEvent(event);
     setAutoScroll(false);
+    extending_ = false;
 }
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {

@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QHeaderView>
+#include <QRect>
 #include <QTableView>
 
 #include "frame/report_sheet.h"
 #include "platform/sheet_model.h"
+
+class QKeyEvent;
+class QMenu;
 
 namespace numarel {
 
@@ -24,6 +28,15 @@ protected:
 private:
     int thickness_ = 20;
 };
+
+// The zoom steps of a grid, in percent: the step after `percent` in `direction` (+1 or -1),
+// between 50 and 400. Ctrl + wheel and Ctrl + "+" and "-" move between them, Ctrl + "0" returns to
+// 100, the designed geometry.
+int NextZoomStep(int percent, int direction);
+
+// Whether a key press is one of the zoom keys, and the zoom it asks for from `percent`; the
+// grid and the drawings editor share them. Returns `percent` for any other key.
+int ZoomForKey(int percent, const QKeyEvent& event);
 
 // The on-screen table behind a report sheet: a fixed header row and label column, per-cell back
 // and fore colours, column widths and row heights from the sheet's twips, the sheet's font, the
@@ -63,7 +76,27 @@ public:
     int ColumnPixels(int col) const;
     int RowPixels(int row) const;
 
+    // Scales font, column widths and row heights together; 100 is the designed geometry.
+    static constexpr int kMinZoom = 50;
+    static constexpr int kMaxZoom = 400;
+    int Zoom() const { return zoom_; }
+    void SetZoom(int percent);
+
+    // The block of cells from the anchor (where the last plain click or move left the current
+    // cell) to the current cell, which Shift + click and Shift + arrows extend. x is the sheet
+    // column, y the sheet row.
+    QRect Selection() const;
+
+    // The right-click menu: Copy, Save as CSV..., Save as HTML... and the zoom steps. The caller
+    // shows and deletes it.
+    QMenu* BuildContextMenu(QWidget* parent);
+
 signals:
+    // Ctrl+C or the menu's Copy: the selection is wanted on the clipboard.
+    void CopyRequested();
+    // The menu's Save as CSV... and Save as HTML...
+    void SaveCsvRequested();
+    void SaveHtmlRequested();
     // A mouse button went down on a cell; the current cell is already that cell. Sheet coordinates.
     void CellPressed(int row, int col);
     // A double click on a cell or on a header cell of the fixed row. Sheet coordinates.
@@ -76,6 +109,8 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void ApplySheetLayout();
@@ -89,6 +124,9 @@ private:
     QWidget* corner_ = nullptr;
     int topRow_ = 1;
     bool followTopRow_ = false;
+    int zoom_ = 100;
+    QPoint anchor_{1, 1};     // sheet column, row
+    bool extending_ = false;  // the current cell moves with Shift: the anchor stays
 };
 
 // Fills one cell of a sheet: its colours, its text centred (left-aligned where it does not fit),

@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QMimeData>
 #include <filesystem>
 
 namespace numarel {
@@ -76,6 +77,12 @@ public:
         QClipboard* clipboard = QGuiApplication::clipboard();
         clipboard->clear();
         clipboard->setText(text);
+    }
+    void SetTable(const QString& text, const QString& html) override {
+        auto* data = new QMimeData;
+        data->setText(text);
+        data->setHtml(html);
+        QGuiApplication::clipboard()->setMimeData(data);
     }
     QString Text() override { return QGuiApplication::clipboard()->text(); }
 };

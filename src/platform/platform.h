@@ -54,6 +54,9 @@ public:
     virtual ~Clipboard() = default;
     // Replaces whatever the clipboard held with plain text.
     virtual void SetText(const QString& text) = 0;
+    // Replaces it with a block of cells: tab-separated text, and the same as an HTML table for
+    // programs that keep colours.
+    virtual void SetTable(const QString& text, const QString& html) = 0;
     // The clipboard's plain text; empty when it holds none.
     virtual QString Text() = 0;
 };

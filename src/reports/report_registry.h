@@ -118,13 +118,25 @@ std::span<const ReportDefinition> ShapeReports();
 std::span<const ReportDefinition> Recommend320StraightReports();
 std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
 // Subsystem 8
+std::span<const ReportDefinition> RecommendThreeDigitsReports();
+std::span<const ReportDefinition> RecommendTwoDigitsReports();
+std::span<const ReportDefinition> FormulaDigitGroupsReports();
 std::span<const ReportDefinition> DigitFormulaReports();
 std::span<const ReportDefinition> RecommendOneDigitReports();
+// Subsystem 9
+std::span<const ReportDefinition> PairsChartReports();
+std::span<const ReportDefinition> BoxNumberPairReports();
+std::span<const ReportDefinition> FixedPairListReports();
+std::span<const ReportDefinition> InheritTwoDigitsReports();
 // Subsystem 10
 std::span<const ReportDefinition> SumLinesReports();
 std::span<const ReportDefinition> SumWidthTypeReports();
 std::span<const ReportDefinition> SumWidthRegionReports();
 std::span<const ReportDefinition> RecommendNumberSumReports();
+std::span<const ReportDefinition> BoxNumberShapeReports();
+std::span<const ReportDefinition> BoxSmallMiddleLargeReports();
+std::span<const ReportDefinition> FourModelsReports();
+std::span<const ReportDefinition> AdditionMultiplicationReports();
 // Subsystem 11
 std::span<const ReportDefinition> DigitClassSumReports();
 

@@ -10,7 +10,10 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
+#include <QWheelEvent>
+#include <algorithm>
 
+#include "platform/grid_view.h"
 #include "platform/sheet_model.h"
 #include "platform/twips.h"
 #include "shell/import_dialog.h"
@@ -129,8 +132,6 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
     table_ = new QTableView(this);
     table_->setObjectName(QStringLiteral("MSFlexGrid1"));
     table_->setModel(&model_);
-    table_->setFont(DesignFont(8.25));
-    table_->horizontalHeader()->setFont(DesignFont(8.25));
     table_->verticalHeader()->hide();
     table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table_->horizontalHeader()->setHighlightSections(false);
@@ -138,9 +139,6 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
     table_->horizontalHeader()->setStretchLastSection(true);
     // Whole rows at the top, as the table scrolls by rows.
     table_->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
-    table_->verticalHeader()->setDefaultSectionSize(TwipsToPixelsY(this, 255));
-    for (int col = 0; col < DrawingsTable::kCols; ++col)
-        table_->setColumnWidth(col, TwipsToPixelsX(this, kColumnTwips[col]));
     table_->setSelectionMode(QAbstractItemView::NoSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setTabKeyNavigation(false);
@@ -150,12 +148,14 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
     cellBox_ = new QLineEdit(table_->viewport());
     cellBox_->setObjectName(QStringLiteral("Text1"));
     cellBox_->setFrame(false);
-    cellBox_->setFont(DesignFont(8.25));
     QPalette boxPalette = cellBox_->palette();
     boxPalette.setColor(QPalette::Base, ToQColor(kCellBoxBack));
     cellBox_->setPalette(boxPalette);
     cellBox_->hide();
     cellBox_->installEventFilter(this);
+    zoom_ = 0;
+    SetZoom(100);
+    table_->viewport()->installEventFilter(this);
 
     connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& current, const QModelIndex& previous) {
@@ -436,6 +436,21 @@ void DrawingsEditor::AskAndExit() {
         accept();
 }
 
+void DrawingsEditor::SetZoom(int percent) {
+    percent = std::clamp(percent, GridView::kMinZoom, GridView::kMaxZoom);
+    if (percent == zoom_) return;
+    zoom_ = percent;
+    auto zoomed = [this](int twips) { return (twips * zoom_ + 50) / 100; };
+    QFont font = DesignFont(8.25 * zoom_ / 100.0);
+    table_->setFont(font);
+    table_->horizontalHeader()->setFont(font);
+    cellBox_->setFont(font);
+    table_->verticalHeader()->setDefaultSectionSize(TwipsToPixelsY(this, zoomed(255)));
+    for (int col = 0; col < DrawingsTable::kCols; ++col)
+        table_->setColumnWidth(col, TwipsToPixelsX(this, zoomed(kColumnTwips[col])));
+    PlaceCellBox();
+}
+
 void DrawingsEditor::ShowError(const Status& status) {
     session_.platform.messages.Show(this, QStringLiteral("Error:"), ToQString(status.message()),
                                     MessageIcon::Warning);
@@ -448,8 +463,19 @@ void DrawingsEditor::keyPressEvent(QKeyEvent* event) {
 }
 
 bool DrawingsEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == table_->viewport() && event->type() == QEvent::Wheel) {
+        auto* wheel = static_cast<QWheelEvent*>(event);
+        if (!(wheel->modifiers() & Qt::ControlModifier) || wheel->angleDelta().y() == 0)
+            return QDialog::eventFilter(watched, event);
+        SetZoom(NextZoomStep(zoom_, wheel->angleDelta().y() > 0 ? +1 : -1));
+        return true;
+    }
     if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
     auto* key = static_cast<QKeyEvent*>(event);
+    if ((watched == table_ || watched == cellBox_) && ZoomForKey(zoom_, *key) != zoom_) {
+        SetZoom(ZoomForKey(zoom_, *key));
+        return true;
+    }
     if (watched == table_ && cellBox_->isVisible() && !key->text().isEmpty() &&
         key->text().at(0).isPrint() && !(key->modifiers() & Qt::ControlModifier)) {
         // Typing on the table goes into the box over the current cell.

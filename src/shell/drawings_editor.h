@@ -74,6 +74,11 @@ public:
     // The table's right-click menu entry: published results, previewed, into the table.
     void ImportResults();
 
+    // Scales the table's font, column widths and row heights together, 50 to 400; 100 is the
+    // designed size. Ctrl + wheel and Ctrl + "+", "-", "0" on the table do the same.
+    void SetZoom(int percent);
+    int Zoom() const { return zoom_; }
+
 protected:
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -97,6 +102,7 @@ private:
     QLabel* lotteryLabel_;
     QAction* importResults_;
     Status loadStatus_;
+    int zoom_ = 100;
 };
 
 }  // namespace numarel

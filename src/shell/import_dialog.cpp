@@ -149,8 +149,9 @@ ImportDialog::ImportDialog(Session& session, std::vector<DrawRecord> tableDrawin
     help->setObjectName(QStringLiteral("help"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(help, &QPushButton::clicked, this,
-            [this] { OpenHelpPage(session_.platform.launcher, session_.folder, kHelpPage); });
+    connect(help, &QPushButton::clicked, this, [this] {
+        OpenHelpPage(session_.platform.launcher, session_.folder, "Import_results");
+    });
     layout->addWidget(buttons);
 
     resize(760, 560);

@@ -23,8 +23,6 @@ namespace numarel {
 class ImportDialog : public QDialog {
     Q_OBJECT
 public:
-    static constexpr const char* kHelpPage = "Import_results";
-
     // `tableDrawings`: the drawings the editor's table holds now, which the import goes on from.
     ImportDialog(Session& session, std::vector<DrawRecord> tableDrawings,
                  QWidget* parent = nullptr);

@@ -28,6 +28,8 @@ constexpr int kGroupTop = 960;
 constexpr int kButtonPitch = 360;
 constexpr int kButtonWidth = 2055;
 constexpr int kButtonHeight = 255;
+constexpr int kLabelLeft = 360;
+constexpr int kWebViewLeft = 4800;
 
 }  // namespace
 
@@ -45,7 +47,7 @@ MainWindow::MainWindow(Session& session, ReportWindows& reports)
     lotteryLabel_ = new QLabel(this);
     lotteryLabel_->setObjectName(QStringLiteral("Label2"));
     lotteryLabel_->setFont(DesignFont(9, true));
-    lotteryLabel_->move(TwipsToPixelsX(this, 360), TwipsToPixelsY(this, 360));
+    lotteryLabel_->move(TwipsToPixelsX(this, kLabelLeft), TwipsToPixelsY(this, 360));
     SetLotteryLabel(current.label);
 
     BuildGroupButtons();
@@ -144,7 +146,7 @@ void MainWindow::BuildCommandButtons() {
 void MainWindow::BuildWebView() {
     webView_ = new QTextBrowser(this);
     webView_->setObjectName(QStringLiteral("WebBrowser1"));
-    PlaceAt(webView_, 4800, 240, 4455, 4095);
+    PlaceAt(webView_, kWebViewLeft, 240, 4455, 4095);
     // Local pages are shown here; pages of the web go to the system's browser.
     webView_->setOpenLinks(false);
     connect(webView_, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) {
@@ -172,7 +174,13 @@ void MainWindow::showEvent(QShowEvent* event) {
 
 void MainWindow::SetLotteryLabel(const std::string& label) {
     session_.lotteryLabel = label;
-    lotteryLabel_->setText(ToQString(label));
+    // The label ends where the web view begins; a longer name is elided and shown whole as the
+    // tooltip.
+    const int room = TwipsToPixelsX(this, kWebViewLeft - kLabelLeft - 60);
+    QString text = ToQString(label);
+    QString shown = lotteryLabel_->fontMetrics().elidedText(text, Qt::ElideRight, room);
+    lotteryLabel_->setText(shown);
+    lotteryLabel_->setToolTip(shown == text ? QString() : text);
     lotteryLabel_->adjustSize();
 }
 

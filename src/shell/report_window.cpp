@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <vector>
 
+#include "cli/sheet_format.h"
 #include "frame/frame_passes.h"
 #include "platform/grid_view.h"
 #include "platform/twips.h"
@@ -93,6 +94,31 @@ void ReportWindow::BuildControls() {
 
     connect(grid_, &GridView::CellPressed, this, &ReportWindow::OnCellPressed);
     connect(grid_, &GridView::CellDoubleClicked, this, &ReportWindow::OnCellDoubleClicked);
+    connect(grid_, &GridView::CopyRequested, this, &ReportWindow::CopySelection);
+    connect(grid_, &GridView::SaveCsvRequested, this, [this] { SaveSheetAs(false); });
+    connect(grid_, &GridView::SaveHtmlRequested, this, [this] { SaveSheetAs(true); });
+}
+
+void ReportWindow::CopySelection() {
+    QRect block = grid_->Selection();
+    if (block.isEmpty()) return;
+    session_.platform.clipboard.SetTable(
+        QString::fromStdString(
+            FormatRangeTsv(sheet_, block.top(), block.left(), block.bottom(), block.right())),
+        QString::fromStdString(
+            FormatRangeHtml(sheet_, block.top(), block.left(), block.bottom(), block.right())));
+}
+
+void ReportWindow::SaveSheetAs(bool html) {
+    FileDialogRequest request;
+    request.title = html ? QStringLiteral("Save as HTML") : QStringLiteral("Save as CSV");
+    request.filter = html ? QStringLiteral("HTML page|*.html") : QStringLiteral("CSV file|*.csv");
+    request.presetName = ToQString(definition_.title) + (html ? ".html" : ".csv");
+    QString path = session_.platform.files.SaveFile(this, request);
+    if (path.isEmpty()) return;
+    std::string text = html ? FormatSheetHtml(sheet_, definition_.object) : FormatSheetCsv(sheet_);
+    Status s = WriteFileSafely(path.toStdString(), text);
+    if (!s.ok()) ShowError(ToQString(s.message()));
 }
 
 Status ReportWindow::Load() {

@@ -70,6 +70,10 @@ private:
     void OnCellPressed(int row, int col);
     void OnCellDoubleClicked(int row, int col);
     void OnExtraButton();
+    // Ctrl+C: the selected block as text and as an HTML table.
+    void CopySelection();
+    // The whole sheet into a file the user chooses, as the command line writes it.
+    void SaveSheetAs(bool html);
     void ShowError(const QString& text);
 
     const ReportDefinition& definition_;

@@ -1,5 +1,7 @@
 #include "shell/welcome_window.h"
 
+#include <QButtonGroup>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -39,6 +41,10 @@ WelcomeWindow::WelcomeWindow(Session& session, std::function<void()> start)
     type->setObjectName(QStringLiteral("Option1"));
     type->setFont(DesignFont(10.5, true));
     type->setChecked(true);
+    // The only kind of lottery: an exclusive group keeps it selected whatever is clicked.
+    auto* types = new QButtonGroup(this);
+    types->setExclusive(true);
+    types->addButton(type);
     PlaceAt(type, 480, 263, 3255, 375);
 
     auto* home = new QPushButton(QStringLiteral("Home Page"), this);
@@ -56,6 +62,7 @@ WelcomeWindow::WelcomeWindow(Session& session, std::function<void()> start)
         if (start_) start_();
         close();
     });
+    startButton_ = startButton;
 
     auto* version = new QLabel(QStringLiteral("v15.1"), this);
     version->setObjectName(QStringLiteral("Label2"));
@@ -65,6 +72,14 @@ WelcomeWindow::WelcomeWindow(Session& session, std::function<void()> start)
     version->setPalette(palette);
     version->adjustSize();
     version->move(TwipsToPixelsX(this, 3480), TwipsToPixelsY(this, 1320));
+}
+
+void WelcomeWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        startButton_->click();
+        return;
+    }
+    QWidget::keyPressEvent(event);
 }
 
 void WelcomeWindow::paintEvent(QPaintEvent* event) {

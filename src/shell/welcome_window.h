@@ -5,6 +5,8 @@
 
 #include "shell/session.h"
 
+class QPushButton;
+
 namespace numarel {
 
 // The first window of a run: the lottery type, the publisher's home page and Start, which opens
@@ -20,8 +22,11 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    // Return presses Start, as in a dialog.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    QPushButton* startButton_ = nullptr;
     Session& session_;
     std::function<void()> start_;
 };

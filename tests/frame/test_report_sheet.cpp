@@ -17,6 +17,13 @@ TEST(ReportSheet, NumbersAreWrittenAsTextAndTextIsKeptAsTyped) {
     EXPECT_EQ(RowTexts(sheet, 1, 1, 2), (std::vector<std::string>{"32767", "-12"}));
     EXPECT_TRUE(sheet.TextIs(1, 1, "32767"));
     EXPECT_FALSE(sheet.TextIs(0, 1, "7"));
+    // A number and the same text written as text are one text; leading zeros make another.
+    sheet.SetText(0, 2, "32767");
+    EXPECT_TRUE(sheet.SameText(1, 1, 0, 2));
+    EXPECT_FALSE(sheet.SameText(0, 1, 0, 2));
+    sheet.SetText(1, 0, "007");
+    EXPECT_TRUE(sheet.SameText(1, 0, 0, 1));
+    EXPECT_TRUE(sheet.SameText(0, 0, 5, 5));  // empty, and outside the sheet
     sheet.SetBackColor(1, 1, MakeRgb(255, 0, 0));
     EXPECT_EQ(sheet.BackColor(1, 1), 0xFF0000u);
     sheet.SetBackColor(1, 1, kDefaultColour);
@@ -118,6 +125,45 @@ TEST(TextPool, EachTextOnceAndViewsSurviveGrowth) {
     EXPECT_EQ(pool.View(big), longText);
     TextPool moved = std::move(pool);
     EXPECT_EQ(moved.View(first), " 2020001:123");
+}
+
+// Short texts are looked up apart from the rest; many of them share places there and still
+// keep one handle each.
+TEST(TextPool, ShortTextsKeepOneHandleEach) {
+    TextPool pool;
+    std::vector<std::string> texts = {"E", "O", "2E", "E2", "H"};
+    for (int i = 0; i < 1000; ++i)
+        texts.push_back(std::string(1, static_cast<char>('0' + i / 100)) +
+                        static_cast<char>('0' + i / 10 % 10) + static_cast<char>('0' + i % 10));
+    std::vector<std::uint32_t> handles;
+    for (const std::string& t : texts)
+        handles.push_back(pool.Intern(t));
+    for (std::size_t i = texts.size(); i-- > 0;) {
+        EXPECT_EQ(pool.Intern(texts[i]), handles[i]) << texts[i];
+        EXPECT_EQ(pool.View(handles[i]), texts[i]);
+    }
+    EXPECT_EQ(pool.Size(), texts.size());
+}
+
+// Room made for a known number of texts: those already in keep their handles, and filling the
+// pool to that number takes no more memory than reserving did.
+TEST(TextPool, ReserveKeepsTextsAndIsEnough) {
+    TextPool pool;
+    const std::uint32_t first = pool.Intern("Amount");
+    pool.Reserve(40000);
+    const std::size_t reserved = pool.MemoryBytes();
+    EXPECT_EQ(pool.Intern("Amount"), first);
+    std::size_t characters = 0;
+    for (int i = 1; i < 40000; ++i) {
+        const std::string text = std::to_string(i) + ":";
+        pool.Intern(text);
+        characters += text.size();
+    }
+    EXPECT_EQ(pool.Size(), 40000u);
+    EXPECT_EQ(pool.Intern("Amount"), first);
+    EXPECT_EQ(pool.Intern("39999:"), 40000u);
+    // Only chunks of characters were added: at most one more than the characters fill.
+    EXPECT_LT(pool.MemoryBytes() - reserved, characters + 64 * 1024);
 }
 
 }  // namespace

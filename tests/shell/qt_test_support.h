@@ -46,6 +46,7 @@ public:
     std::vector<FileDialogRequest> dialogs;
     std::vector<bool> saveDialogs;   // per dialog: a save dialog
     std::vector<QString> clipboard;  // every text set; the last one is what Text() reads
+    QString clipboardHtml;           // the HTML of the last table put on the clipboard
     std::vector<QUrl> opened;
     // What the person does in each dialog of the program's own, in order; the result is whether
     // the dialog was accepted.
@@ -78,6 +79,10 @@ public:
     bool Run(QDialog& dialog) override {
         auto run = Next(dialogRuns, "dialog");
         return run && run(dialog);
+    }
+    void SetTable(const QString& text, const QString& html) override {
+        clipboard.push_back(text);
+        clipboardHtml = html;
     }
     void Open(const QUrl& url) override { opened.push_back(url); }
 

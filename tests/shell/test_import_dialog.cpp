@@ -124,7 +124,7 @@ TEST_F(ImportResultsTest, AFileCanReplaceTheTableWithTheOptionsGiven) {
     auto e = Editor();
     const auto source = dir.path() / "week.txt";
     WriteFile(source, "When;Day;Night\n2021-06-02;5-5-5;6-6-6\n2021-06-01;1-1-1;2-2-2\n");
-    WriteFile(folder.HelpPage(ImportDialog::kHelpPage), "<html></html>");
+    WriteFile(folder.HelpPage("Import_results"), "<html></html>");
     scripted.chosen = {QString(), QString::fromStdString(source.string())};
     scripted.dialogRuns.push_back([&](QDialog& d) {
         auto& dialog = static_cast<ImportDialog&>(d);

@@ -1,6 +1,8 @@
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTextBrowser>
 
 #include "shell/main_window.h"
@@ -225,6 +227,45 @@ TEST_F(MainWindowTest, StartOpensTheMainWindowAndClosesTheWelcome) {
     EXPECT_TRUE(welcome.isNull());
     ASSERT_FALSE(main.isNull());
     EXPECT_TRUE(main->isVisible());
+}
+
+TEST_F(MainWindowTest, TheLotteryTypeStaysSelectedAndReturnStarts) {
+    int started = 0;
+    QPointer<WelcomeWindow> welcome = new WelcomeWindow(*session, [&] { ++started; });
+    welcome->show();
+    auto* type = welcome->findChild<QRadioButton*>(QStringLiteral("Option1"));
+    ASSERT_NE(type, nullptr);
+    type->click();
+    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+    QKeyEvent spaceUp(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+    QApplication::sendEvent(type, &space);
+    QApplication::sendEvent(type, &spaceUp);
+    EXPECT_TRUE(type->isChecked());
+    EXPECT_EQ(started, 0);
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(type, &enter);
+    testing::Drain();
+    EXPECT_EQ(started, 1);
+    EXPECT_TRUE(welcome.isNull());
+}
+
+TEST_F(MainWindowTest, ALongLotteryNameIsElidedBeforeTheWebViewAndShownWholeAsATip) {
+    const std::string name(60, 'W');
+    WriteFile(folder.DataDir() / (name + ".txt"), "2020001 1 2 3\r\n");
+    WriteSelection(folder.SelectionFile(), name + ".txt");
+    MainWindow* w = Make();
+    QLabel* label = w->LotteryLabel();
+    auto* web = w->findChild<QTextBrowser*>();
+    ASSERT_NE(web, nullptr);
+    EXPECT_LE(label->geometry().right(), web->geometry().left());
+    EXPECT_TRUE(label->text().endsWith(QChar(0x2026))) << label->text().toStdString();
+    EXPECT_EQ(label->toolTip().toStdString(), "Lottery:" + name + ".");
+    // A short name is shown whole, without a tip.
+    MainWindow* shortName = nullptr;
+    WriteSelection(folder.SelectionFile(), "Demo.txt");
+    shortName = Make();
+    EXPECT_EQ(Label(shortName), "Lottery:Demo.");
+    EXPECT_TRUE(shortName->LotteryLabel()->toolTip().isEmpty());
 }
 
 }  // namespace

@@ -25,8 +25,8 @@ constexpr std::uint32_t Values(std::initializer_list<int> values) {
     return mask;
 }
 
-// A number line: its values 0..lastValue stand in columns firstCol.., and the values the class
-// can never reach are narrowed and left empty.
+// A number line: its values 0..lastValue stand in columns firstCol.., each headed with its value;
+// the columns of values the class can never reach are narrowed, and no drawing marks them.
 struct NumberLine {
     int firstCol;
     int lastValue;
@@ -87,12 +87,8 @@ const DigitClassSums kRemainderBy5 = {
 void LayOutNumberLine(ReportSheet& sheet, const NumberLine& line) {
     for (int v = 0; v <= line.lastValue; ++v) {
         int col = line.firstCol + v;
-        if (line.unreachable & (1u << v)) {
-            sheet.SetColWidth(col, kNarrowWidth);
-        } else {
-            sheet.SetColWidth(col, kValueWidth);
-            sheet.SetNumber(0, col, v);
-        }
+        sheet.SetColWidth(col, line.unreachable & (1u << v) ? kNarrowWidth : kValueWidth);
+        sheet.SetNumber(0, col, v);
     }
 }
 

@@ -1,0 +1,70 @@
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/frame_passes.h"
+#include "frame/number_classes.h"
+#include "reports/report_registry.h"
+
+namespace numarel {
+namespace {
+
+constexpr int kCols = 9;
+constexpr int kFirstModelCol = 5;
+constexpr int kLastModelCol = 8;
+constexpr std::string_view kHitMarker = "*************";
+
+// Each model is the Big and Small tally joined to the Odd and Even tally: "2B1S;2O1E" is two Big
+// digits and two Odd ones.
+constexpr std::string_view kModels[] = {"2B1S;2O1E", "2B1S;2E1O", "2S1B;2O1E", "2S1B;2E1O"};
+
+void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
+    sheet.SetCols(kCols);
+    sheet.SetColWidth(0, 1218);
+    for (int c = 1; c <= 3; ++c)
+        sheet.SetColWidth(c, 300);
+    for (int c = kFirstModelCol; c <= kLastModelCol; ++c)
+        sheet.SetColWidth(c, 1178);
+    sheet.SetColWidth(4, 30);
+
+    const int drawCount = CountDrawings(drawings);
+    // Room for the statistic rows from the start, so that adding them does not move the sheet.
+    sheet.SetRows(drawCount + 6);
+    ResetSheet(sheet, drawCount, drawCount + 2);
+    FillSheet(sheet, drawings);
+
+    sheet.SetText(0, 1, "H");
+    sheet.SetText(0, 2, "T");
+    sheet.SetText(0, 3, "U");
+    for (int c = kFirstModelCol; c <= kLastModelCol; ++c)
+        sheet.SetText(0, c, kModels[c - kFirstModelCol]);
+    FinishLoad(sheet);
+
+    // A drawing hits the model whose header is its own pair of tallies; three Big, three Small,
+    // three Odd or three Even digits match no header.
+    std::vector<std::string> models;
+    for (int c = kFirstModelCol; c <= kLastModelCol; ++c)
+        models.push_back(sheet.Text(0, c));
+    for (int r = 1; r <= drawCount; ++r) {
+        const CurrentDigits digits = {sheet.CellNumber(r, 1), sheet.CellNumber(r, 2),
+                                      sheet.CellNumber(r, 3)};
+        const std::string tallies = TallyString(digits, ClassPair::BigSmall) + ';' +
+                                    TallyString(digits, ClassPair::OddEven);
+        for (std::size_t i = 0; i < models.size(); ++i)
+            if (models[i] == tallies)
+                sheet.SetText(r, kFirstModelCol + static_cast<int>(i), kHitMarker);
+    }
+    FillMissCounters(sheet, kFirstModelCol, kLastModelCol);
+    AddStatisticRows(sheet, kLastModelCol, kHitMarker);
+}
+
+}  // namespace
+
+std::span<const ReportDefinition> FourModelsReports() {
+    static constexpr ReportDefinition kReports[] = {
+        {.object = "frmxingtai1", .title = "Four Models", .build = Build},
+    };
+    return kReports;
+}
+
+}  // namespace numarel

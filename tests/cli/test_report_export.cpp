@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "cli/cli_app.h"
+#include "cli/report_names.h"
+#include "reports/command_table.h"
+#include "reports/report_registry.h"
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::ReadAll;
+using testing::TempDir;
+
+struct CliResult {
+    int code;
+    std::string out;
+    std::string err;
+};
+
+CliResult Cli(const std::vector<std::string>& args, const std::filesystem::path& folder) {
+    std::vector<const char*> argv{"numarel-cli"};
+    for (const std::string& a : args)
+        argv.push_back(a.c_str());
+    std::ostringstream out, err;
+    int code = RunCli(static_cast<int>(argv.size()), argv.data(), folder, out, err);
+    return {code, out.str(), err.str()};
+}
+
+TEST(ReportNames, ObjectsAndCaptionsInAnyCase) {
+    struct Case {
+        std::string_view name;
+        std::string_view object;  // empty: no report
+    } cases[] = {
+        {"frmrenwenleng", "frmrenwenleng"},
+        {"FRMRENWENLENG", "frmrenwenleng"},
+        {"Cold Warm Hot", "frmrenwenleng"},
+        {"cold warm hot", "frmrenwenleng"},
+        {"Sum of Odd-Sum of Even", "frmbjiouhe"},
+        {"cold warm", ""},       // a part of a caption is not a name
+        {"cold  warm hot", ""},  // nor is a caption with other blanks
+        {"", ""},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(FindReportByName(c.name), c.object) << c.name;
+}
+
+TEST(ReportNames, ClosestCaptionsPutTheLikelyOneFirst) {
+    EXPECT_EQ(ClosestCaptions("cold wram hot", 1).front(), "Cold Warm Hot");
+    EXPECT_EQ(ClosestCaptions("warm", 1).front(), "Cold Warm Hot");
+    auto five = ClosestCaptions("zzzz");
+    EXPECT_EQ(five.size(), 5u);
+}
+
+TEST(ReportCommand, NamesVersionAndUnknownNames) {
+    TempDir dir;
+    auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 0 0 0\r\n");
+    CliResult byObject =
+        Cli({"report", "frmbjiouhe", "--data", data.string(), "--format", "csv"}, dir.path());
+    CliResult byCaption =
+        Cli({"report", "sum of odd-sum of even", "--data", data.string(), "--format", "csv"},
+            dir.path());
+    ASSERT_EQ(byObject.code, 0) << byObject.err;
+    EXPECT_EQ(byCaption.code, 0) << byCaption.err;
+    EXPECT_EQ(byCaption.out, byObject.out);
+
+    CliResult unknown = Cli({"report", "cold wram hot", "--data", data.string()}, dir.path());
+    EXPECT_EQ(unknown.code, 1);
+    EXPECT_NE(unknown.err.find("\"Cold Warm Hot\""), std::string::npos) << unknown.err;
+    EXPECT_EQ(std::count(unknown.err.begin(), unknown.err.end(), '\n'), 1);
+    EXPECT_TRUE(unknown.out.empty());
+
+    CliResult version = Cli({"--version"}, dir.path());
+    EXPECT_EQ(version.code, 0);
+    EXPECT_TRUE(version.out.starts_with("numarel-cli ")) << version.out;
+}
+
+std::size_t BuiltReports() {
+    std::size_t n = 0;
+    for (ReportFamily family : ReportFamilies())
+        n += family().size();
+    return n;
+}
+
+TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
+    TempDir dir;
+    auto data = dir.Write("Mine.txt", "2020001 1 2 3\r\n2020002 4 5 6\r\n2020003 0 0 0\r\n");
+    auto folder = dir.path() / "out";
+    for (std::string format : {"html", "csv", "json"}) {
+        CliResult run = Cli({"report", "--all", "--data", data.string(), "--format", format,
+                             "--output", (folder / format).string()},
+                            dir.path());
+        EXPECT_EQ(run.code, 0) << run.err;
+        std::size_t files = 0;
+        for (auto& entry : std::filesystem::directory_iterator(folder / format)) {
+            EXPECT_EQ(entry.path().extension(), "." + format);
+            ++files;
+        }
+        EXPECT_EQ(files, BuiltReports() + (format == "html" ? 1 : 0)) << format;
+    }
+    EXPECT_EQ(
+        ReadAll(folder / "csv" / "frmbjiouhe.csv"),
+        Cli({"report", "frmbjiouhe", "--data", data.string(), "--format", "csv"}, dir.path()).out);
+    std::string index = ReadAll(folder / "html" / "index.html");
+    // Groups in the main window's order, each report linked where its group lists it.
+    std::size_t at = 0;
+    for (const GroupButton& group : GroupButtons()) {
+        std::string caption(group.caption);
+        if (auto amp = caption.find('&'); amp != std::string::npos) caption.insert(amp + 1, "amp;");
+        std::size_t found = index.find("<h2>" + caption + "</h2>", at);
+        ASSERT_NE(found, std::string::npos) << group.caption;
+        at = found;
+    }
+    EXPECT_NE(index.find("<a href=\"frmrenwenleng.html\">Cold Warm Hot</a>"), std::string::npos);
+}
+
+TEST(ReportCommand, AllGoesOnPastAFailureAndSaysSo) {
+    TempDir dir;
+    auto data = dir.Write("Mine.txt", "2020001 1 2 3\r\n");
+    auto folder = dir.path() / "out";
+    std::filesystem::create_directories(folder / "frmbjiouhe.csv");  // cannot become a file
+    CliResult run = Cli({"report", "--all", "--data", data.string(), "--format", "csv", "--output",
+                         folder.string()},
+                        dir.path());
+    EXPECT_EQ(run.code, 1);
+    EXPECT_NE(run.err.find("frmbjiouhe"), std::string::npos) << run.err;
+    EXPECT_TRUE(std::filesystem::exists(folder / "frmrenwenleng.csv"));
+
+    CliResult noFolder = Cli({"report", "--all", "--data", data.string()}, dir.path());
+    EXPECT_EQ(noFolder.code, 1);
+}
+
+}  // namespace
+}  // namespace numarel

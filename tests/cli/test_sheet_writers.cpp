@@ -1,0 +1,120 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "cli/sheet_format.h"
+#include "data/drawings_file.h"
+#include "reports/report_registry.h"
+
+namespace numarel {
+namespace {
+
+// The exchange format built the plain way, as one document in memory.
+std::string ReferenceJson(const ReportSheet& sheet, std::string_view report) {
+    using nlohmann::ordered_json;
+    auto colour = [](Rgb c) -> ordered_json {
+        if (c == kDefaultColour) return nullptr;
+        char buf[8];
+        std::snprintf(buf, sizeof buf, "#%06x", static_cast<unsigned>(c & 0xFFFFFF));
+        return std::string(buf);
+    };
+    ordered_json doc;
+    doc["report"] = std::string(report);
+    doc["title"] = Latin1ToUtf8(sheet.Title());
+    doc["rows"] = sheet.Rows();
+    doc["cols"] = sheet.Cols();
+    doc["colWidths"] = ordered_json::array();
+    for (int c = 0; c < sheet.Cols(); ++c)
+        doc["colWidths"].push_back(sheet.ColWidth(c));
+    doc["rowHeights"] = ordered_json::array();
+    for (auto [row, twips] : sheet.ExplicitRowHeights())
+        doc["rowHeights"].push_back({row, twips});
+    ordered_json cells = ordered_json::array();
+    for (int r = 0; r < sheet.Rows(); ++r)
+        for (int c = 0; c < sheet.Cols(); ++c) {
+            Rgb back = sheet.BackColor(r, c), fore = sheet.ForeColor(r, c);
+            if (sheet.IsEmpty(r, c) && !back && !fore) continue;
+            cells.push_back({r, c, Latin1ToUtf8(sheet.Text(r, c)), colour(back), colour(fore)});
+        }
+    doc["cells"] = std::move(cells);
+    return doc.dump() + "\n";
+}
+
+std::string StreamedJson(const ReportSheet& sheet, std::string_view report) {
+    std::ostringstream os;
+    WriteSheetJson(sheet, report, os);
+    return std::move(os).str();
+}
+
+// A sheet with every kind of text the escaping has to get right.
+ReportSheet AwkwardSheet() {
+    ReportSheet sheet(4, 5);
+    sheet.SetTitle("Caf\xe9 \"quoted\" \\ back");
+    const char* texts[] = {"",         "plain",    "a\"b",   "back\\slash", "tab\tand\nnewline",
+                           "\x01\x1f", "\xe9\xff", "</td>&", " 12 ",        "-7"};
+    int i = 0;
+    for (int r = 0; r < 2; ++r)
+        for (int c = 0; c < 5; ++c)
+            sheet.SetText(r, c, texts[i++ % 10]);
+    sheet.SetNumber(2, 1, 32767);
+    sheet.SetBackColor(3, 3, MakeRgb(255, 0, 0));  // a coloured empty cell still counts
+    sheet.SetForeColor(2, 1, MakeRgb(0, 0, 0x12));
+    sheet.SetColWidth(0, 1290);
+    sheet.SetColWidth(4, 2);
+    sheet.SetRowHeight(2, 300);
+    return sheet;
+}
+
+TEST(SheetWriters, StreamedJsonEqualsTheDocumentBuiltInMemory) {
+    ReportSheet empty;
+    ReportSheet awkward = AwkwardSheet();
+    ReportSheet defaults(3, 2);
+    struct Case {
+        const char* name;
+        const ReportSheet& sheet;
+    } cases[] = {{"empty", empty}, {"awkward", awkward}, {"defaults", defaults}};
+    for (const Case& c : cases)
+        EXPECT_EQ(StreamedJson(c.sheet, "frm\"x\\"), ReferenceJson(c.sheet, "frm\"x\\")) << c.name;
+}
+
+TEST(SheetWriters, StreamedJsonOfEveryReportOnAFullHistory) {
+    std::string text;
+    unsigned state = 12345;
+    for (std::size_t i = 0; i < kMaxDrawings; ++i) {
+        text += std::to_string(1000001 + i);
+        for (int d = 0; d < 3; ++d) {
+            state = state * 1664525u + 1013904223u;
+            text += ' ';
+            text += static_cast<char>('0' + (state >> 16) % 10);
+        }
+        text += "\r\n";
+    }
+    auto drawings = ParseDrawings(text);
+    ASSERT_EQ(drawings.size(), kMaxDrawings);
+    // The largest sheet, and one of another family.
+    for (std::string_view object : {"frmzuliu120", "frmbjiouhe", "frmrenwenleng"}) {
+        const ReportDefinition* def = FindReport(object);
+        if (!def) continue;
+        ReportSheet sheet;
+        BuildReport(*def, drawings, sheet);
+        std::string streamed = StreamedJson(sheet, object);
+        EXPECT_TRUE(streamed == ReferenceJson(sheet, object)) << object;
+        EXPECT_EQ(FormatSheetJson(sheet, object), streamed) << object;
+    }
+}
+
+TEST(SheetWriters, CsvQuotesOnlyWhatNeedsIt) {
+    ReportSheet sheet(2, 4);
+    sheet.SetText(0, 1, "a,b");
+    sheet.SetText(0, 2, "say \"hi\"");
+    sheet.SetText(0, 3, " 2020001:123");
+    sheet.SetText(1, 0, "\xe9");
+    sheet.SetNumber(1, 3, -5);
+    EXPECT_EQ(FormatSheetCsv(sheet),
+              ",\"a,b\",\"say \"\"hi\"\"\",\" 2020001:123\"\r\n\xc3\xa9,,,-5\r\n");
+}
+
+}  // namespace
+}  // namespace numarel

@@ -1,0 +1,176 @@
+// Every page the program opens by name is shipped in resources/help/, and every link between the
+// pages leads to a file that is there. A missing page gives the user no message at all, so these
+// tests are the only place where a misspelt or forgotten page name shows.
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "reports/command_table.h"
+
+namespace numarel {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Pages opened by the main window and the drawings editor rather than by a report.
+constexpr std::string_view kWindowPages[] = {"Numarelbook", "Numarel", "New_Lottery",
+                                             "Edit_Drawings", "Data_Download-Data_Import"};
+
+// The only host that pages may name; everything else must be a local file.
+constexpr std::string_view kPublisherHost = "http://www.numarel.example/";
+
+fs::path HelpDir() {
+    return fs::path(NUMAREL_SOURCE_DIR) / "resources" / "help";
+}
+
+std::string ReadFile(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+// "%20" and the like as written in an address, turned back into the file name's characters.
+std::string PercentDecoded(std::string_view text) {
+    std::string out;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '%' && i + 2 < text.size() &&
+            std::isxdigit(static_cast<unsigned char>(text[i + 1])) &&
+            std::isxdigit(static_cast<unsigned char>(text[i + 2]))) {
+            out += static_cast<char>(std::stoi(std::string(text.substr(i + 1, 2)), nullptr, 16));
+            i += 2;
+        } else {
+            out += text[i];
+        }
+    }
+    return out;
+}
+
+// The values of every href= and src= attribute in `html`, in double or single quotes.
+std::vector<std::string> LinkTargets(const std::string& html) {
+    std::vector<std::string> targets;
+    for (std::string_view attribute : {"href=", "src="}) {
+        for (size_t at = html.find(attribute); at != std::string::npos;
+             at = html.find(attribute, at + 1)) {
+            size_t open = at + attribute.size();
+            if (open >= html.size() || (html[open] != '"' && html[open] != '\'')) continue;
+            size_t close = html.find(html[open], open + 1);
+            if (close == std::string::npos) continue;
+            targets.push_back(html.substr(open + 1, close - open - 1));
+        }
+    }
+    return targets;
+}
+
+// Page names that the program's windows pass to OpenHelpPage as literals, and the start page
+// that the main window loads from the help folder: the first string literal after each call.
+std::set<std::string> PagesNamedInSources() {
+    std::set<std::string> names;
+    const fs::path sources = fs::path(NUMAREL_SOURCE_DIR) / "src";
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(sources)) {
+        if (entry.path().extension() != ".cpp") continue;
+        const std::string code = ReadFile(entry.path());
+        for (std::string_view call : {"OpenHelpPage(", "HelpDir() / \""}) {
+            for (size_t at = code.find(call); at != std::string::npos;
+                 at = code.find(call, at + 1)) {
+                const size_t end = code.find(';', at);
+                const size_t open = code.find('"', at);
+                if (open == std::string::npos || open > end) continue;  // a page from a variable
+                const size_t close = code.find('"', open + 1);
+                std::string name = code.substr(open + 1, close - open - 1);
+                if (name.ends_with(".htm")) name.resize(name.size() - 4);
+                names.insert(name);
+            }
+        }
+    }
+    return names;
+}
+
+std::vector<fs::path> ShippedPages() {
+    std::vector<fs::path> pages;
+    for (const fs::directory_entry& entry : fs::directory_iterator(HelpDir()))
+        if (entry.path().extension() == ".htm") pages.push_back(entry.path());
+    return pages;
+}
+
+TEST(HelpPages, EveryPageTheProgramOpensIsShipped) {
+    std::set<std::string> names(std::begin(kWindowPages), std::end(kWindowPages));
+    for (const CommandEntry& e : CommandTable())
+        if (!e.IsSeparator() && !e.helpPage.empty()) names.insert(std::string(e.helpPage));
+    // Forty report pages, some shared by a whole family, and the five pages of the windows.
+    EXPECT_EQ(names.size(), 45u);
+    for (const std::string& name : names)
+        EXPECT_TRUE(fs::is_regular_file(HelpDir() / (name + ".htm")))
+            << "missing help page \"" << name << ".htm\"";
+}
+
+TEST(HelpPages, EveryPageNamedInTheWindowsSourcesIsShipped) {
+    const std::set<std::string> named = PagesNamedInSources();
+    // The scan must see the windows' pages, or it proves nothing.
+    for (std::string_view page : kWindowPages)
+        EXPECT_TRUE(named.contains(std::string(page))) << page;
+    for (const std::string& name : named)
+        EXPECT_TRUE(fs::is_regular_file(HelpDir() / (name + ".htm")))
+            << "missing help page \"" << name << ".htm\"";
+}
+
+TEST(HelpPages, TheTrailingBlankOfAPageNameIsPartOfTheFileName) {
+    EXPECT_TRUE(fs::is_regular_file(HelpDir() / "Sum_or_difference_of_Pairs .htm"));
+    EXPECT_FALSE(fs::exists(HelpDir() / "Sum_or_difference_of_Pairs.htm"));
+}
+
+TEST(HelpPages, EveryLinkLeadsToAShippedPageAndSectionOrThePublisher) {
+    const std::vector<fs::path> pages = ShippedPages();
+    ASSERT_GE(pages.size(), 45u);
+    for (const fs::path& page : pages) {
+        for (const std::string& target : LinkTargets(ReadFile(page))) {
+            SCOPED_TRACE(page.filename().string() + " -> " + target);
+            if (target.find("://") != std::string::npos || target.starts_with("mailto:")) {
+                EXPECT_TRUE(target.starts_with(kPublisherHost));
+                continue;
+            }
+            const size_t hash = target.find('#');
+            std::string file = PercentDecoded(target.substr(0, hash));
+            const fs::path linked = file.empty() ? page : HelpDir() / file;
+            if (!fs::is_regular_file(linked)) {
+                ADD_FAILURE() << "no such file";
+                continue;
+            }
+            // A link to a section must find the section's id in the page it names.
+            if (hash != std::string::npos) {
+                EXPECT_NE(ReadFile(linked).find("id=\"" + target.substr(hash + 1) + "\""),
+                          std::string::npos);
+            }
+        }
+    }
+}
+
+TEST(HelpPages, PagesAreSmallHtmlWithTheSharedStyleAndNoScripts) {
+    for (const fs::path& page : ShippedPages()) {
+        SCOPED_TRACE(page.filename().string());
+        const std::string html = ReadFile(page);
+        EXPECT_TRUE(html.starts_with("<!DOCTYPE html>"));
+        EXPECT_NE(html.find("<title>"), std::string::npos);
+        EXPECT_EQ(html.find("<script"), std::string::npos);
+        if (page.filename() != "Numarel.htm") {
+            EXPECT_NE(html.find("href=\"numarel.css\""), std::string::npos);
+        }
+    }
+}
+
+TEST(HelpPages, PercentDecodingOfLinks) {
+    EXPECT_EQ(PercentDecoded("Sum_or_difference_of_Pairs%20.htm"),
+              "Sum_or_difference_of_Pairs .htm");
+    EXPECT_EQ(PercentDecoded("Cold_Warm_Hot.htm"), "Cold_Warm_Hot.htm");
+    EXPECT_EQ(PercentDecoded("a%2"), "a%2");
+}
+
+}  // namespace
+}  // namespace numarel
