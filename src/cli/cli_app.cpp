@@ -2,9 +2,11 @@
 
 #include <CLI/CLI.hpp>
 #include <cerrno>
+#include <iostream>
 #include <ostream>
 #include <sstream>
 
+#include "cli/import_command.h"
 #include "cli/report_export.h"
 #include "cli/sheet_format.h"
 #include "data/file_io.h"
@@ -171,6 +173,9 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
     export320->add_option("--data", data, "A drawings file instead of the current lottery");
     export320->add_option("--output", output, "Write to this file instead of standard output");
 
+    ImportCommand import;
+    AddImportCommand(app, import);
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
@@ -186,6 +191,7 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
 
     if (!OutputIsSafe(output, data, folder, err)) return 1;
 
+    if (*import.command) return RunImportCommand(import, folder, std::cin, out, err);
     if (*where) return Destination{}.Deliver(folder.root.string() + '\n', out, err);
     if (*list) return Destination{}.Deliver(ListCommands(), out, err);
 

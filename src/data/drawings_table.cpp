@@ -64,6 +64,21 @@ bool DrawingsTable::DeleteRow(int row) {
     return true;
 }
 
+std::span<const DrawRecord> DrawingsTable::Drawings() const {
+    return std::span<const DrawRecord>(rows_).first(ReportDrawCount(rows_));
+}
+
+int DrawingsTable::InsertDrawings(std::span<const DrawRecord> records) {
+    const std::size_t at = ReportDrawCount(rows_);
+    rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(at), records.begin(), records.end());
+    return static_cast<int>(at);
+}
+
+void DrawingsTable::ReplaceWith(std::span<const DrawRecord> records) {
+    rows_.assign(records.begin(), records.end());
+    rows_.emplace_back();
+}
+
 Status DrawingsTable::Save(const std::filesystem::path& path) const {
     return WriteFileSafely(path, SaveBytes());
 }

@@ -47,6 +47,14 @@ public:
     bool DeleteRow(int row);
 
     std::span<const DrawRecord> Rows() const { return rows_; }
+    // The rows a report would see as drawings: those before the first end marker (an empty row
+    // is one).
+    std::span<const DrawRecord> Drawings() const;
+    // Puts `records` after the last drawing, so that an end marker and what follows it stay
+    // last. Returns the row of the first one.
+    int InsertDrawings(std::span<const DrawRecord> records);
+    // Every row replaced by `records`, and the empty row after them.
+    void ReplaceWith(std::span<const DrawRecord> records);
     // What Save writes: every row, the empty ones as end markers.
     std::string SaveBytes() const { return FormatDrawingsTable(rows_); }
     // Rewrites the file whole; the old file stays as it was when the new one cannot be written.

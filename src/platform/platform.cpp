@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QDialog>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QInputDialog>
@@ -81,6 +82,12 @@ public:
         data->setHtml(html);
         QGuiApplication::clipboard()->setMimeData(data);
     }
+    QString Text() override { return QGuiApplication::clipboard()->text(); }
+};
+
+class SystemModalDialogs final : public ModalDialogs {
+public:
+    bool Run(QDialog& dialog) override { return dialog.exec() == QDialog::Accepted; }
 };
 
 class SystemLauncher final : public Launcher {
@@ -113,7 +120,8 @@ Platform& SystemPlatform() {
     static SystemFileDialogs files;
     static SystemClipboard clipboard;
     static SystemLauncher launcher;
-    static Platform platform{messages, prompt, files, clipboard, launcher};
+    static SystemModalDialogs dialogs;
+    static Platform platform{messages, prompt, files, clipboard, launcher, dialogs};
     return platform;
 }
 

@@ -8,6 +8,7 @@
 #include "data/lottery_catalog.h"
 #include "data/user_message.h"
 
+class QDialog;
 class QLabel;
 class QMessageBox;
 class QWidget;
@@ -59,6 +60,16 @@ public:
     // Replaces it with a block of cells: tab-separated text, and the same as an HTML table for
     // programs that keep colours.
     virtual void SetTable(const QString& text, const QString& html) = 0;
+    // The clipboard's plain text; empty when it holds none.
+    virtual QString Text() = 0;
+};
+
+// Runs one of the program's own dialogs modally, as a person would answer it.
+class ModalDialogs {
+public:
+    virtual ~ModalDialogs() = default;
+    // True when the dialog was accepted.
+    virtual bool Run(QDialog& dialog) = 0;
 };
 
 class Launcher {
@@ -74,6 +85,7 @@ struct Platform {
     FileDialogs& files;
     Clipboard& clipboard;
     Launcher& launcher;
+    ModalDialogs& dialogs;
 };
 
 // The real dialogs, clipboard and default handler.

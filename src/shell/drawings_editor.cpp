@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
@@ -17,6 +18,7 @@
 #include "platform/grid_view.h"
 #include "platform/sheet_model.h"
 #include "platform/twips.h"
+#include "shell/import_dialog.h"
 #include "shell/publisher.h"
 
 namespace numarel {
@@ -73,6 +75,21 @@ void DrawingsTableModel::InsertBefore(int row) {
     beginInsertRows({}, row, row);
     table_.InsertBefore(row);
     endInsertRows();
+}
+
+int DrawingsTableModel::InsertDrawings(std::span<const DrawRecord> records) {
+    const int at = static_cast<int>(table_.Drawings().size());
+    if (records.empty()) return at;
+    beginInsertRows({}, at, at + static_cast<int>(records.size()) - 1);
+    table_.InsertDrawings(records);
+    endInsertRows();
+    return at;
+}
+
+void DrawingsTableModel::ReplaceWith(std::span<const DrawRecord> records) {
+    beginResetModel();
+    table_.ReplaceWith(records);
+    endResetModel();
 }
 
 bool DrawingsTableModel::DeleteRow(int row) {
@@ -198,6 +215,22 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
             });
     connect(AddButton("Command10", "Exit", kButtonLeft, 6240), &QPushButton::clicked, this,
             &DrawingsEditor::AskAndExit);
+
+    // Published results come in through the table's own menu, beside the designed buttons.
+    importResults_ = new QAction(QStringLiteral("Import results..."), this);
+    importResults_->setObjectName(QStringLiteral("caiImportResults"));
+    importResults_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
+    importResults_->setShortcutContext(Qt::WindowShortcut);
+    addAction(importResults_);
+    connect(importResults_, &QAction::triggered, this, &DrawingsEditor::ImportResults);
+    auto* tableMenu = new QMenu(this);
+    tableMenu->setObjectName(QStringLiteral("caiTable"));
+    tableMenu->addAction(importResults_);
+    table_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(table_, &QWidget::customContextMenuRequested, this,
+            [this, tableMenu](const QPoint& pos) {
+                tableMenu->popup(table_->viewport()->mapToGlobal(pos));
+            });
 
     lotteryLabel_ = new QLabel(this);
     lotteryLabel_->setObjectName(QStringLiteral("Label6"));
@@ -383,6 +416,25 @@ void DrawingsEditor::Import() {
     session_.platform.messages.Show(this, QString::fromLatin1(kFriendshipTip),
                                     QStringLiteral("The program has been imported."),
                                     MessageIcon::Information);
+}
+
+void DrawingsEditor::ImportResults() {
+    CommitCellBox();
+    std::span<const DrawRecord> drawings = model_.Table().Drawings();
+    ImportDialog dialog(session_, {drawings.begin(), drawings.end()}, this);
+    if (!session_.platform.dialogs.Run(dialog)) return;
+    const std::vector<DrawRecord>& added = dialog.Plan().added;
+    if (added.empty()) return;
+    int first = 0;
+    if (dialog.ReplaceTable())
+        model_.ReplaceWith(added);
+    else
+        first = model_.InsertDrawings(added);
+    // The last new drawing current, ready to be checked; Save writes them as always.
+    QModelIndex last = model_.index(first + static_cast<int>(added.size()) - 1, 0);
+    table_->setCurrentIndex(last);
+    table_->scrollTo(last);
+    EnterCell(last);
 }
 
 void DrawingsEditor::Download() {

@@ -9,6 +9,7 @@
 #include "frame/report_sheet.h"
 #include "shell/session.h"
 
+class QAction;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -30,6 +31,9 @@ public:
     void AddAtEnd();
     void InsertBefore(int row);
     bool DeleteRow(int row);
+    // Drawings after the table's last drawing; returns the row of the first.
+    int InsertDrawings(std::span<const DrawRecord> records);
+    void ReplaceWith(std::span<const DrawRecord> records);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -67,6 +71,8 @@ public:
     void Save();
     void Download();
     void AskAndExit();
+    // The table's right-click menu entry: published results, previewed, into the table.
+    void ImportResults();
 
     // Scales the table's font, column widths and row heights together, 50 to 400; 100 is the
     // designed size. Ctrl + wheel and Ctrl + "+", "-", "0" on the table do the same.
@@ -96,6 +102,7 @@ private:
     QTableView* table_;
     QLineEdit* cellBox_;
     QLabel* lotteryLabel_;
+    QAction* importResults_;
     Status loadStatus_;
     int zoom_ = 100;
     bool refusalPending_ = false;

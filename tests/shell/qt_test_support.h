@@ -30,7 +30,8 @@ class ScriptedPlatform final : public MessageBoxes,
                                public TextPrompt,
                                public FileDialogs,
                                public Clipboard,
-                               public Launcher {
+                               public Launcher,
+                               public ModalDialogs {
 public:
     struct Shown {
         QString title;
@@ -43,14 +44,17 @@ public:
     std::deque<QString> prompts;  // the text typed into each prompt; empty: cancelled
     std::deque<QString> chosen;   // the path chosen in each file dialog; empty: cancelled
     std::vector<FileDialogRequest> dialogs;
-    std::vector<bool> saveDialogs;  // per dialog: a save dialog
-    std::vector<QString> clipboard;
-    QString clipboardHtml;  // the HTML of the last table put on the clipboard
+    std::vector<bool> saveDialogs;   // per dialog: a save dialog
+    std::vector<QString> clipboard;  // every text set; the last one is what Text() reads
+    QString clipboardHtml;           // the HTML of the last table put on the clipboard
     std::vector<QUrl> opened;
+    // What the person does in each dialog of the program's own, in order; the result is whether
+    // the dialog was accepted.
+    std::deque<std::function<bool(QDialog&)>> dialogRuns;
     // Runs when a message is shown, for checks of the windows' state at that moment.
     std::function<void()> onShown;
 
-    Platform platform{*this, *this, *this, *this, *this};
+    Platform platform{*this, *this, *this, *this, *this, *this};
 
     void Show(QWidget*, const QString& title, const QString& text, MessageIcon icon) override {
         shown.push_back({title, text, icon});
@@ -71,6 +75,11 @@ public:
         return Dialog(request, true);
     }
     void SetText(const QString& text) override { clipboard.push_back(text); }
+    QString Text() override { return clipboard.empty() ? QString() : clipboard.back(); }
+    bool Run(QDialog& dialog) override {
+        auto run = Next(dialogRuns, "dialog");
+        return run && run(dialog);
+    }
     void SetTable(const QString& text, const QString& html) override {
         clipboard.push_back(text);
         clipboardHtml = html;
