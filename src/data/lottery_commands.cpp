@@ -35,7 +35,7 @@ LotteryChange NewLottery(const ProgramFolder& folder, std::string_view answer) {
         return change;
     }
     std::filesystem::create_directories(folder.DataDir(), ec);
-    if (Status created = WriteFileSafely(path, {}); !created.ok()) {
+    if (Status created = WriteFileSafely(path, std::string_view{}); !created.ok()) {
         change.message = {
             "Error:",
             "The lottery \"" + ShownName(name) + "\" could not be created. " + created.message(),
