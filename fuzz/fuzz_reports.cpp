@@ -7,8 +7,8 @@
 
 #include "cli/sheet_format.h"
 #include "data/drawings_file.h"
-#include "reports/report_registry.h"
 #include "reports/command_table.h"
+#include "reports/report_registry.h"
 
 namespace {
 
@@ -38,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (drawings.size() > kMaxDrawings) return 0;
 
     ReportSheet sheet;
-    BuildReport(def.object, drawings, sheet);
+    BuildReport(def, drawings, sheet);
     if (def.doubleClickText)
         for (int col = 0; col < sheet.Cols(); ++col)
             def.doubleClickText(sheet, col);

@@ -89,9 +89,14 @@ bool ResolveDataFile(const std::string& data, const ProgramFolder& folder,
         path = data;
         return true;
     }
+    // Only the desktop program changes the selection; here a selection that cannot be used is an
+    // error.
     CurrentLottery current = ResolveCurrentLottery(folder);
-    if (!current.notice.empty()) err << "numarel-cli: " << current.notice << '\n';
-    if (current.drawingsPath.empty()) return false;
+    if (!current.problem.empty()) {
+        err << "numarel-cli: " << current.problem
+            << "; give a drawings file with --data or select a lottery in the desktop program.\n";
+        return false;
+    }
     path = current.drawingsPath;
     return true;
 }

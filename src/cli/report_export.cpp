@@ -1,10 +1,13 @@
 #include "cli/report_export.h"
 
+#include <algorithm>
+#include <atomic>
 #include <exception>
 #include <functional>
 #include <ostream>
 #include <set>
 #include <system_error>
+#include <thread>
 
 #include "cli/report_names.h"
 #include "data/file_io.h"
@@ -156,28 +159,51 @@ int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
         err << "numarel-cli: cannot make the folder \"" << folder.string() << "\"\n";
         return 1;
     }
-    std::set<std::string_view> written;
-    int failures = 0;
-    for (ReportFamily family : ReportFamilies()) {
-        for (const ReportDefinition& def : family()) {
-            std::filesystem::path file = ExportedFile(folder, def.object, format);
-            std::string problem;
+    std::vector<DrawRecord> records;
+    if (Status s = ReadHistory(drawings, records); !s.ok()) {
+        err << "numarel-cli: " << s.message() << '\n';
+        return 1;
+    }
+    std::vector<const ReportDefinition*> reports;
+    for (ReportFamily family : ReportFamilies())
+        for (const ReportDefinition& def : family())
+            reports.push_back(&def);
+
+    // Each core takes the next report not yet taken; what went wrong is said afterwards in the
+    // order of the menus, so the output does not depend on which core was quicker.
+    std::vector<std::string> problems(reports.size());
+    std::atomic<std::size_t> next{0};
+    auto work = [&] {
+        for (std::size_t i = next++; i < reports.size(); i = next++) {
+            const ReportDefinition& def = *reports[i];
             try {
                 ReportSheet sheet;
-                Status s = RunReport(def.object, drawings, sheet);
-                if (s.ok()) s = WriteFileSafely(file, [&](std::ostream& os) {
-                    WriteSheet(sheet, format, def.object, 30, os);
-                });
-                if (!s.ok()) problem = s.message();
+                BuildReport(def, records, sheet);
+                Status s = WriteFileSafely(
+                    ExportedFile(folder, def.object, format),
+                    [&](std::ostream& os) { WriteSheet(sheet, format, def.object, 30, os); });
+                if (!s.ok()) problems[i] = s.message();
             } catch (const std::exception& e) {
-                problem = e.what();
+                problems[i] = e.what();
             }
-            if (problem.empty()) {
-                written.insert(def.object);
-            } else {
-                ++failures;
-                err << "numarel-cli: " << def.object << ": " << problem << '\n';
-            }
+        }
+    };
+    const unsigned cores = std::max(1u, std::thread::hardware_concurrency());
+    std::vector<std::thread> helpers;
+    for (unsigned k = 1; k < std::min<std::size_t>(cores, reports.size()); ++k)
+        helpers.emplace_back(work);
+    work();
+    for (std::thread& t : helpers)
+        t.join();
+
+    std::set<std::string_view> written;
+    int failures = 0;
+    for (std::size_t i = 0; i < reports.size(); ++i) {
+        if (problems[i].empty()) {
+            written.insert(reports[i]->object);
+        } else {
+            ++failures;
+            err << "numarel-cli: " << reports[i]->object << ": " << problems[i] << '\n';
         }
     }
     if (format == SheetFormat::Html) {

@@ -102,7 +102,7 @@ public:
         if (error_) return false;
         std::string_view pending(pbase(), static_cast<std::size_t>(pptr() - pbase()));
         setp(block_.get(), block_.get() + kBlock);
-        if (pending.empty() || WriteAll(fd_, pending)) return true;
+        if (WriteAll(fd_, pending)) return true;
         error_ = errno ? errno : EIO;
         return false;
     }
