@@ -100,7 +100,8 @@ void ReportSheet::Resize(int rows, int cols) {
     rows_ = rows;
     cols_ = cols;
     colWidths_.resize(static_cast<std::size_t>(cols), -1);
-    rowHeights_.resize(static_cast<std::size_t>(rows), -1);
+    // Most sheets keep the default height everywhere: their heights take no room at all.
+    if (!rowHeights_.empty()) rowHeights_.resize(static_cast<std::size_t>(rows), -1);
 }
 
 std::uint32_t ReportSheet::TextHandle(std::string_view text) {
@@ -194,19 +195,49 @@ int ReportSheet::ColWidth(int col) const {
 }
 
 void ReportSheet::SetRowHeight(int row, int twips) {
-    if (row >= 0 && row < rows_) rowHeights_[static_cast<std::size_t>(row)] = twips;
+    if (row < 0 || row >= rows_) return;
+    if (rowHeights_.empty()) rowHeights_.assign(static_cast<std::size_t>(rows_), -1);
+    rowHeights_[static_cast<std::size_t>(row)] = twips;
 }
 
 int ReportSheet::RowHeight(int row) const {
-    return row >= 0 && row < rows_ ? rowHeights_[static_cast<std::size_t>(row)] : -1;
+    return row >= 0 && row < rows_ && !rowHeights_.empty()
+               ? rowHeights_[static_cast<std::size_t>(row)]
+               : -1;
 }
 
 std::vector<std::pair<int, int>> ReportSheet::ExplicitRowHeights() const {
     std::vector<std::pair<int, int>> out;
-    for (int r = 0; r < rows_; ++r)
+    for (int r = 0; r < static_cast<int>(rowHeights_.size()); ++r)
         if (rowHeights_[static_cast<std::size_t>(r)] >= 0)
             out.emplace_back(r, rowHeights_[static_cast<std::size_t>(r)]);
     return out;
+}
+
+void ReportSheet::DropUnusedTexts() {
+    // Most sheets hold about a text a row or fewer: then the walk over the cells is not worth it.
+    const std::size_t texts = pool_.Size();
+    if (texts < 4096 || texts * 2 < static_cast<std::size_t>(rows_) * 3) return;
+    const std::size_t count = static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols_);
+    std::vector<std::uint32_t> remap(texts + 1, 0);
+    std::size_t used = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t h = cells_[i].text;
+        if (h != 0 && !(h & kNumberTag) && remap[h] == 0) {
+            remap[h] = 1;
+            ++used;
+        }
+    }
+    if (used * 4 > texts * 3) return;  // less than a quarter unused: keep the pool as it is
+    TextPool kept;
+    kept.Reserve(used);
+    for (std::uint32_t h = 1; h <= texts; ++h)
+        if (remap[h]) remap[h] = kept.Intern(pool_.View(h));
+    for (std::size_t i = 0; i < count; ++i) {
+        std::uint32_t& h = cells_[i].text;
+        if (h != 0 && !(h & kNumberTag)) h = remap[h];
+    }
+    pool_ = std::move(kept);
 }
 
 std::size_t ReportSheet::MemoryBytes() const {

@@ -78,6 +78,9 @@ public:
     std::string Text(int row, int col) const;
     // Makes room for `count` different texts in all (numbers do not count).
     void ReserveTexts(std::size_t count) { pool_.Reserve(count); }
+    // Lets go of the texts no cell holds any more, when they are many (a report that rewrites
+    // its labels leaves the first ones behind).
+    void DropUnusedTexts();
     bool IsEmpty(int row, int col) const { return Handle(row, col) == 0; }
     // True when the cell's text is exactly `text`.
     bool TextIs(int row, int col, std::string_view text) const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <stdexcept>
 
 #include "data/basic_text.h"
 
@@ -17,22 +18,34 @@ std::uint32_t TextPool::Hash(std::string_view text) {
     return static_cast<std::uint32_t>(h ^ (h >> 29));
 }
 
-std::string_view TextPool::Store(std::string_view text) {
+TextPool::Entry TextPool::Store(std::string_view text) {
     if (text.size() > kChunkBytes / 4) {  // a long text gets a block of its own
+        if (text.size() >= kLong) throw std::length_error("text too long for a sheet cell");
         blocks_.push_back(std::make_unique<char[]>(text.size()));
         std::memcpy(blocks_.back().get(), text.data(), text.size());
         blockBytes_ += text.size();
-        return {blocks_.back().get(), text.size()};
+        return {static_cast<std::uint32_t>(blocks_.size() - 1),
+                static_cast<std::uint32_t>(text.size()) | kLong};
     }
     if (chunkUsed_ + text.size() > kChunkBytes) {
         chunks_.push_back(std::make_unique<char[]>(kChunkBytes));
         chunkUsed_ = 0;
     }
-    char* at = chunks_.back().get() + chunkUsed_;
-    std::memcpy(at, text.data(), text.size());
+    std::memcpy(chunks_.back().get() + chunkUsed_, text.data(), text.size());
+    Entry e{static_cast<std::uint32_t>(((chunks_.size() - 1) << kChunkBits) | chunkUsed_),
+            static_cast<std::uint32_t>(text.size())};
     chunkUsed_ += text.size();
-    return {at, text.size()};
+    return e;
 }
+
+namespace {
+
+// True when `texts` texts need a larger table than `slots` slots.
+bool Crowded(std::size_t texts, std::size_t slots) {
+    return texts * 4 > slots * 3;
+}
+
+}  // namespace
 
 namespace {
 
@@ -59,11 +72,9 @@ void TextPool::Grow(std::size_t slotCount) {
 }
 
 void TextPool::Reserve(std::size_t count) {
-    views_.reserve(count);
-    values_.reserve(count);
-    // The table is kept at most half full, as Intern keeps it.
+    entries_.reserve(count);
     std::size_t slotCount = std::max<std::size_t>(64, slots_.size());
-    while ((count + 1) * 2 > slotCount)
+    while (Crowded(count + 1, slotCount))
         slotCount *= 2;
     if (slotCount != slots_.size()) Grow(slotCount);
 }
@@ -82,24 +93,24 @@ std::uint32_t TextPool::Intern(std::string_view text) {
 }
 
 std::uint32_t TextPool::InternHashed(std::string_view text) {
-    if (last_ != 0 && views_[last_ - 1] == text) return last_;
-    if ((views_.size() + 1) * 2 > slots_.size()) Grow(std::max<std::size_t>(64, slots_.size() * 2));
+    if (last_ != 0 && View(last_) == text) return last_;
+    if (slots_.empty() || Crowded(entries_.size() + 1, slots_.size()))
+        Grow(std::max<std::size_t>(64, slots_.size() * 2));
     const std::size_t mask = slots_.size() - 1;
     const std::uint32_t hash = Hash(text);
     std::size_t i = hash & mask;
     for (; slots_[i] != 0; i = (i + 1) & mask)
-        if (HashOf(slots_[i]) == hash && views_[HandleOf(slots_[i]) - 1] == text)
+        if (HashOf(slots_[i]) == hash && View(HandleOf(slots_[i])) == text)
             return last_ = HandleOf(slots_[i]);
-    views_.push_back(Store(text));
-    values_.push_back(std::numeric_limits<double>::quiet_NaN());
-    last_ = static_cast<std::uint32_t>(views_.size());
+    entries_.push_back(Store(text));
+    last_ = static_cast<std::uint32_t>(entries_.size());
     slots_[i] = (static_cast<std::uint64_t>(hash) << 32) | last_;
     return last_;
 }
 
 std::size_t TextPool::MemoryBytes() const {
     std::size_t bytes = chunks_.size() * kChunkBytes + blockBytes_;
-    bytes += views_.capacity() * sizeof(std::string_view) + values_.capacity() * sizeof(double);
+    bytes += entries_.capacity() * sizeof(Entry) + values_.capacity() * sizeof(double);
     bytes += slots_.capacity() * sizeof(std::uint64_t);
     return bytes;
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -23,36 +24,54 @@ public:
 
     // The handle of `text`, adding it when it is new. `text` must not be empty.
     std::uint32_t Intern(std::string_view text);
-    std::string_view View(std::uint32_t handle) const { return views_[handle - 1]; }
+    std::string_view View(std::uint32_t handle) const {
+        const Entry e = entries_[handle - 1];
+        if (e.size & kLong) return {blocks_[e.at].get(), e.size & ~kLong};
+        return {chunks_[e.at >> kChunkBits].get() + (e.at & (kChunkBytes - 1)), e.size};
+    }
     // The number at the start of the text, worked out the first time it is asked for: most texts
-    // (drawing labels above all) are never read as numbers.
+    // (drawing labels above all) are never read as numbers, and a pool none of whose texts is
+    // read keeps no values at all.
     double Value(std::uint32_t handle) const {
+        if (handle > values_.size())
+            values_.resize(entries_.size(), std::numeric_limits<double>::quiet_NaN());
         double& value = values_[handle - 1];
-        if (std::isnan(value)) value = LeadingValue(views_[handle - 1]);
+        if (std::isnan(value)) value = LeadingValue(View(handle));
         return value;
     }
-    std::size_t Size() const { return views_.size(); }
+    std::size_t Size() const { return entries_.size(); }
     // Makes room for `count` texts in all, so that a pool filled to a known size is not left
     // with twice the room it needs.
     void Reserve(std::size_t count);
     std::size_t MemoryBytes() const;
 
 private:
+    // Where a text's characters are: chunk and offset packed in `at`, or for a long text the
+    // index of its block, with kLong set in `size`. Eight bytes a text, a third of a view's.
+    struct Entry {
+        std::uint32_t at;
+        std::uint32_t size;
+    };
+    static constexpr std::uint32_t kLong = 0x80000000u;
+
     static std::uint32_t Hash(std::string_view text);
-    std::string_view Store(std::string_view text);
+    Entry Store(std::string_view text);
     void Grow(std::size_t slotCount);
     // Intern by the hash table alone.
     std::uint32_t InternHashed(std::string_view text);
 
-    static constexpr std::size_t kChunkBytes = 64 * 1024;
+    static constexpr int kChunkBits = 16;
+    static constexpr std::size_t kChunkBytes = std::size_t{1} << kChunkBits;
     std::vector<std::unique_ptr<char[]>> chunks_;  // characters, never moved once written
     std::size_t chunkUsed_ = kChunkBytes;
     std::vector<std::unique_ptr<char[]>> blocks_;  // long texts, one block each
     std::size_t blockBytes_ = 0;
-    std::vector<std::string_view> views_;
-    mutable std::vector<double> values_;  // NaN until worked out; a text's value is never NaN
-    // Open addressing; 0 is a free slot, else the text's hash (high half) and handle (low half),
-    // so that a probe passes over other texts, and growing places them, without reading them.
+    std::vector<Entry> entries_;
+    // NaN until worked out (a text's value is never NaN); made on the first Value.
+    mutable std::vector<double> values_;
+    // Open addressing, at most three quarters full; 0 is a free slot, else the text's hash (high
+    // half) and handle (low half), so that a probe passes over other texts, and growing places
+    // them, without reading them.
     std::vector<std::uint64_t> slots_;
     std::uint32_t last_ = 0;  // reports often write one text many times in a row
     // Letters, digits and markers of up to three characters make up most cells, a few of them

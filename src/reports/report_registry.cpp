@@ -57,6 +57,7 @@ const ReportDefinition* FindReport(std::string_view object) {
 void BuildReport(const ReportDefinition& definition, std::span<const DrawRecord> drawings,
                  ReportSheet& sheet) {
     definition.build(drawings, sheet);
+    sheet.DropUnusedTexts();
     sheet.SetTitle(std::string(definition.title));
 }
 
