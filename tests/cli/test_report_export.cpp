@@ -100,9 +100,15 @@ TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
         }
         EXPECT_EQ(files, BuiltReports() + (format == "html" ? 1 : 0)) << format;
     }
-    EXPECT_EQ(
-        ReadAll(folder / "csv" / "frmbjiouhe.csv"),
-        Cli({"report", "frmbjiouhe", "--data", data.string(), "--format", "csv"}, dir.path()).out);
+    // Built on every core, each file is what the report gives on its own.
+    for (ReportFamily family : ReportFamilies())
+        for (const ReportDefinition& def : family()) {
+            std::string object(def.object);
+            EXPECT_EQ(
+                ReadAll(folder / "csv" / (object + ".csv")),
+                Cli({"report", object, "--data", data.string(), "--format", "csv"}, dir.path()).out)
+                << object;
+        }
     std::string index = ReadAll(folder / "html" / "index.html");
     // Groups in the main window's order, each report linked where its group lists it.
     std::size_t at = 0;
@@ -130,6 +136,16 @@ TEST(ReportCommand, AllGoesOnPastAFailureAndSaysSo) {
 
     CliResult noFolder = Cli({"report", "--all", "--data", data.string()}, dir.path());
     EXPECT_EQ(noFolder.code, 1);
+
+    // A drawings file that one of the exports would replace stops the export before it begins.
+    auto named = dir.Write("kept/frmbjiouhe.csv", "2020001 1 2 3\r\n");
+    CliResult overData = Cli({"report", "--all", "--data", named.string(), "--format", "csv",
+                              "--output", named.parent_path().string()},
+                             dir.path());
+    EXPECT_EQ(overData.code, 1);
+    EXPECT_NE(overData.err.find("never written over"), std::string::npos) << overData.err;
+    EXPECT_EQ(ReadAll(named), "2020001 1 2 3\r\n");
+    EXPECT_FALSE(std::filesystem::exists(named.parent_path() / "frmrenwenleng.csv"));
 }
 
 }  // namespace

@@ -125,6 +125,32 @@ TEST(ReportSheet, TheLargestSheetStaysCompact) {
     EXPECT_LT(perCell, 10.0);
 }
 
+// A narrow report that writes each label and then shortens it, as some do, keeps only the texts
+// its cells still hold, each cell reading as before.
+TEST(ReportSheet, TextsNoCellHoldsAreLetGo) {
+    ReportSheet sheet(32769, 6);
+    for (int r = 1; r < sheet.Rows(); ++r) {
+        sheet.SetText(r, 0, " " + std::to_string(1000000 + r) + ":123");
+        sheet.SetText(r, 0, " " + std::to_string(1000000 + r));
+        sheet.SetNumber(r, 1, r % 10);
+        if (r % 3 == 0) sheet.SetText(r, 4, "***");
+    }
+    sheet.SetText(0, 5, "3 Way Box");
+    const std::size_t before = sheet.MemoryBytes();
+    sheet.DropUnusedTexts();
+    EXPECT_LT(sheet.MemoryBytes(), before);
+    EXPECT_LT(static_cast<double>(sheet.MemoryBytes()) / (32769.0 * 6), 16.0);
+    for (int r : {1, 2, 3, 16384, 32768}) {
+        EXPECT_EQ(sheet.Text(r, 0), " " + std::to_string(1000000 + r));
+        EXPECT_EQ(sheet.CellValue(r, 0), 1000000 + r);
+        EXPECT_EQ(sheet.CellNumber(r, 1), r % 10);
+        EXPECT_EQ(sheet.TextIs(r, 4, "***"), r % 3 == 0);
+    }
+    EXPECT_TRUE(sheet.TextIs(0, 5, "3 Way Box"));
+    sheet.SetText(5, 5, "3 Way Box");  // a text kept is found again, not added twice
+    EXPECT_TRUE(sheet.SameText(0, 5, 5, 5));
+}
+
 }  // namespace
 }  // namespace numarel
 
