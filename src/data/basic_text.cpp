@@ -68,6 +68,18 @@ std::size_t ParseNumber(std::string_view s, double& value) {
     return i;
 }
 
+// The value of a text of 1 to 15 decimal digits and nothing else, which a double holds exactly:
+// most texts read as numbers are such (digits, dates, counts), and need no general parse.
+std::optional<double> PlainDigitsValue(std::string_view s) {
+    if (s.empty() || s.size() > 15) return std::nullopt;
+    std::uint64_t v = 0;
+    for (char c : s) {
+        if (!IsDigit(c)) return std::nullopt;
+        v = v * 10 + static_cast<std::uint64_t>(c - '0');
+    }
+    return static_cast<double>(v);
+}
+
 }  // namespace
 
 std::string_view Trim(std::string_view text) {
@@ -80,6 +92,7 @@ std::string_view Trim(std::string_view text) {
 }
 
 double LeadingValue(std::string_view text) {
+    if (auto plain = PlainDigitsValue(text)) return *plain;
     double value = 0;
     if (text.find_first_of(" \t\r\n") == std::string_view::npos)
         return ParseNumber(text, value) ? value : 0;
@@ -98,6 +111,7 @@ std::optional<double> WholeNumber(std::string_view text) {
     while (!s.empty() && IsSpace(s.back()))
         s.remove_suffix(1);
     if (s.empty()) return std::nullopt;
+    if (auto plain = PlainDigitsValue(s)) return plain;
     double value = 0;
     std::size_t used = ParseNumber(s, value);
     if (used == 0 || used != s.size()) return std::nullopt;

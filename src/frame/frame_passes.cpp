@@ -8,9 +8,22 @@
 namespace numarel {
 
 std::string DrawingLabel(const DrawRecord& record) {
-    auto date = WholeNumber(record.date);
-    if (!date) return {};
-    std::string label = NumberToText(*date);
+    std::string label;
+    label.reserve(24);
+    // A date of plain digits without a leading zero is written as it stands, as the general
+    // rule below would write it; every drawings file the program writes has such dates.
+    const std::string_view digits = Trim(record.date);
+    const bool plain =
+        !digits.empty() && digits.size() <= 15 && (digits[0] != '0' || digits.size() == 1) &&
+        std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
+    if (plain) {
+        label += ' ';
+        label += digits;
+    } else {
+        auto date = WholeNumber(record.date);
+        if (!date) return {};
+        label = NumberToText(*date);
+    }
     label += ':';
     label += Trim(record.h);
     label += Trim(record.t);
