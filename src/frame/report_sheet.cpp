@@ -178,14 +178,6 @@ void ReportSheet::SetForeColor(int row, int col, Rgb colour) {
     cells_[Index(row, col)].fore = PaletteIndex(colour);
 }
 
-Rgb ReportSheet::BackColor(int row, int col) const {
-    return Contains(row, col) ? palette_[cells_[Index(row, col)].back] : kDefaultColour;
-}
-
-Rgb ReportSheet::ForeColor(int row, int col) const {
-    return Contains(row, col) ? palette_[cells_[Index(row, col)].fore] : kDefaultColour;
-}
-
 void ReportSheet::SetColWidth(int col, int twips) {
     if (col >= 0 && col < cols_) colWidths_[static_cast<std::size_t>(col)] = twips;
 }
@@ -229,15 +221,11 @@ void ReportSheet::DropUnusedTexts() {
         }
     }
     if (used * 4 > texts * 3) return;  // less than a quarter unused: keep the pool as it is
-    TextPool kept;
-    kept.Reserve(used);
-    for (std::uint32_t h = 1; h <= texts; ++h)
-        if (remap[h]) remap[h] = kept.Intern(pool_.View(h));
+    pool_.KeepOnly(remap);
     for (std::size_t i = 0; i < count; ++i) {
         std::uint32_t& h = cells_[i].text;
         if (h != 0 && !(h & kNumberTag)) h = remap[h];
     }
-    pool_ = std::move(kept);
 }
 
 std::size_t ReportSheet::MemoryBytes() const {

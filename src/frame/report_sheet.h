@@ -132,8 +132,12 @@ public:
     // --- colours ---------------------------------------------------------------------------
     void SetBackColor(int row, int col, Rgb colour);
     void SetForeColor(int row, int col, Rgb colour);
-    Rgb BackColor(int row, int col) const;
-    Rgb ForeColor(int row, int col) const;
+    Rgb BackColor(int row, int col) const {
+        return Contains(row, col) ? palette_[cells_[Index(row, col)].back] : kDefaultColour;
+    }
+    Rgb ForeColor(int row, int col) const {
+        return Contains(row, col) ? palette_[cells_[Index(row, col)].fore] : kDefaultColour;
+    }
 
     // --- geometry, in twips ----------------------------------------------------------------
     // -1 means the report left the width or height at the default.

@@ -108,6 +108,31 @@ std::uint32_t TextPool::InternHashed(std::string_view text) {
     return last_;
 }
 
+void TextPool::KeepOnly(std::vector<std::uint32_t>& remap) {
+    TextPool kept;
+    std::size_t count = 0;
+    for (std::size_t h = 1; h <= entries_.size(); ++h)
+        if (remap[h]) remap[h] = static_cast<std::uint32_t>(++count);
+    kept.entries_.reserve(count);
+    for (std::size_t h = 1; h <= entries_.size(); ++h)
+        if (remap[h]) kept.entries_.push_back(kept.Store(View(static_cast<std::uint32_t>(h))));
+    // The texts are known to differ and their hashes are in the slots: they are placed without
+    // being hashed or compared again.
+    std::size_t slotCount = 64;
+    while (Crowded(count + 1, slotCount))
+        slotCount *= 2;
+    kept.slots_.assign(slotCount, 0);
+    const std::size_t mask = slotCount - 1;
+    for (std::uint64_t slot : slots_) {
+        if (slot == 0 || remap[HandleOf(slot)] == 0) continue;
+        std::size_t i = HashOf(slot) & mask;
+        while (kept.slots_[i] != 0)
+            i = (i + 1) & mask;
+        kept.slots_[i] = (slot & 0xFFFFFFFF00000000ull) | remap[HandleOf(slot)];
+    }
+    *this = std::move(kept);
+}
+
 std::size_t TextPool::MemoryBytes() const {
     std::size_t bytes = chunks_.size() * kChunkBytes + blockBytes_;
     bytes += entries_.capacity() * sizeof(Entry) + values_.capacity() * sizeof(double);

@@ -44,6 +44,9 @@ public:
     // with twice the room it needs.
     void Reserve(std::size_t count);
     std::size_t MemoryBytes() const;
+    // Keeps only the texts whose `remap` entry (indexed by handle) is not 0, renumbered 1, 2, ...
+    // in their order, and writes each kept text's new handle into its entry.
+    void KeepOnly(std::vector<std::uint32_t>& remap);
 
 private:
     // Where a text's characters are: chunk and offset packed in `at`, or for a long text the

@@ -10,10 +10,10 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
-#include <QWheelEvent>
-#include <algorithm>
 #include <QTimer>
 #include <QValidator>
+#include <QWheelEvent>
+#include <algorithm>
 
 #include "platform/grid_view.h"
 #include "platform/sheet_model.h"

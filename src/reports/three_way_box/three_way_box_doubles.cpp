@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <vector>
@@ -227,16 +228,17 @@ void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, Re
 
     // A run counts only once it is closed, which the back colours tell: a non-hit row whose
     // colour differs from the row after it.
+    // Row by row, the order in which the cells are stored.
     sheet.SetText(maxMissRow, 0, "Max Miss");
-    for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
-        short maxMiss = 0;
-        for (int r = 1; r <= drawCount - 1; ++r) {
+    std::array<short, kLastDoubleCol + 1> maxMiss{};
+    for (int r = 1; r <= drawCount - 1; ++r)
+        for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
             const Rgb back = sheet.BackColor(r, c);
             if (back == colours::kHit || back == sheet.BackColor(r + 1, c)) continue;
-            const short miss = sheet.CellNumber(r, c);
-            if (miss >= maxMiss) maxMiss = miss;
+            maxMiss[c] = std::max(maxMiss[c], sheet.CellNumber(r, c));
         }
-        sheet.SetNumber(maxMissRow, c, maxMiss);
+    for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
+        sheet.SetNumber(maxMissRow, c, maxMiss[c]);
         sheet.SetForeColor(maxMissRow, c, kMissFore);
     }
 
