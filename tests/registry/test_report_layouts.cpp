@@ -1,5 +1,6 @@
-// Every built report's header row (its ticket lists, digit sets, pairs and headers) and all its
-// column widths, written out by hand from the reports' own descriptions of their layout. A
+// Every built report's header row (its ticket lists, digit sets, pairs and headers), all its
+// column widths, its title and its help page, written out by hand from the reports' own
+// descriptions of their layout: the one place where these are checked. A
 // report's constants live in row 0 and its passes read them back from there, so a ticket or a
 // width copied wrongly into a family's table changes what the report computes; this table shows
 // it. Where a layout follows a rule (every 6 Way Box number in ascending order), the rule is
@@ -107,6 +108,16 @@ Texts SixWayBoxNumbers() {
         for (int j = i + 1; j <= 8; ++j)
             for (int k = j + 1; k <= 9; ++k)
                 out.push_back(DigitText({i, j, k}));
+    return out;
+}
+
+// Every set of `size` distinct digits, each ascending, in ascending order.
+Texts DigitSets(int size, int smallest = 0) {
+    if (size == 0) return {""};
+    Texts out;
+    for (int d = smallest; d <= 10 - size; ++d)
+        for (const std::string& rest : DigitSets(size - 1, d + 1))
+            out.push_back(static_cast<char>('0' + d) + rest);
     return out;
 }
 
@@ -418,6 +429,185 @@ const std::vector<Layout>& Layouts() {
          .helpPage = "Sum_remainder_after_divide_by_5",
          .widths = Runs("1290 300x3 20 300 20 300x13"),
          .header = Join({Words("_ H T U _x3"), Numbers(0, 12)})},
+
+        // Sums and widths
+        {.object = "frmxingtai3dhe",
+         .title = "Sum-Sum Units",
+         .widths = Runs("1290 300x3 480 60 300x28 60 480 60 300x10"),
+         .header = Join({Words("_ H T U Sum _"), Numbers(0, 27), {"", "S U", ""}, Numbers(0, 9)})},
+        {.object = "frmhekualu",
+         .title = "Sum 012 Type&Width 012 Type",
+         .helpPage = "Sum_012_Type-Width_012_Type",
+         .widths = Runs("1204 300x2 860 40 300x9 2x3"),
+         .header = Words("_ S W SW012Type _ 00 11 22 01 02 10 12 20 21 _x3")},
+        {.object = "frmhekuazonghe",
+         .title = "Sum Units Four Regions&Width Four Regions",
+         .helpPage = "Sum_Units_Four_Region-Width_Four_Region",
+         .widths = Runs("1290 300x5 60 480x16"),
+         .header = Words("_ H T U S W _ 11 12 13 14 21 22 23 24 31 32 33 34 41 42 43 44")},
+        {.object = "frmhezhi4",
+         .title = "Recommend Number Sum-[Following 7 fixed sums]+[Following 4 fixed sums]",
+         .widths = Runs("1290 300x11 688x2 300x4 688"),
+         .header = Words("_ H T U S 8 10 11 13 15 16 18 Y/N _ 12 13 14 15 Y/N")},
+        {.object = "frmzuxuan012lu",
+         .title = "Box Number Shape",
+         .widths = Runs("1204 860 255x3 420x10 80 860 255x3 588x4 80 860 255x3 588x4 80 860"
+                        " 255x3 588x4 80 2x3"),
+         .header = Words("_ 012Type H T U 000 111 222 012 001 002 011 112 022 122 _ Even H T U"
+                         " 0E 3E 2E 1E _ Big H T U 0B 3B 2B 1B _ Prime H T U 0P 3P 2P 1P _x4")},
+        {.object = "frm3dzxxzd",
+         .title = "Box Number-Small/Middle/Large",
+         .helpPage = "Box_Number-Small_Middle_Large",
+         .widths = Runs("1290 300x3 60 300x10 60 300x10 60 300x10 60"),
+         .header = Join({Words("_ H T U _"), Repeated(Join({Numbers(0, 9), {""}}), 3)})},
+        {.object = "frmxingtai1",
+         .title = "Four Models",
+         .helpPage = "Four_Models",
+         .widths = Runs("1218 300x3 30 1178x4"),
+         .header = Words("_ H T U _ 2B1S;2O1E 2B1S;2E1O 2S1B;2O1E 2S1B;2E1O")},
+        {.object = "frmjiachengzh",
+         .title = "Addition Box Number&Multiplication Box Number",
+         .helpPage = "Addition-Multiplication",
+         .widths = Runs("1290 300x5 860x2"),
+         .header = Join({Words("_ H T U S W"),
+                         {"Addition Box Number", "Multiplication Box Number"}})},
+
+        // Pairs
+        {.object = "frm3dliangma",
+         .title = "Pairs",
+         .widths = Runs("1032 300x3 60x2 300x45"),
+         .header = Join({Words("_ H T U _x2"), DigitSets(2)})},
+        {.object = "frm3dshouwei",
+         .title = "Box Number:Large-Small;Large+Small",
+         .helpPage = "Large_Small",
+         .widths = Runs("1290 300x3 60 300x11 60 300x19 60"),
+         .header = Join({Words("_ H T U _ -"), Numbers(0, 9), Words("_ +"), Numbers(1, 18), {""}})},
+        {.object = "frm3ddazhong",
+         .title = "Box Number:Large-Middle;Large+Middle",
+         .helpPage = "Large_Middle",
+         .widths = Runs("1290 300x3 60 300x11 60 300x19 60"),
+         .header = Join({Words("_ H T U _ -"), Numbers(0, 9), Words("_ +"), Numbers(1, 18), {""}})},
+        {.object = "frm3dzhongxiao",
+         .title = "Box Number:Middle-Small;Middle+Small",
+         .helpPage = "Middle_Small",
+         .widths = Runs("1290 300x3 60 300x11 60 300x19 60"),
+         .header = Join({Words("_ H T U _ -"), Numbers(0, 9), Words("_ +"), Numbers(1, 18), {""}})},
+        {.object = "frm0luliangma",
+         .title = "0 Type Pairs",
+         .widths = Runs("1290 300x8 20 300x10"),
+         .header = Words("_ H T U S W _x4 00 33 66 99 03 06 09 36 39 69")},
+        {.object = "frmshunziliangma",
+         .title = "Serial Pairs",
+         .widths = Runs("1290 300x8 20 300x10"),
+         .header = Words("_ H T U S W _x4 01 12 23 34 45 56 67 78 89 09")},
+        {.object = "frmchong2ge",
+         .title = "Inherit 2 Digits",
+         .helpPage = "Inherit_2_Digits",
+         .widths = Runs("1290 300x3 20 1032"),
+         .header = Join({Words("_ H T U _"), {"Inherit 2 Digits"}})},
+        {.object = "frmdaimaduizi",
+         .title = "Five Regions Pairs[05 16 27 38 49]",
+         .widths = Runs("1290 300x5 2x4 300x6 540 300x10 540"),
+         .header = Join({Words("_ H T U W S _x5 05 16 27 38 49 _"), Numbers(0, 9), {""}})},
+        {.object = "frmliangmahecha",
+         .title = "+ or - of Pairs",
+         .helpPage = "Sum_or_difference_of_Pairs ",
+         .widths = Runs("1978 258x20 60 228x11 2x3"),
+         .header = Join({Words("_ +"), Numbers(0, 18), Words("_ -"), Numbers(0, 9), Words("_x3")})},
+        {.object = "frmliangmajiwei",
+         .title = "Units of product of two digits ",
+         .helpPage = "Units_of_product_of_two_digits",
+         .widths = Runs("1290 300x3 60 840x10"),
+         .header = Join({Words("_ H T U _"), Numbers(0, 9)})},
+        {.object = "frmrenwenlengTlm",
+         .title = "Recommend \"Pairs\"",
+         .widths = Runs("1204 2x10 80 2x10 400x12 2x6 560"),
+         .header = Join({{""}, Numbers(0, 9), Words("_x30")})},
+
+        // Recommended digits
+        {.object = "frmzonghe",
+         .title = "Recommend 1 digit[1]",
+         .helpPage = "Recommend_1_digit",
+         .widths = Runs("1290 300x3 20 860 430"),
+         .header = Join({Words("_ H T U _"), {"1 digit", "Y/N"}})},
+        {.object = "frmtongsha1ma",
+         .title = "Recommend 1 digit[2]",
+         .helpPage = "Recommend_1_digit",
+         .widths = Runs("1290 300x3 20 860 430"),
+         .header = Join({Words("_ H T U _"), {"1 digit", "Y/N"}})},
+        {.object = "frmtongshahao",
+         .title = "Recommend 2 digits",
+         .helpPage = "Recommend_2_digits",
+         .widths = Runs("1290 300x28"),
+         .header = Words("_ H T U S W A1 A2 _x2 B1 B2 _x2 C1 C2 _x2 D1 D2 _x2 E1 E2 _x2 F1 F2 _")},
+        {.object = "frmdingdanshh",
+         .title = "Recommend 3 digits-A",
+         .helpPage = "Recommend_3_digits-A",
+         .widths = Runs("1290 300x3 20 300x3 430 20 d 20"),
+         .header = Words("_ H T U _x4 Y/N _ Note _")},
+        {.object = "frmtongsha3ma",
+         .title = "Recommend 3 digits-BC",
+         .helpPage = "Recommend_3_digits-BC",
+         .widths = Runs("1290 300x3 20 300x3 430 150 2x10 300x3 430"),
+         .header = Join({Words("_ H T U _ B1 B2 B3 Y/N _"), Numbers(0, 9), Words("C1 C2 C3 Y/N")})},
+        {.object = "frmdanma2",
+         .title = "Other recommend digits-[formula]",
+         .helpPage = "Other_recommend_digits-formula",
+         .widths = Runs("1290 300x3 20 860x2 200 860x2 200 860x2"),
+         .header = {"", "H", "T", "U", "", "digits-1", "  Y/N", "", "digits-2", "  Y/N", "",
+                    "digits-3", "  Y/N"}},
+        {.object = "frmz3b2",
+         .title = "Other recommend digits-[2/3 formula]",
+         .helpPage = "Other_recommend_digits-23_formula",
+         .widths = Runs("1290 300x3 30 420x8 d"),
+         .header = Words("_ H T U _ 126 158 258 349 379 039 047 568 Y/N")},
+        {.object = "frmdanma3",
+         .title = "Other recommend digits-[Serial]",
+         .helpPage = "Other_recommend_digits-Serial",
+         .widths = Runs("1290 300x3 30 420x10 30 480 420x2"),
+         .header = Words("_ H T U _ 012 123 234 345 456 567 678 789 890 901 _ 0369 147 258")},
+        {.object = "frmdanma3c2",
+         .title = "2 digits from 3 digits",
+         .helpPage = "2_digits_from_3_digits",
+         .widths = Runs("1290 300x3 30 420x120"),
+         .header = Join({Words("_ H T U _"), DigitSets(3)})},
+        {.object = "frmdanma4",
+         .title = "2 digits from 4 digits",
+         .helpPage = "2_digits_from_4_digits",
+         .widths = Runs("1290 300x3 30 480x210"),
+         .header = Join({Words("_ H T U _"), DigitSets(4)})},
+        {.object = "frmdanma30",
+         .title = "0 digits from 3 digits",
+         .helpPage = "0_digits_from_3_digits",
+         .widths = Runs("1290 300x3 30 420x120"),
+         .header = Join({Words("_ H T U _"), DigitSets(3)})},
+        {.object = "frmdanma40",
+         .title = "0 digits from 4 digits",
+         .helpPage = "0_digits_from_4_digits",
+         .widths = Runs("1290 300x3 30 480x210"),
+         .header = Join({Words("_ H T U _"), DigitSets(4)})},
+        {.object = "frmdanma212",
+         .title = "1-2 digits from 2 digits",
+         .helpPage = "1-2_digits_from_2_digits",
+         .widths = Runs("1290 300x3 30 300x45"),
+         .header = Join({Words("_ H T U _"), DigitSets(2)})},
+        {.object = "frmdanma313",
+         .title = "1-3 digits from 3 digits",
+         .helpPage = "1-3_digits_from_3_digits",
+         .widths = Runs("1290 300x3 30 420x120"),
+         .header = Join({Words("_ H T U _"), DigitSets(3)})},
+
+        // Number enquiry, before any tickets are entered
+        {.object = "frmzhixuanhaocx",
+         .title = "Straight Number Enquire",
+         .helpPage = "Straight_Number_Enquire",
+         .widths = Runs("1218 300x3 600"),
+         .header = Words("_ H T U _")},
+        {.object = "frmzuxuanhaocx",
+         .title = "Box Number Enquire",
+         .helpPage = "Box_Number_Enquire",
+         .widths = Runs("1218 300x3 600"),
+         .header = Words("_ H T U _")},
     };
     return kLayouts;
 }
@@ -437,7 +627,7 @@ std::string Differences(const ReportSheet& sheet, const Layout& layout) {
 }
 
 TEST(Layout, EveryRowIsABuiltReportWithOneWidthPerHeader) {
-    EXPECT_EQ(Layouts().size(), 40u);
+    EXPECT_EQ(Layouts().size(), 75u);
     for (const Layout& layout : Layouts()) {
         SCOPED_TRACE(std::string(layout.object));
         EXPECT_NE(FindReport(layout.object), nullptr);

@@ -84,14 +84,5 @@ TEST(FourRegions1234, SortedCodesGivePatternSumAndType) {
     }
 }
 
-TEST(Regions, AnEmptyFileLeavesTheHeaderAndABlankNextRow) {
-    for (std::string_view object : {"frmxzd", "frm4qufenge"}) {
-        const ReportSheet sheet = Build(object, {});
-        EXPECT_EQ(sheet.Rows(), 2) << object;
-        EXPECT_EQ(RowTexts(sheet, 1, 0, sheet.Cols() - 1), Texts(sheet.Cols())) << object;
-        EXPECT_EQ(sheet.Text(0, 1), "H") << object;
-    }
-}
-
 }  // namespace
 }  // namespace numarel

@@ -22,14 +22,5 @@ TEST(SevenDrawingRanking, HigherCountsFirstAndEqualCountsBySmallerDigit) {
     EXPECT_EQ(RankOf({9, 9, 9}), (Order{9, 0, 1, 2, 3, 4, 5, 6, 7, 8}));
 }
 
-TEST(SevenDrawingRanking, DigitsOutsideZeroToNineAreNotCounted) {
-    const DigitCounts counts = CountDigits(std::vector<short>{3, 12, -1, 3});
-    EXPECT_EQ(counts[3], 2);
-    short total = 0;
-    for (short c : counts)
-        total = static_cast<short>(total + c);
-    EXPECT_EQ(total, 2);
-}
-
 }  // namespace
 }  // namespace numarel

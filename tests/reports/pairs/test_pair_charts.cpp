@@ -33,57 +33,6 @@ std::string HeaderOf(const ReportSheet& sheet) {
     return joined;
 }
 
-TEST(PairCharts, Layout) {
-    const char* boxNumberHeader =
-        ",H,T,U,,-,0,1,2,3,4,5,6,7,8,9,,+,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,";
-    const std::vector<WidthRun> boxNumberWidths = {
-        {0, 0, 1290}, {1, 35, 300}, {4, 4, 60}, {16, 16, 60}, {36, 36, 60}};
-    const std::vector<WidthRun> fixedListWidths = {{0, 0, 1290}, {1, 19, 300}, {9, 9, 20}};
-    const struct {
-        const char* object;
-        const char* title;
-        const char* help;  // empty: no Help button
-        const char* header;
-        std::vector<WidthRun> widths;
-    } cases[] = {
-        {"frm3dliangma",
-         "Pairs",
-         "",
-         ",H,T,U,,,01,02,03,04,05,06,07,08,09,12,13,14,15,16,17,18,19,23,24,25,26,27,28,29,"
-         "34,35,36,37,38,39,45,46,47,48,49,56,57,58,59,67,68,69,78,79,89",
-         {{0, 0, 1032}, {1, 50, 300}, {4, 5, 60}}},
-        {"frm3dshouwei", "Box Number:Large-Small;Large+Small", "Large_Small", boxNumberHeader,
-         boxNumberWidths},
-        {"frm3ddazhong", "Box Number:Large-Middle;Large+Middle", "Large_Middle", boxNumberHeader,
-         boxNumberWidths},
-        {"frm3dzhongxiao", "Box Number:Middle-Small;Middle+Small", "Middle_Small", boxNumberHeader,
-         boxNumberWidths},
-        {"frm0luliangma", "0 Type Pairs", "", ",H,T,U,S,W,,,,,00,33,66,99,03,06,09,36,39,69",
-         fixedListWidths},
-        {"frmshunziliangma", "Serial Pairs", "", ",H,T,U,S,W,,,,,01,12,23,34,45,56,67,78,89,09",
-         fixedListWidths},
-        {"frmchong2ge",
-         "Inherit 2 Digits",
-         "Inherit_2_Digits",
-         ",H,T,U,,Inherit 2 Digits",
-         {{0, 0, 1290}, {1, 3, 300}, {4, 4, 20}, {5, 5, 1032}}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.object);
-        ReportSheet sheet = Build(c.object, {});
-        EXPECT_EQ(sheet.Title(), c.title);
-        const auto help = HelpButtonOf(*FindReport(c.object), FindCommand(c.object)->helpPage);
-        EXPECT_EQ(help.shown ? help.page : "", c.help);
-        EXPECT_EQ(HeaderOf(sheet), c.header);
-        Cols widths, expected(static_cast<std::size_t>(sheet.Cols()), -1);
-        for (int col = 0; col < sheet.Cols(); ++col)
-            widths.push_back(sheet.ColWidth(col));
-        for (const WidthRun& run : c.widths)
-            std::fill(expected.begin() + run.first, expected.begin() + run.last + 1, run.width);
-        EXPECT_EQ(widths, expected);
-    }
-}
-
 TEST(PairText, PutsTheSmallerDigitFirst) {
     EXPECT_EQ(PairText(7, 2), "27");
     EXPECT_EQ(PairText(2, 7), "27");
