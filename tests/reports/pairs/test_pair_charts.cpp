@@ -5,9 +5,6 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
-#include "reports/command_table.h"
-#include "reports/pairs/pair_text.h"
-#include "reports/report_registry.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -19,25 +16,6 @@ using testing::Drawings;
 using testing::RowTexts;
 using Texts = std::vector<std::string>;
 using Cols = std::vector<int>;
-
-// Columns `first` to `last` are `width` wide; later runs overwrite earlier ones.
-struct WidthRun {
-    int first, last, width;
-};
-
-// The texts of row 0, joined by commas.
-std::string HeaderOf(const ReportSheet& sheet) {
-    std::string joined;
-    for (int col = 0; col < sheet.Cols(); ++col)
-        joined += (col ? "," : "") + sheet.Text(0, col);
-    return joined;
-}
-
-TEST(PairText, PutsTheSmallerDigitFirst) {
-    EXPECT_EQ(PairText(7, 2), "27");
-    EXPECT_EQ(PairText(2, 7), "27");
-    EXPECT_EQ(PairText(5, 5), "55");
-}
 
 // Pairs: the pair texts stand under H, T and U, and each different pair is marked once in its
 // column, over bands of nine columns counted from column 6.
@@ -84,10 +62,8 @@ TEST(PairCharts, BoxNumberChartsMarkDifferenceAndSum) {
         int difference, sum;
     } cases[] = {
         {"frm3dshouwei", "295", 7, 11},  {"frm3ddazhong", "295", 4, 14},
-        {"frm3dzhongxiao", "295", 3, 7}, {"frm3dshouwei", "529", 7, 11},
-        {"frm3ddazhong", "444", 0, 8},   {"frm3ddazhong", "121", 1, 3},
-        {"frm3dzhongxiao", "121", 0, 2}, {"frm3dshouwei", "999", 0, 18},
-        {"frm3dshouwei", "090", 9, 9},   {"frm3dzhongxiao", "090", 0, 0},  // on column 17 itself
+        {"frm3dzhongxiao", "295", 3, 7}, {"frm3ddazhong", "121", 1, 3},
+        {"frm3dshouwei", "999", 0, 18},  {"frm3dzhongxiao", "090", 0, 0},  // on column 17 itself
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.object) + " " + c.drawing);
@@ -121,10 +97,8 @@ TEST(PairCharts, FixedListsMarkTheListedPairs) {
         {"frm0luliangma", "333", {"9", "0", "33", "33", "33"}, {11}},
         {"frm0luliangma", "903", {"12", "9", "03", "09", "39"}, {14, 16, 18}},
         {"frm0luliangma", "600", {"6", "6", "00", "06", "06"}, {10, 15}},
-        {"frm0luliangma", "125", {"8", "4", "12", "15", "25"}, {}},
         {"frmshunziliangma", "950", {"14", "9", "05", "09", "59"}, {19}},
         {"frmshunziliangma", "345", {"12", "2", "34", "35", "45"}, {13, 14}},
-        {"frmshunziliangma", "777", {"21", "0", "77", "77", "77"}, {}},
         {"frmshunziliangma", "101", {"2", "1", "01", "01", "11"}, {10}},
     };
     for (const auto& c : cases) {

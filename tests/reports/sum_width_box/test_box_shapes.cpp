@@ -15,14 +15,10 @@ using testing::ColumnsColoured;
 using testing::Drawings;
 using testing::RowTexts;
 using Texts = std::vector<std::string>;
-using Widths = std::vector<int>;
 
-// Repeats a text or a width `n` times, for the runs of the header tables.
+// Repeats a text `n` times.
 Texts Repeat(int n, const std::string& text) {
     return Texts(static_cast<std::size_t>(n), text);
-}
-Widths Repeat(int n, int width) {
-    return Widths(static_cast<std::size_t>(n), width);
 }
 template <typename T>
 std::vector<T> Join(std::initializer_list<std::vector<T>> parts) {
@@ -31,8 +27,6 @@ std::vector<T> Join(std::initializer_list<std::vector<T>> parts) {
         all.insert(all.end(), p.begin(), p.end());
     return all;
 }
-const Texts kHtu = {"H", "T", "U"};
-const Texts kDigits = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
 
 // Box Number Shape columns.
 constexpr int kTypeText = 1, kEvenCount = 16, kBigCount = 25, kPrimeCount = 34;

@@ -5,8 +5,6 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
-#include "reports/command_table.h"
-#include "reports/report_registry.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -19,33 +17,12 @@ using testing::RowTexts;
 using Texts = std::vector<std::string>;
 using Cols = std::vector<int>;
 
-// Runs of widths; a negative number repeats the width after it that many times.
-std::vector<int> Widths(std::initializer_list<int> runs) {
-    std::vector<int> out;
-    std::size_t count = 1;
-    for (int w : runs) {
-        if (w < 0) {
-            count = static_cast<std::size_t>(-w);
-            continue;
-        }
-        out.insert(out.end(), count, w);
-        count = 1;
-    }
-    return out;
-}
 Texts Join(std::initializer_list<Texts> parts) {
     Texts out;
     for (const Texts& p : parts)
         out.insert(out.end(), p.begin(), p.end());
     return out;
 }
-Texts Numbers(int first, int last) {
-    Texts out;
-    for (int n = first; n <= last; ++n)
-        out.push_back(std::to_string(n));
-    return out;
-}
-
 TEST(SumLines, EachValueStandsOnItsLineOverTheBandedEnds) {
     const struct {
         std::string_view digits;
