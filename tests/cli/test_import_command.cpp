@@ -2,29 +2,21 @@
 
 #include <sstream>
 
-#include "cli/cli_app.h"
+#include "cli/cli_run.h"
 #include "cli/import_command.h"
 #include "support/test_support.h"
 
 namespace numarel {
 namespace {
 
+using testing::CliRun;
 using testing::ReadAll;
 using testing::TempDir;
 
-struct CliRun {
-    int code;
-    std::string out;
-    std::string err;
-};
-
+// numarel-cli import with `args`.
 CliRun Cli(std::vector<std::string> args, const ProgramFolder& folder) {
-    std::vector<const char*> argv{"numarel-cli", "import"};
-    for (const std::string& a : args)
-        argv.push_back(a.c_str());
-    std::ostringstream out, err;
-    int code = RunCli(static_cast<int>(argv.size()), argv.data(), folder, out, err);
-    return {code, out.str(), err.str()};
+    args.insert(args.begin(), "import");
+    return testing::RunCliWith(args, folder);
 }
 
 int Lines(const std::string& text) {

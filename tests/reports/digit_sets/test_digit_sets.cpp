@@ -22,16 +22,11 @@ TEST(DigitSets, EachReportsHitMarkerAndStatistics) {
         const char* hitMarker;
         const char* hit;  // a 6 Way Box inside the first set
     } reports[] = {
-        {"frmgaopin6ma", 5, "*****", "145"},
-        {"frmgaopin6ma36", 5, "*****", "145"},
-        {"frmgaopin7ma", 5, "*****", "012"},
-        {"frmgaopin7ma36", 5, "*****", "012"},
-        {"frmzuxuan4", 34, "****", "012"},
-        {"frmzuxuan1", 21, "*****", "012"},
-        {"frmzuxuan6", 14, "*****", "012"},
-        {"frmzuxuan7", 10, "*****", "012"},
-        {"frm6lianhao", 14, "*****", "012"},
-        {"frmlingleizu6", 24, "****", "147"},
+        {"frmgaopin6ma", 5, "*****", "145"}, {"frmgaopin6ma36", 5, "*****", "145"},
+        {"frmgaopin7ma", 5, "*****", "012"}, {"frmgaopin7ma36", 5, "*****", "012"},
+        {"frmzuxuan4", 34, "****", "012"},   {"frmzuxuan1", 21, "*****", "012"},
+        {"frmzuxuan6", 14, "*****", "012"},  {"frmzuxuan7", 10, "*****", "012"},
+        {"frm6lianhao", 14, "*****", "012"}, {"frmlingleizu6", 24, "****", "147"},
         {"frmzuxuanqt", 7, "******", "036"},
     };
     for (const auto& r : reports) {
