@@ -270,9 +270,9 @@ TEST_F(EditorTest, ImportAsksThenCopiesOverTheFileAndReloads) {
     EXPECT_EQ(scripted.dialogs[0].title, "Please locate the valid data file.");
 }
 
-TEST_F(EditorTest, DownloadOpensTheDataPageOnlyAfterYesAndHelpOpensItsPage) {
+TEST_F(EditorTest, DownloadAndExitAskFirstAndHelpOpensItsPage) {
     auto e = Make("");
-    scripted.answers = {false, true};
+    scripted.answers = {false, true, false, true};
     Click(*e, "Command14");
     EXPECT_TRUE(scripted.opened.empty());
     Click(*e, "Command14");
@@ -284,18 +284,12 @@ TEST_F(EditorTest, DownloadOpensTheDataPageOnlyAfterYesAndHelpOpensItsPage) {
     EXPECT_EQ(scripted.shown[0].text,
               "Before starting the download, make sure you have connected to the Internet. \nAre "
               "you sure you want to download?");
-}
 
-TEST_F(EditorTest, ExitAsksAndStaysOpenOnNo) {
-    auto e = Make("");
-    scripted.answers = {false, true};
     Click(*e, "Command10");
     EXPECT_TRUE(e->isVisible());
-    ASSERT_EQ(scripted.shown.size(), 1u);
-    EXPECT_EQ(scripted.shown[0].title, "Query:");
-    EXPECT_EQ(scripted.shown[0].text,
-              "If you have edited the data,make sure you have saved,Are you sure you want to "
-              "quit?");
+    EXPECT_EQ(scripted.Said().back(),
+              "Query: If you have edited the data,make sure you have saved,Are you sure you want "
+              "to quit?");
     Click(*e, "Command10");
     EXPECT_FALSE(e->isVisible());
     EXPECT_EQ(e->result(), QDialog::Accepted);

@@ -14,11 +14,6 @@ using testing::FakeReports;
 
 class ReportWindowTest : public testing::ShellTest {
 protected:
-    ReportWindow* Open(std::string_view object) {
-        ReportWindow* window = reports->Open(object, nullptr);
-        if (window) QCoreApplication::processEvents();
-        return window;
-    }
     QPoint CellCentre(ReportWindow* w, int row, int col) {
         return w->Grid()->visualRect(w->Grid()->Model().IndexOf(row, col)).center();
     }
