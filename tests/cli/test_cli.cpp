@@ -112,7 +112,7 @@ TEST(Cli, TextTailCountsDrawingsNotRows) {
 
 TEST(Cli, OutputFileAndOtherFormats) {
     TempDir dir;
-    auto data = dir.Write("small.txt", "2020001 1 2 3\r\n\"x\xe9\" 4 5 6\r\n");
+    auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 4 5 6\r\n");
     auto out = dir.path() / "sheet.csv";
     CliRun run = RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--format", "csv",
                              "--output", out.string()},
@@ -122,12 +122,6 @@ TEST(Cli, OutputFileAndOtherFormats) {
     std::string csv = ReadAll(out);
     EXPECT_EQ(csv.substr(0, 9), ",H,T,U,,,");  // the header row, its fixed cell empty
     EXPECT_NE(csv.find("\" 2020001:123\""), std::string::npos);
-
-    CliRun text =
-        RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--tail", "1"}, dir.path());
-    ASSERT_EQ(text.code, 0);
-    EXPECT_EQ(text.out.find(" 2020001:123"), std::string::npos);  // only the last drawing
-    EXPECT_NE(text.out.find("| 4 5 6"), std::string::npos);
 
     CliRun html = RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--format", "html"},
                              dir.path());
