@@ -1,6 +1,5 @@
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -295,26 +294,20 @@ TEST_F(EditorTest, DownloadAndExitAskFirstAndHelpOpensItsPage) {
     EXPECT_EQ(e->result(), QDialog::Accepted);
 }
 
+// The steps and the scaling are the grid's, pinned with it; the editor's table takes them too.
 TEST_F(EditorTest, ZoomScalesTheTableAndComesBackToTheDesignedSize) {
     auto e = Make("2020001 1 2 3\r\n");
     QTableView* t = e->Table();
-    const int width = t->columnWidth(0), height = t->verticalHeader()->defaultSectionSize();
+    const int width = t->columnWidth(0);
     const double points = t->font().pointSizeF();
-    struct Step {
-        int key;
-        int zoom;
-    } steps[] = {{Qt::Key_Plus, 110}, {Qt::Key_Plus, 125}, {Qt::Key_Minus, 110}, {Qt::Key_0, 100}};
-    for (const Step& s : steps) {
-        QKeyEvent press(QEvent::KeyPress, s.key, Qt::ControlModifier);
+    for (auto [key, zoom] : {std::pair{Qt::Key_Plus, 110}, std::pair{Qt::Key_0, 100}}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
         QApplication::sendEvent(t, &press);
-        EXPECT_EQ(e->Zoom(), s.zoom);
-        EXPECT_NEAR(t->columnWidth(0), width * s.zoom / 100.0, 1.0);
-        EXPECT_NEAR(t->verticalHeader()->defaultSectionSize(), height * s.zoom / 100.0, 1.0);
-        EXPECT_DOUBLE_EQ(t->font().pointSizeF(), points * s.zoom / 100);
+        EXPECT_EQ(e->Zoom(), zoom);
+        EXPECT_NEAR(t->columnWidth(0), width * zoom / 100.0, 1.0);
+        EXPECT_DOUBLE_EQ(t->font().pointSizeF(), points * zoom / 100);
     }
     EXPECT_EQ(t->columnWidth(0), width);
-    e->SetZoom(1000);
-    EXPECT_EQ(e->Zoom(), 400);
 }
 
 }  // namespace
