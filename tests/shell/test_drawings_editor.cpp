@@ -1,5 +1,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -294,20 +295,23 @@ TEST_F(EditorTest, DownloadAndExitAskFirstAndHelpOpensItsPage) {
     EXPECT_EQ(e->result(), QDialog::Accepted);
 }
 
-// The steps and the scaling are the grid's, pinned with it; the editor's table takes them too.
+// The steps are the grid's, pinned with it; the editor scales its own table and keeps its bounds.
 TEST_F(EditorTest, ZoomScalesTheTableAndComesBackToTheDesignedSize) {
     auto e = Make("2020001 1 2 3\r\n");
     QTableView* t = e->Table();
-    const int width = t->columnWidth(0);
+    const int width = t->columnWidth(0), height = t->verticalHeader()->defaultSectionSize();
     const double points = t->font().pointSizeF();
     for (auto [key, zoom] : {std::pair{Qt::Key_Plus, 110}, std::pair{Qt::Key_0, 100}}) {
         QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
         QApplication::sendEvent(t, &press);
         EXPECT_EQ(e->Zoom(), zoom);
         EXPECT_NEAR(t->columnWidth(0), width * zoom / 100.0, 1.0);
+        EXPECT_NEAR(t->verticalHeader()->defaultSectionSize(), height * zoom / 100.0, 1.0);
         EXPECT_DOUBLE_EQ(t->font().pointSizeF(), points * zoom / 100);
     }
     EXPECT_EQ(t->columnWidth(0), width);
+    e->SetZoom(1000);
+    EXPECT_EQ(e->Zoom(), GridView::kMaxZoom);
 }
 
 }  // namespace
