@@ -311,7 +311,7 @@ TEST_F(EditorTest, ZoomScalesTheTableAndComesBackToTheDesignedSize) {
     }
     EXPECT_EQ(t->columnWidth(0), width);
     e->SetZoom(1000);
-    EXPECT_EQ(e->Zoom(), GridView::kMaxZoom);
+    EXPECT_EQ(e->Zoom(), 400);
 }
 
 }  // namespace
