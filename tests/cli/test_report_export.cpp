@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "cli/cli_app.h"
+#include "cli/cli_run.h"
 #include "cli/report_names.h"
 #include "reports/command_table.h"
 #include "reports/report_registry.h"
@@ -11,23 +9,10 @@
 namespace numarel {
 namespace {
 
+using testing::CliRun;
 using testing::ReadAll;
+using testing::RunCliWith;
 using testing::TempDir;
-
-struct CliResult {
-    int code;
-    std::string out;
-    std::string err;
-};
-
-CliResult Cli(const std::vector<std::string>& args, const std::filesystem::path& folder) {
-    std::vector<const char*> argv{"numarel-cli"};
-    for (const std::string& a : args)
-        argv.push_back(a.c_str());
-    std::ostringstream out, err;
-    int code = RunCli(static_cast<int>(argv.size()), argv.data(), folder, out, err);
-    return {code, out.str(), err.str()};
-}
 
 TEST(ReportNames, ObjectsAndCaptionsInAnyCase) {
     struct Case {
@@ -57,22 +42,22 @@ TEST(ReportNames, ClosestCaptionsPutTheLikelyOneFirst) {
 TEST(ReportCommand, NamesVersionAndUnknownNames) {
     TempDir dir;
     auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 0 0 0\r\n");
-    CliResult byObject =
-        Cli({"report", "frmbjiouhe", "--data", data.string(), "--format", "csv"}, dir.path());
-    CliResult byCaption =
-        Cli({"report", "sum of odd-sum of even", "--data", data.string(), "--format", "csv"},
-            dir.path());
+    CliRun byObject = RunCliWith(
+        {"report", "frmbjiouhe", "--data", data.string(), "--format", "csv"}, dir.path());
+    CliRun byCaption =
+        RunCliWith({"report", "sum of odd-sum of even", "--data", data.string(), "--format", "csv"},
+                   dir.path());
     ASSERT_EQ(byObject.code, 0) << byObject.err;
     EXPECT_EQ(byCaption.code, 0) << byCaption.err;
     EXPECT_EQ(byCaption.out, byObject.out);
 
-    CliResult unknown = Cli({"report", "cold wram hot", "--data", data.string()}, dir.path());
+    CliRun unknown = RunCliWith({"report", "cold wram hot", "--data", data.string()}, dir.path());
     EXPECT_EQ(unknown.code, 1);
     EXPECT_NE(unknown.err.find("\"Cold Warm Hot\""), std::string::npos) << unknown.err;
     EXPECT_EQ(std::count(unknown.err.begin(), unknown.err.end(), '\n'), 1);
     EXPECT_TRUE(unknown.out.empty());
 
-    CliResult version = Cli({"--version"}, dir.path());
+    CliRun version = RunCliWith({"--version"}, dir.path());
     EXPECT_EQ(version.code, 0);
     EXPECT_TRUE(version.out.starts_with("numarel-cli ")) << version.out;
 }
@@ -89,9 +74,9 @@ TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
     auto data = dir.Write("Mine.txt", "2020001 1 2 3\r\n2020002 4 5 6\r\n2020003 0 0 0\r\n");
     auto folder = dir.path() / "out";
     for (std::string format : {"html", "csv", "json"}) {
-        CliResult run = Cli({"report", "--all", "--data", data.string(), "--format", format,
-                             "--output", (folder / format).string()},
-                            dir.path());
+        CliRun run = RunCliWith({"report", "--all", "--data", data.string(), "--format", format,
+                                 "--output", (folder / format).string()},
+                                dir.path());
         EXPECT_EQ(run.code, 0) << run.err;
         std::size_t files = 0;
         for (auto& entry : std::filesystem::directory_iterator(folder / format)) {
@@ -104,9 +89,10 @@ TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
     for (ReportFamily family : ReportFamilies())
         for (const ReportDefinition& def : family()) {
             std::string object(def.object);
-            EXPECT_EQ(
-                ReadAll(folder / "csv" / (object + ".csv")),
-                Cli({"report", object, "--data", data.string(), "--format", "csv"}, dir.path()).out)
+            EXPECT_EQ(ReadAll(folder / "csv" / (object + ".csv")),
+                      RunCliWith({"report", object, "--data", data.string(), "--format", "csv"},
+                                 dir.path())
+                          .out)
                 << object;
         }
     std::string index = ReadAll(folder / "html" / "index.html");
@@ -127,21 +113,21 @@ TEST(ReportCommand, AllGoesOnPastAFailureAndSaysSo) {
     auto data = dir.Write("Mine.txt", "2020001 1 2 3\r\n");
     auto folder = dir.path() / "out";
     std::filesystem::create_directories(folder / "frmbjiouhe.csv");  // cannot become a file
-    CliResult run = Cli({"report", "--all", "--data", data.string(), "--format", "csv", "--output",
-                         folder.string()},
-                        dir.path());
+    CliRun run = RunCliWith({"report", "--all", "--data", data.string(), "--format", "csv",
+                             "--output", folder.string()},
+                            dir.path());
     EXPECT_EQ(run.code, 1);
     EXPECT_NE(run.err.find("frmbjiouhe"), std::string::npos) << run.err;
     EXPECT_TRUE(std::filesystem::exists(folder / "frmrenwenleng.csv"));
 
-    CliResult noFolder = Cli({"report", "--all", "--data", data.string()}, dir.path());
+    CliRun noFolder = RunCliWith({"report", "--all", "--data", data.string()}, dir.path());
     EXPECT_EQ(noFolder.code, 1);
 
     // A drawings file that one of the exports would replace stops the export before it begins.
     auto named = dir.Write("kept/frmbjiouhe.csv", "2020001 1 2 3\r\n");
-    CliResult overData = Cli({"report", "--all", "--data", named.string(), "--format", "csv",
-                              "--output", named.parent_path().string()},
-                             dir.path());
+    CliRun overData = RunCliWith({"report", "--all", "--data", named.string(), "--format", "csv",
+                                  "--output", named.parent_path().string()},
+                                 dir.path());
     EXPECT_EQ(overData.code, 1);
     EXPECT_NE(overData.err.find("never written over"), std::string::npos) << overData.err;
     EXPECT_EQ(ReadAll(named), "2020001 1 2 3\r\n");

@@ -121,11 +121,6 @@ TEST(HelpPages, EveryPageNamedInTheWindowsSourcesIsShipped) {
             << "missing help page \"" << name << ".htm\"";
 }
 
-TEST(HelpPages, TheTrailingBlankOfAPageNameIsPartOfTheFileName) {
-    EXPECT_TRUE(fs::is_regular_file(HelpDir() / "Sum_or_difference_of_Pairs .htm"));
-    EXPECT_FALSE(fs::exists(HelpDir() / "Sum_or_difference_of_Pairs.htm"));
-}
-
 TEST(HelpPages, EveryLinkLeadsToAShippedPageAndSectionOrThePublisher) {
     const std::vector<fs::path> pages = ShippedPages();
     ASSERT_GE(pages.size(), 45u);
@@ -163,13 +158,6 @@ TEST(HelpPages, PagesAreSmallHtmlWithTheSharedStyleAndNoScripts) {
             EXPECT_NE(html.find("href=\"numarel.css\""), std::string::npos);
         }
     }
-}
-
-TEST(HelpPages, PercentDecodingOfLinks) {
-    EXPECT_EQ(PercentDecoded("Sum_or_difference_of_Pairs%20.htm"),
-              "Sum_or_difference_of_Pairs .htm");
-    EXPECT_EQ(PercentDecoded("Cold_Warm_Hot.htm"), "Cold_Warm_Hot.htm");
-    EXPECT_EQ(PercentDecoded("a%2"), "a%2");
 }
 
 }  // namespace

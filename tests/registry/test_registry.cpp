@@ -74,38 +74,9 @@ TEST(Registry, TitlesAreTheMenuCaptionsSaveTheListedOnes) {
     }
 }
 
-TEST(Registry, HelpPagesAreBareFileNames) {
-    for (const CommandEntry& e : CommandTable()) {
-        SCOPED_TRACE(std::string(e.report));
-        const std::string_view page = e.helpPage;
-        EXPECT_EQ(page.find_first_of("/\\:*?\"<>|"), std::string_view::npos);
-        EXPECT_FALSE(page.ends_with(".htm"));
-        if (e.IsSeparator()) {
-            EXPECT_TRUE(page.empty());
-        }
-    }
-}
-
-TEST(Registry, TheHelpButtonFollowsTheRowAndTheCommandTable) {
-    const struct {
-        HelpButton help;
-        std::string_view commandPage;
-        bool shown;
-        std::string_view opens;
-    } cases[] = {
-        {HelpButton::PageFromCommandTable, "Cold_Warm_Hot", true, "Cold_Warm_Hot"},
-        {HelpButton::PageFromCommandTable, "", false, ""},
-        {HelpButton::Inert, "", true, ""},
-        {HelpButton::Inert, "Cold_Warm_Hot", true, ""},
-        {HelpButton::Hidden, "Cold_Warm_Hot", false, ""},
-    };
-    for (const auto& c : cases) {
-        const ReportDefinition def{.object = "x", .help = c.help};
-        const HelpButtonState state = HelpButtonOf(def, c.commandPage);
-        EXPECT_EQ(state.shown, c.shown) << c.commandPage;
-        EXPECT_EQ(state.page, c.opens) << c.commandPage;
-    }
-    // The reports that show a Help button without a page.
+// What each kind of Help button does is pinned through the report window; these are the reports
+// that show one without a page.
+TEST(Registry, TheInertHelpButtons) {
     for (std::string_view object : {"frmzusan90", "frmzuliu120", "frmzhixuantaloven"}) {
         const ReportDefinition* def = FindReport(object);
         ASSERT_NE(def, nullptr) << object;

@@ -42,6 +42,13 @@ protected:
         Drain();
     }
 
+    // Opens the report window of `object` as its menu entry does; nullptr when it cannot load.
+    ReportWindow* Open(std::string_view object) {
+        ReportWindow* window = reports->Open(object, nullptr);
+        if (window) QCoreApplication::processEvents();
+        return window;
+    }
+
     static void WriteFile(const std::filesystem::path& path, std::string_view bytes) {
         std::filesystem::create_directories(path.parent_path());
         std::ofstream out(path, std::ios::binary);

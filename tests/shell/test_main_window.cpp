@@ -122,13 +122,14 @@ TEST_F(MainWindowTest, AfterSelectLotteryOpenReportsKeepTheOldData) {
     EXPECT_EQ(reports->Find("frmzu3leixing2")->Sheet().DrawCount(), 1);
 }
 
-TEST_F(MainWindowTest, NewLotteryGoesThroughEveryMessage) {
+// The name rules and their messages are pinned with the lottery commands; here the prompt, the
+// messages in order and the label, which shows a name as it stands.
+TEST_F(MainWindowTest, NewLotteryPromptsSaysWhatHappenedAndShowsTheNameAsItStands) {
     MainWindow* w = Make();
-    scripted.prompts = {"", "  Evening  ", "Evening"};
+    scripted.prompts = {"", "<h1>Big", "<h1>Big"};
     QAction* create = Action(w, "caixinjian", "caixinjiancaipiao");
-    create->trigger();
-    create->trigger();
-    create->trigger();
+    for (int i = 0; i < 3; ++i)
+        create->trigger();
     const std::string prompt = "New Lottery: Please enter a valid file name.";
     EXPECT_EQ(scripted.Said(),
               (std::vector<std::string>{
@@ -136,16 +137,17 @@ TEST_F(MainWindowTest, NewLotteryGoesThroughEveryMessage) {
                   "Friendship Tip: Lottery have been created and selected.Next, you can click "
                   "Drawings button to edit it.",
                   prompt, "Friendship Tip: This lottery already exists.Please rename."}));
-    EXPECT_EQ(Label(w), "Lottery:Evening.");
-    EXPECT_EQ(session->drawingsPath, folder.DataDir() / "Evening.txt");
-    EXPECT_EQ(testing::ReadAll(folder.SelectionFile()), "\"Evening.txt\"\r\n");
+    EXPECT_EQ(w->LotteryLabel()->textFormat(), Qt::PlainText);
+    EXPECT_EQ(Label(w), "Lottery:<h1>Big.");
+    EXPECT_EQ(session->drawingsPath, folder.DataDir() / "<h1>Big.txt");
+    EXPECT_EQ(testing::ReadAll(folder.SelectionFile()), "\"<h1>Big.txt\"\r\n");
 }
 
 TEST_F(MainWindowTest, ASelectionOutsideTheDataFolderIsNeverOpenedAndIsReplacedOnce) {
     const std::string outside = "2031001 9 8 7\r\n";
     WriteFile(dir.path() / "outside.txt", outside);
-    for (const std::string& selection : {std::string("\"../../outside.txt\"\r\n"),
-                                         "\"" + (dir.path() / "outside.txt").string() + "\"\r\n"}) {
+    // Every form such a name can take is pinned with the lottery names; one is enough here.
+    for (const std::string& selection : {std::string("\"../../outside.txt\"\r\n")}) {
         WriteFile(folder.SelectionFile(), selection);
         session->drawingsPath.clear();
         scripted.shown.clear();
@@ -175,21 +177,6 @@ TEST_F(MainWindowTest, WithoutAnyLotteryMessagesSayHowToMakeOne) {
     EXPECT_NE(scripted.shown[0].text.indexOf("Make one with New Lottery."), -1);
     EXPECT_EQ(scripted.shown[1].text, "There is no lottery yet. Make one with New Lottery.");
     EXPECT_FALSE(std::filesystem::exists(folder.SelectionFile()));
-}
-
-TEST_F(MainWindowTest, ALotteryNameIsShownAsItStands) {
-    MainWindow* w = Make();
-    scripted.prompts = {"<h1>Big", "My \"Best\" Lottery"};
-    QAction* create = Action(w, "caixinjian", "caixinjiancaipiao");
-    create->trigger();
-    EXPECT_EQ(w->LotteryLabel()->textFormat(), Qt::PlainText);
-    EXPECT_EQ(Label(w), "Lottery:<h1>Big.");
-    create->trigger();  // a quote cannot stand in the selection file
-    EXPECT_EQ(scripted.Said().back(),
-              "Friendship Tip: \"My \"Best\" Lottery\" cannot be used as a file name.Please "
-              "rename.");
-    EXPECT_EQ(Label(w), "Lottery:<h1>Big.");
-    EXPECT_EQ(testing::ReadAll(folder.SelectionFile()), "\"<h1>Big.txt\"\r\n");
 }
 
 TEST_F(MainWindowTest, SelectLotteryGoesThroughEveryBranch) {

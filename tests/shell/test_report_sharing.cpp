@@ -10,11 +10,6 @@ namespace {
 
 class ReportSharingTest : public testing::ShellTest {
 protected:
-    ReportWindow* Open(std::string_view object) {
-        ReportWindow* window = reports->Open(object, nullptr);
-        if (window) QCoreApplication::processEvents();
-        return window;
-    }
     static void Key(QWidget* w, int key, Qt::KeyboardModifiers modifiers) {
         QKeyEvent press(QEvent::KeyPress, key, modifiers);
         QApplication::sendEvent(w, &press);

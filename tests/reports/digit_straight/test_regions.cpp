@@ -28,10 +28,9 @@ struct ThreeRegionsCase {
 
 TEST(ThreeRegions, PatternCountsTheDrawnDigitsOfEachRegion) {
     const ThreeRegionsCase cases[] = {
-        {"000", 27, "300", {5}},  // one mark, counted three times
-        {"777", 18, "003", {14}},        {"345", 21, "030", {9, 10, 11}},  // three Middle digits
+        {"000", 27, "300", {5}},          // one mark, counted three times
+        {"345", 21, "030", {9, 10, 11}},  // three Middle digits
         {"378", 19, "012", {9, 14, 15}},  // no Small, one Middle, two Large
-        {"290", 25, "201", {5, 7, 16}},
     };
     for (const ThreeRegionsCase& c : cases) {
         SCOPED_TRACE(std::string(c.digits));
@@ -64,7 +63,6 @@ struct FourRegionsCase {
 
 TEST(FourRegions1234, SortedCodesGivePatternSumAndType) {
     const FourRegionsCase cases[] = {
-        {"135", 21, "113", 42, "5", 52, "Type-2", {5, 6, 12}},
         {"024", 29, "222", 43, "6", 53, "Type-3", {8, 9, 10}},
         {"105", 24, "123", 43, "6", 51, "Type-1", {5, 8, 12}},
         // 4 is even below 5, 5 odd above 4: one threshold would split them wrongly.
@@ -81,15 +79,6 @@ TEST(FourRegions1234, SortedCodesGivePatternSumAndType) {
         EXPECT_EQ(sheet.Text(1, c.patternCol), c.pattern);
         EXPECT_EQ(sheet.Text(1, c.sumCol), c.sum);
         EXPECT_EQ(sheet.Text(1, c.typeCol), c.type);
-    }
-}
-
-TEST(Regions, AnEmptyFileLeavesTheHeaderAndABlankNextRow) {
-    for (std::string_view object : {"frmxzd", "frm4qufenge"}) {
-        const ReportSheet sheet = Build(object, {});
-        EXPECT_EQ(sheet.Rows(), 2) << object;
-        EXPECT_EQ(RowTexts(sheet, 1, 0, sheet.Cols() - 1), Texts(sheet.Cols())) << object;
-        EXPECT_EQ(sheet.Text(0, 1), "H") << object;
     }
 }
 

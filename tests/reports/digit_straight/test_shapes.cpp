@@ -76,15 +76,5 @@ TEST(StraightNumberShape, WordsLettersAndWordColumns) {
     EXPECT_EQ(testing::RowTexts(sheet, 3, 0, 42), std::vector<std::string>(43));
 }
 
-TEST(Shapes, EmptyHistoryKeepsOnlyTheHeader) {
-    for (const char* object : {"frmxingxiang", "frmjibenxingtai"}) {
-        ReportSheet sheet = Build(object, {});
-        EXPECT_EQ(sheet.Rows(), 3) << object;
-        for (int r = 1; r < 3; ++r)
-            for (int c = 0; c < sheet.Cols(); ++c)
-                EXPECT_TRUE(sheet.IsEmpty(r, c)) << object;
-    }
-}
-
 }  // namespace
 }  // namespace numarel

@@ -44,37 +44,6 @@ TEST(DigitClassSums, EachDrawingMarksOneValuePerNumberLine) {
     }
 }
 
-TEST(DigitClassSums, ValuesAClassCannotReachAreNarrowedButKeepTheirHeaders) {
-    const struct {
-        const char* report;
-        int cols;
-        const char* lastValue;  // the header of the last column
-        std::vector<int> narrowed;
-        std::vector<int> wide;
-    } cases[] = {
-        // Sum of Odd 20 cannot happen, nor an odd Sum of Even.
-        {"frmbjiouhe", 61, "24", {27, 33, 37, 59}, {26, 34, 36, 60}},
-        {"frmbxiaodahe", 64, "27", {20, 34, 37, 40}, {19, 36, 41, 63}},
-        {"frmbzhihehe", 64, "27", {25, 37, 39, 47}, {24, 36, 40, 48}},
-        {"frm3shu5luhe", 20, "12", {}, {7, 19}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.report);
-        auto sheet = Build(c.report, {});
-        EXPECT_EQ(sheet.Cols(), c.cols);
-        EXPECT_EQ(sheet.Text(0, c.cols - 1), c.lastValue);
-        for (int col : c.narrowed) {
-            EXPECT_EQ(sheet.ColWidth(col), 2) << col;
-            const int line = col < 36 ? 7 : 36;
-            EXPECT_EQ(sheet.Text(0, col), std::to_string(col - line)) << col;
-        }
-        for (int col : c.wide) {
-            EXPECT_EQ(sheet.ColWidth(col), 300) << col;
-            EXPECT_FALSE(sheet.IsEmpty(0, col)) << col;
-        }
-    }
-}
-
 TEST(DigitClassSums, RowsFollowTheFileAndTheNextRowStaysEmpty) {
     auto empty = Build("frmbxiaodahe", {});
     EXPECT_EQ(empty.Rows(), 2);

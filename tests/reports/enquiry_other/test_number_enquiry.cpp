@@ -49,22 +49,15 @@ std::string Tickets(int count) {
 TEST(NumberEnquiry, OpensOnTheHistoryWithEachDrawingsKey) {
     const struct {
         const char* object;
-        const char* title;
         Texts keys;  // of the drawings 3 1 2, 0 0 7, 7 0 0
     } cases[] = {
-        {kStraight, "Straight Number Enquire", {"312", "007", "700"}},
-        {kBox, "Box Number Enquire", {"123", "007", "007"}},
+        {kStraight, {"312", "007", "700"}},
+        {kBox, {"123", "007", "007"}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.object);
         auto sheet = Build(c.object, Drawings({"312", "007", "700"}));
-        EXPECT_EQ(sheet.Title(), c.title);
-        EXPECT_EQ(sheet.Rows(), 5);
-        ASSERT_EQ(sheet.Cols(), 5);
-        EXPECT_EQ(RowTexts(sheet, 0, 0, 4), (Texts{"", "H", "T", "U", ""}));
-        const int widths[] = {1218, 300, 300, 300, 600};
-        for (int col = 0; col < 5; ++col)
-            EXPECT_EQ(sheet.ColWidth(col), widths[col]) << col;
+        ASSERT_EQ(sheet.Rows(), 5);
         // The digits stay in drawn order beside the key.
         EXPECT_EQ(RowTexts(sheet, 1, 0, kKeyCol),
                   (Texts{" 2020001:312", "3", "1", "2", c.keys[0]}));

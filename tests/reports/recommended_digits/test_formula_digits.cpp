@@ -47,19 +47,6 @@ TEST(FormulaDigits, DecimalTextAndItsDigits) {
     EXPECT_EQ(RemoveAll("abc", ""), "abc");
 }
 
-TEST(FormulaDigits, Layout) {
-    ReportSheet s = Build("frmdanma2", Drawings({"123"}));
-    EXPECT_EQ(s.Title(), "Other recommend digits-[formula]");
-    ASSERT_EQ(s.Cols(), 13);
-    EXPECT_EQ(RowTexts(s, 0, 0, kLastCol), (Texts{"", "H", "T", "U", "", "digits-1", "  Y/N", "",
-                                                  "digits-2", "  Y/N", "", "digits-3", "  Y/N"}));
-    std::vector<int> widths;
-    for (int c = 0; c <= kLastCol; ++c)
-        widths.push_back(s.ColWidth(c));
-    EXPECT_EQ(widths,
-              (std::vector<int>{1290, 300, 300, 300, 20, 860, 860, 200, 860, 860, 200, 860, 860}));
-}
-
 TEST(FormulaDigits, GroupsCountDrawnDigits) {
     ReportSheet s = Build("frmdanma2", Drawings({"307", "331", "000"}));
     ASSERT_EQ(s.Rows(), 5);

@@ -20,29 +20,6 @@ using Cols = std::vector<int>;
 constexpr int kForecastCol = 5;
 constexpr int kJudgementCol = 6;
 
-TEST(RecommendOneDigit, HeaderRowWidthsAndTitle) {
-    const struct {
-        const char* object;
-        const char* title;
-    } reports[] = {
-        {"frmzonghe", "Recommend 1 digit[1]"},
-        {"frmtongsha1ma", "Recommend 1 digit[2]"},
-    };
-    for (const auto& r : reports) {
-        SCOPED_TRACE(r.object);
-        ReportSheet s = Build(r.object, Drawings({}));
-        EXPECT_EQ(s.Title(), r.title);
-        ASSERT_EQ(s.Cols(), 7);
-        EXPECT_EQ(s.Rows(), 2);
-        EXPECT_EQ(RowTexts(s, 0, 0, 6), (Texts{"", "H", "T", "U", "", "1 digit", "Y/N"}));
-        std::vector<int> widths;
-        for (int c = 0; c < 7; ++c)
-            widths.push_back(s.ColWidth(c));
-        EXPECT_EQ(widths, (std::vector<int>{1290, 300, 300, 300, 20, 860, 430}));
-        EXPECT_EQ(RowTexts(s, 1, 0, 6), Texts(7, ""));
-    }
-}
-
 TEST(RecommendOneDigit, WeightedSumJudgesEveryDrawing) {
     // 3 0 7: 12 + 0 + 63 + 3 = 78, so 8 for 1 8 3; 1 8 3 gives 106, and 6 6 1 holds 6 twice;
     // 6 6 1 gives 90 and 5 5 5 gives 113.

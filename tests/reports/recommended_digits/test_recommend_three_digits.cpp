@@ -29,40 +29,6 @@ constexpr int kMissChart = 10;  // digit 0; digit 9 in 19
 constexpr int kForecastC = 20;  // to 22
 constexpr int kMarkerC = 23;
 
-TEST(RecommendThreeDigits, Layout) {
-    const struct {
-        const char* object;
-        const char* title;
-        Texts headers;
-        std::vector<int> widths;  // -1: the grid's default
-    } reports[] = {
-        {"frmdingdanshh",
-         "Recommend 3 digits-A",
-         {"", "H", "T", "U", "", "", "", "", "Y/N", "", "Note", ""},
-         {1290, 300, 300, 300, 20, 300, 300, 300, 430, 20, -1, 20}},
-        {"frmtongsha3ma",
-         "Recommend 3 digits-BC",
-         {"",  "H", "T", "U", "",  "B1", "B2", "B3", "Y/N", "",   "0",  "1",
-          "2", "3", "4", "5", "6", "7",  "8",  "9",  "C1",  "C2", "C3", "Y/N"},
-         {1290, 300, 300, 300, 20, 300, 300, 300, 430, 150, 2,   2,
-          2,    2,   2,   2,   2,  2,   2,   2,   300, 300, 300, 430}},
-    };
-    for (const auto& r : reports) {
-        SCOPED_TRACE(r.object);
-        ReportSheet s = Build(r.object, Drawings({"123"}));
-        EXPECT_EQ(s.Title(), r.title);
-        ASSERT_EQ(s.Cols(), static_cast<int>(r.headers.size()));
-        EXPECT_EQ(RowTexts(s, 0, 0, s.Cols() - 1), r.headers);
-        std::vector<int> widths;
-        for (int c = 0; c < s.Cols(); ++c)
-            widths.push_back(s.ColWidth(c));
-        EXPECT_EQ(widths, r.widths);
-        EXPECT_EQ(s.Rows(), 3);
-        EXPECT_EQ(s.TopRow(), 2);
-        EXPECT_EQ(s.CurrentRow(), 2);
-    }
-}
-
 // U = 7 forecasts 7 3 0, U = 0 forecasts 0 3 6, U = 1 forecasts 1 4 7, U = 4 forecasts 4 0 7.
 TEST(RecommendThreeDigits, UnitsForecastJudgedOnTheNextRow) {
     ReportSheet s = Build("frmdingdanshh", Drawings({"247", "730", "331", "444", "404"}));

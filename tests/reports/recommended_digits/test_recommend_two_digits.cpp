@@ -30,19 +30,6 @@ Texts Forecasts(const ReportSheet& s, int row) {
     return out;
 }
 
-TEST(RecommendTwoDigits, Layout) {
-    ReportSheet s = Build("frmtongshahao", Drawings({"123"}));
-    EXPECT_EQ(s.Title(), "Recommend 2 digits");
-    ASSERT_EQ(s.Cols(), 29);
-    EXPECT_EQ(
-        RowTexts(s, 0, 0, kLastCol),
-        (Texts{"",   "H", "T", "U",  "S",  "W", "A1", "A2", "",   "", "B1", "B2", "",   "", "C1",
-               "C2", "",  "",  "D1", "D2", "",  "",   "E1", "E2", "", "",   "F1", "F2", ""}));
-    EXPECT_EQ(s.ColWidth(0), 1290);
-    for (int c = 1; c <= kLastCol; ++c)
-        EXPECT_EQ(s.ColWidth(c), 300) << c;
-}
-
 TEST(RecommendTwoDigits, FormulasAndTheirTrackRecord) {
     ReportSheet s = Build("frmtongshahao", Drawings({"307", "289", "199", "000", "105"}));
     ASSERT_EQ(s.Rows(), 7);

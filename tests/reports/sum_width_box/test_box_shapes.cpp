@@ -15,14 +15,10 @@ using testing::ColumnsColoured;
 using testing::Drawings;
 using testing::RowTexts;
 using Texts = std::vector<std::string>;
-using Widths = std::vector<int>;
 
-// Repeats a text or a width `n` times, for the runs of the header tables.
+// Repeats a text `n` times.
 Texts Repeat(int n, const std::string& text) {
     return Texts(static_cast<std::size_t>(n), text);
-}
-Widths Repeat(int n, int width) {
-    return Widths(static_cast<std::size_t>(n), width);
 }
 template <typename T>
 std::vector<T> Join(std::initializer_list<std::vector<T>> parts) {
@@ -30,90 +26,6 @@ std::vector<T> Join(std::initializer_list<std::vector<T>> parts) {
     for (const auto& p : parts)
         all.insert(all.end(), p.begin(), p.end());
     return all;
-}
-const Texts kHtu = {"H", "T", "U"};
-const Texts kDigits = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
-
-TEST(BoxShapes, WindowsHeadersAndWidths) {
-    const struct {
-        const char* object;
-        const char* title;
-        LoadOrder loadOrder;
-        HelpButton help;
-        Rgb markColour;
-        int emptyRows;  // Rows of an empty history
-        Texts header;
-        Widths widths;
-    } layouts[] = {
-        {"frmzuxuan012lu", "Box Number Shape", LoadOrder::DesignedCaption, HelpButton::Hidden,
-         MakeRgb(43, 145, 255), 3,
-         Join<std::string>({{"", "012Type"},
-                            kHtu,
-                            {"000", "111", "222", "012", "001", "002", "011", "112", "022", "122"},
-                            {"", "Even"},
-                            kHtu,
-                            {"0E", "3E", "2E", "1E"},
-                            {"", "Big"},
-                            kHtu,
-                            {"0B", "3B", "2B", "1B"},
-                            {"", "Prime"},
-                            kHtu,
-                            {"0P", "3P", "2P", "1P"},
-                            Repeat(4, "")}),
-         Join<int>({{1204, 860},
-                    Repeat(3, 255),
-                    Repeat(10, 420),
-                    {80, 860},
-                    Repeat(3, 255),
-                    Repeat(4, 588),
-                    {80, 860},
-                    Repeat(3, 255),
-                    Repeat(4, 588),
-                    {80, 860},
-                    Repeat(3, 255),
-                    Repeat(4, 588),
-                    {80, 2, 2, 2}})},
-        {"frm3dzxxzd", "Box Number-Small/Middle/Large", LoadOrder::ShowsLoading,
-         HelpButton::PageFromCommandTable, kDefaultColour, 2,
-         Join<std::string>({{""}, kHtu, {""}, kDigits, {""}, kDigits, {""}, kDigits, {""}}),
-         Join<int>({{1290},
-                    Repeat(3, 300),
-                    {60},
-                    Repeat(10, 300),
-                    {60},
-                    Repeat(10, 300),
-                    {60},
-                    Repeat(10, 300),
-                    {60}})},
-        {"frmxingtai1", "Four Models", LoadOrder::ShowsLoading, HelpButton::PageFromCommandTable,
-         kDefaultColour, 6,
-         Join<std::string>({{""}, kHtu, {"", "2B1S;2O1E", "2B1S;2E1O", "2S1B;2O1E", "2S1B;2E1O"}}),
-         Join<int>({{1218}, Repeat(3, 300), {30}, Repeat(4, 1178)})},
-        {"frmjiachengzh", "Addition Box Number&Multiplication Box Number", LoadOrder::ShowsLoading,
-         HelpButton::PageFromCommandTable, kDefaultColour, 2,
-         Join<std::string>(
-             {{""}, kHtu, {"S", "W", "Addition Box Number", "Multiplication Box Number"}}),
-         Join<int>({{1290}, Repeat(5, 300), {860, 860}})},
-    };
-    for (const auto& l : layouts) {
-        SCOPED_TRACE(l.object);
-        const ReportDefinition* def = FindReport(l.object);
-        ASSERT_NE(def, nullptr);
-        EXPECT_EQ(def->loadOrder, l.loadOrder);
-        EXPECT_EQ(def->help, l.help);
-        EXPECT_EQ(def->markColour, l.markColour);
-
-        ReportSheet s = Build(l.object, {});
-        EXPECT_EQ(s.Title(), l.title);
-        EXPECT_EQ(RowTexts(s, 0, 0, s.Cols() - 1), l.header);
-        Widths widths;
-        for (int c = 0; c < s.Cols(); ++c)
-            widths.push_back(s.ColWidth(c));
-        EXPECT_EQ(widths, l.widths);
-        EXPECT_EQ(s.Rows(), l.emptyRows);
-        EXPECT_EQ(s.TopRow(), s.Rows() - 1);
-    }
-    EXPECT_EQ(Build("frmzuxuan012lu", {}).RowHeight(0), 300);
 }
 
 // Box Number Shape columns.

@@ -5,8 +5,6 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
-#include "reports/command_table.h"
-#include "reports/report_registry.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -19,105 +17,12 @@ using testing::RowTexts;
 using Texts = std::vector<std::string>;
 using Cols = std::vector<int>;
 
-// Runs of widths; a negative number repeats the width after it that many times.
-std::vector<int> Widths(std::initializer_list<int> runs) {
-    std::vector<int> out;
-    std::size_t count = 1;
-    for (int w : runs) {
-        if (w < 0) {
-            count = static_cast<std::size_t>(-w);
-            continue;
-        }
-        out.insert(out.end(), count, w);
-        count = 1;
-    }
-    return out;
-}
 Texts Join(std::initializer_list<Texts> parts) {
     Texts out;
     for (const Texts& p : parts)
         out.insert(out.end(), p.begin(), p.end());
     return out;
 }
-Texts Numbers(int first, int last) {
-    Texts out;
-    for (int n = first; n <= last; ++n)
-        out.push_back(std::to_string(n));
-    return out;
-}
-
-TEST(SumWidthReports, HeaderWidthsTitleAndWindow) {
-    const struct {
-        std::string_view object;
-        std::string title;
-        Texts header;
-        std::vector<int> widths;
-        int rowsForTwoDrawings;
-        int fontDecipoints;
-        Rgb mark;
-        LoadOrder loadOrder;
-        std::string_view helpPage;  // empty: no Help button shown
-    } layouts[] = {
-        {"frmxingtai3dhe", "Sum-Sum Units",
-         Join({{"", "H", "T", "U", "Sum", ""}, Numbers(0, 27), {"", "S U", ""}, Numbers(0, 9)}),
-         Widths({1290, -3, 300, 480, 60, -28, 300, 60, 480, 60, -10, 300}), 4, 75, 0,
-         LoadOrder::ShowsLoading, ""},
-        {"frmhekualu",
-         "Sum 012 Type&Width 012 Type",
-         {"", "S", "W", "SW012Type", "", "00", "11", "22", "01", "02", "10", "12", "20", "21", "",
-          "", ""},
-         Widths({1204, 300, 300, 860, 40, -9, 300, -3, 2}),
-         5,
-         83,
-         MakeRgb(43, 145, 255),
-         LoadOrder::DesignedCaption,
-         "Sum_012_Type-Width_012_Type"},
-        {"frmhekuazonghe",
-         "Sum Units Four Regions&Width Four Regions",
-         {"",   "H",  "T",  "U",  "S",  "W",  "",   "11", "12", "13", "14", "21",
-          "22", "23", "24", "31", "32", "33", "34", "41", "42", "43", "44"},
-         Widths({1290, -5, 300, 60, -16, 480}),
-         8,
-         75,
-         0,
-         LoadOrder::ShowsLoading,
-         "Sum_Units_Four_Region-Width_Four_Region"},
-        {"frmhezhi4",
-         "Recommend Number Sum-[Following 7 fixed sums]+[Following 4 fixed sums]",
-         {"", "H", "T", "U", "S", "8", "10", "11", "13", "15", "16", "18", "Y/N", "", "12", "13",
-          "14", "15", "Y/N"},
-         Widths({1290, -11, 300, 688, 688, -4, 300, 688}),
-         4,
-         75,
-         0,
-         LoadOrder::ShowsLoading,
-         ""},
-    };
-    for (const auto& l : layouts) {
-        SCOPED_TRACE(std::string(l.object));
-        const ReportSheet s = Build(l.object, Drawings({"123", "456"}));
-        ASSERT_EQ(s.Cols(), static_cast<int>(l.header.size()));
-        EXPECT_EQ(RowTexts(s, 0, 0, s.Cols() - 1), l.header);
-        std::vector<int> widths;
-        for (int c = 0; c < s.Cols(); ++c)
-            widths.push_back(s.ColWidth(c));
-        EXPECT_EQ(widths, l.widths);
-        EXPECT_EQ(s.Title(), l.title);
-        EXPECT_EQ(s.Rows(), l.rowsForTwoDrawings);
-        EXPECT_EQ(s.TopRow(), s.Rows() - 1);
-        EXPECT_EQ(s.FontDecipoints(), l.fontDecipoints);
-        const ReportDefinition& def = *FindReport(l.object);
-        EXPECT_EQ(def.markColour, l.mark);
-        EXPECT_EQ(def.loadOrder, l.loadOrder);
-        const HelpButtonState help = HelpButtonOf(def, FindCommand(l.object)->helpPage);
-        EXPECT_EQ(help.shown, !l.helpPage.empty());
-        EXPECT_EQ(help.page, l.helpPage);
-        // Nothing is recommended: the next drawing's row stays blank and uncoloured.
-        EXPECT_EQ(RowTexts(s, 3, 0, s.Cols() - 1), Texts(l.header.size()));
-        EXPECT_EQ(ColumnsColoured(s, 3, kDefaultColour).size(), l.header.size());
-    }
-}
-
 TEST(SumLines, EachValueStandsOnItsLineOverTheBandedEnds) {
     const struct {
         std::string_view digits;

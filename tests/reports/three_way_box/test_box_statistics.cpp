@@ -36,36 +36,6 @@ int ColumnOf(const ReportSheet& sheet, std::string_view header) {
     return -1;
 }
 
-TEST(BoxStatistics, NumberColumnsHoldEveryBoxNumberOfTheirKindOnce) {
-    const struct {
-        const char* object;
-        int count;  // number columns
-        bool threeWay;
-        bool ascending;  // the 70 tickets go by Sum instead
-    } families[] = {{"frmzusan90", 90, true, true},
-                    {"frmzuliu120", 120, false, true},
-                    {"frmzuliu70", 70, false, false}};
-    for (const auto& f : families) {
-        SCOPED_TRACE(f.object);
-        ReportSheet sheet = Build(f.object, {});
-        const int w = 6 + f.count;
-        ASSERT_EQ(sheet.Cols(), w + 7);
-        EXPECT_EQ(sheet.Rows(), 5);
-        EXPECT_EQ(sheet.Text(0, w), "Winning Number Miss");
-        const std::vector<std::string> headers = testing::RowTexts(sheet, 0, 6, w - 1);
-        EXPECT_EQ(std::is_sorted(headers.begin(), headers.end()), f.ascending);
-        std::set<std::string> seen;
-        for (const std::string& h : headers) {
-            ASSERT_EQ(h.size(), 3u) << h;
-            EXPECT_TRUE(h[0] <= h[1] && h[1] <= h[2]) << h;
-            const bool threeWay = (h[0] == h[1]) != (h[1] == h[2]);
-            const bool sixWay = h[0] != h[1] && h[1] != h[2];
-            EXPECT_TRUE(f.threeWay ? threeWay : sixWay) << h;
-            EXPECT_TRUE(seen.insert(h).second) << h;
-        }
-    }
-}
-
 TEST(BoxStatistics, HitsMissesAndWinningNumberMiss) {
     // 717 and 177 are one number; 123 is of the other kind; 121 is 112's first hit.
     ReportSheet sheet = Build("frmzusan90", Drawings({"717", "177", "123", "771", "121"}));
