@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
@@ -17,6 +18,7 @@
 #include "platform/platform.h"
 #include "platform/twips.h"
 #include "shell/drawings_editor.h"
+#include "shell/enquiry_window.h"
 #include "shell/main_window.h"
 #include "shell/report_window.h"
 #include "shell/welcome_window.h"
@@ -133,6 +135,24 @@ int main(int argc, char** argv) {
     ok &= photographReport("frmbjiouhe", QStringLiteral("report.png"), false);
     ok &= photographReport("frmzu3leixing2", QStringLiteral("report-3-way-box-type.png"), false);
     ok &= photographReport("frmrenwenleng", QStringLiteral("report-cold-warm-hot.png"), true);
+    ok &= photographReport("frmliangmahecha", QStringLiteral("report-pairs-sums.png"), false);
+
+    // The Straight Number enquiry after Enquire with a few tickets typed in.
+    if (auto* enquiry =
+            dynamic_cast<numarel::EnquiryWindow*>(reports.Open("frmzhixuanhaocx", main))) {
+        enquiry->setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        enquiry->showNormal();
+        Settle(1200);
+        enquiry->TicketBox()->setPlainText(QStringLiteral("123 456,789\n012 345"));
+        enquiry->EnquireButton()->click();
+        Settle(600);
+        ok &= Photograph(folder, QStringLiteral("report-enquiry.png"), enquiry->frameGeometry(),
+                         enquiry->windowTitle());
+        enquiry->close();
+        Settle(200);
+    } else {
+        ok = false;
+    }
 
     {
         numarel::DrawingsEditor editor(session, main);
