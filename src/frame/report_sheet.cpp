@@ -113,7 +113,11 @@ std::uint32_t ReportSheet::TextHandle(std::string_view text) {
 
 void ReportSheet::SetText(int row, int col, std::string_view text) {
     if (!Contains(row, col)) return;
-    cells_[Index(row, col)].text = TextHandle(text);
+    std::uint32_t& cell = cells_[Index(row, col)].text;
+    const std::uint32_t handle = TextHandle(text);
+    // A text written over another may leave that one unused: counted for DropUnusedTexts.
+    if (cell != handle && cell != 0 && !IsInlineNumber(cell)) ++replacedTexts_;
+    cell = handle;
 }
 
 void ReportSheet::SetText(int row, std::span<const int> cols, std::string_view text) {
@@ -159,23 +163,21 @@ ReportSheet::RowRun ReportSheet::Run(int row, int firstCol, int lastCol) {
     return run;
 }
 
-std::uint16_t ReportSheet::PaletteIndex(Rgb colour) {
-    if (colour == kDefaultColour) return 0;
-    for (std::size_t i = 1; i < palette_.size(); ++i)
-        if (palette_[i] == colour) return static_cast<std::uint16_t>(i);
-    if (palette_.size() >= 0xFFFF) return 0;  // a sheet never needs this many colours
-    palette_.push_back(colour);
-    return static_cast<std::uint16_t>(palette_.size() - 1);
-}
-
-void ReportSheet::SetBackColor(int row, int col, Rgb colour) {
-    if (!Contains(row, col)) return;
-    cells_[Index(row, col)].back = PaletteIndex(colour);
-}
-
-void ReportSheet::SetForeColor(int row, int col, Rgb colour) {
-    if (!Contains(row, col)) return;
-    cells_[Index(row, col)].fore = PaletteIndex(colour);
+std::uint16_t ReportSheet::FindPaletteIndex(Rgb colour) {
+    std::uint16_t index = 0;
+    if (colour != kDefaultColour) {
+        std::size_t i = 1;
+        while (i < palette_.size() && palette_[i] != colour)
+            ++i;
+        if (i == palette_.size()) {
+            if (palette_.size() >= 0xFFFF) return 0;  // a sheet never needs this many colours
+            palette_.push_back(colour);
+        }
+        index = static_cast<std::uint16_t>(i);
+    }
+    lastColour_ = colour;
+    lastIndex_ = index;
+    return index;
 }
 
 void ReportSheet::SetColWidth(int col, int twips) {
@@ -207,9 +209,11 @@ std::vector<std::pair<int, int>> ReportSheet::ExplicitRowHeights() const {
 }
 
 void ReportSheet::DropUnusedTexts() {
-    // Most sheets hold about a text a row or fewer: then the walk over the cells is not worth it.
+    // Unless many texts were written over, nearly every text is still in use and the walk over
+    // the cells is not worth it.
     const std::size_t texts = pool_.Size();
-    if (texts < 4096 || texts * 2 < static_cast<std::size_t>(rows_) * 3) return;
+    if (texts < 4096 || replacedTexts_ * 4 < texts) return;
+    replacedTexts_ = 0;
     const std::size_t count = static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols_);
     std::vector<std::uint32_t> remap(texts + 1, 0);
     std::size_t used = 0;

@@ -130,8 +130,12 @@ public:
     RowRun Run(int row, int firstCol, int lastCol);
 
     // --- colours ---------------------------------------------------------------------------
-    void SetBackColor(int row, int col, Rgb colour);
-    void SetForeColor(int row, int col, Rgb colour);
+    void SetBackColor(int row, int col, Rgb colour) {
+        if (Contains(row, col)) cells_[Index(row, col)].back = PaletteIndex(colour);
+    }
+    void SetForeColor(int row, int col, Rgb colour) {
+        if (Contains(row, col)) cells_[Index(row, col)].fore = PaletteIndex(colour);
+    }
     Rgb BackColor(int row, int col) const {
         return Contains(row, col) ? palette_[cells_[Index(row, col)].back] : kDefaultColour;
     }
@@ -253,13 +257,20 @@ private:
                static_cast<std::size_t>(col);
     }
     std::uint32_t Intern(std::string_view text);
-    std::uint16_t PaletteIndex(Rgb colour);
+    // Reports set one colour many times over: the last one is found without a search.
+    std::uint16_t PaletteIndex(Rgb colour) {
+        return colour == lastColour_ ? lastIndex_ : FindPaletteIndex(colour);
+    }
+    std::uint16_t FindPaletteIndex(Rgb colour);
 
     int rows_ = 0;
     int cols_ = 0;
     CellBuffer cells_;  // rows_ * cols_ cells in use; cells beyond them are always empty
     TextPool pool_;
+    std::size_t replacedTexts_ = 0;  // texts written over by other texts since the last drop
     std::vector<Rgb> palette_{kDefaultColour};
+    Rgb lastColour_ = kDefaultColour;
+    std::uint16_t lastIndex_ = 0;
     std::vector<int> colWidths_;
     std::vector<int> rowHeights_;
     int row_ = 0;
