@@ -4,6 +4,7 @@
 #include <iterator>
 #include <ostream>
 
+#include "data/file_io.h"
 #include "data/results_import.h"
 
 namespace numarel {
@@ -66,6 +67,11 @@ int RunImportCommand(const ImportCommand& c, const ProgramFolder& folder, std::i
     }
     if (file.empty())
         return fail("say where the drawings go, with --into FILE or --lottery NAME", 2);
+    if (SameFile(file, folder.SelectionFile()))
+        return fail(
+            "--into \"" + file.string() +
+                "\" is the selection file; it is never written over. Choose a drawings file.",
+            1);
 
     std::string bytes;
     if (c.source == "-") {
