@@ -48,8 +48,14 @@ void ReadDrawings(std::span<const DrawRecord> drawings, const DrawingVisit& visi
     for (const DrawRecord& record : drawings) {
         if (n > static_cast<int>(kMaxDrawings)) break;
         const std::string* fields[3] = {&record.h, &record.t, &record.u};
-        for (int i = 0; i < 3; ++i)
-            if (auto v = ToInt16(*fields[i])) digits[static_cast<std::size_t>(i)] = *v;
+        for (int i = 0; i < 3; ++i) {
+            const std::string& field = *fields[i];
+            // Nearly every field is one digit; anything else takes the general rule.
+            if (field.size() == 1 && field[0] >= '0' && field[0] <= '9')
+                digits[static_cast<std::size_t>(i)] = static_cast<short>(field[0] - '0');
+            else if (auto v = ToInt16(field))
+                digits[static_cast<std::size_t>(i)] = *v;
+        }
         visit(n, record, digits);
         ++n;
     }
