@@ -108,6 +108,10 @@ public:
         return *this;
     }
     Sink& Text(std::string_view text) {
+        // Nearly every text is plain ASCII, which goes through as it is.
+        if (std::all_of(text.begin(), text.end(),
+                        [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+            return *this << text;
         return Text(text, [](Sink& s, char c) { s << c; });
     }
     void Flush() {
@@ -341,12 +345,17 @@ std::string FormatSheetText(const ReportSheet& sheet, int tail) {
 
 void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out) {
     Sink sink(out);
+    ReportSheet::NumberDigits digits;
     for (int r = 0; r < sheet.Rows(); ++r) {
         for (int c = 0; c < sheet.Cols(); ++c) {
             if (c > 0) sink << ',';
             if (sheet.IsEmpty(r, c)) continue;
-            std::string text = sheet.Text(r, c);
-            if (text.find_first_of(",\"\r\n") != std::string::npos || text.starts_with(' ') ||
+            const std::string_view text = sheet.TextView(r, c, digits);
+            if (sheet.HoldsNumber(r, c)) {  // digits and a sign never need quotes
+                sink << text;
+                continue;
+            }
+            if (text.find_first_of(",\"\r\n") != std::string_view::npos || text.starts_with(' ') ||
                 text.ends_with(' ')) {
                 sink << '"';
                 sink.Text(text, [](Sink& s, char ch) {
@@ -364,6 +373,7 @@ void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out) {
 
 void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostream& out) {
     Sink sink(out);
+    ReportSheet::NumberDigits digits;
     auto title = [&] { sink.Text(sheet.Title(), HtmlChar); };
     const Rgb gridLine =
         sheet.GridColour() == kDefaultColour ? kDefaultGridLine : sheet.GridColour();
@@ -419,7 +429,7 @@ void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostr
                 sink << '"';
             }
             sink << '>';
-            if (!sheet.IsEmpty(r, c)) sink.Text(sheet.Text(r, c), HtmlChar);
+            if (!sheet.IsEmpty(r, c)) sink.Text(sheet.TextView(r, c, digits), HtmlChar);
             sink << "</td>";
         }
         sink << "</tr>\n";
@@ -444,6 +454,7 @@ void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostr
 }
 
 void WriteSheetJson(const ReportSheet& sheet, std::string_view report, std::ostream& out) {
+    ReportSheet::NumberDigits digits;
     Sink sink(out);
     JsonWriter json(sink);
     json.BeginObject();
@@ -485,7 +496,7 @@ void WriteSheetJson(const ReportSheet& sheet, std::string_view report, std::ostr
             json.BeginArray();
             json.Number(r);
             json.Number(c);
-            json.SheetText(empty ? std::string() : sheet.Text(r, c));
+            json.SheetText(empty ? std::string_view() : sheet.TextView(r, c, digits));
             json.Colour(back);
             json.Colour(fore);
             json.EndArray();

@@ -134,6 +134,14 @@ std::string ReportSheet::Text(int row, int col) const {
     return std::string(pool_.View(h));
 }
 
+std::string_view ReportSheet::TextView(int row, int col, NumberDigits& digits) const {
+    const std::uint32_t h = Handle(row, col);
+    if (h == 0) return {};
+    if (!IsInlineNumber(h)) return pool_.View(h);
+    auto [end, ec] = std::to_chars(digits.data(), digits.data() + digits.size(), InlineValue(h));
+    return {digits.data(), static_cast<std::size_t>(end - digits.data())};
+}
+
 bool ReportSheet::NumberIs(std::uint32_t h, std::string_view text) {
     long value = 0;
     return ParsePlainNumber(text, value) && value == InlineValue(h);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -76,6 +77,13 @@ public:
             SetText(row, col, std::to_string(value));
     }
     std::string Text(int row, int col) const;
+    // The cell's text without a copy, for writers that walk every cell: a view of the sheet's
+    // own text, or for a number its digits written into `digits`. Valid while the sheet and
+    // `digits` are unchanged.
+    using NumberDigits = std::array<char, 24>;
+    std::string_view TextView(int row, int col, NumberDigits& digits) const;
+    // True when the cell holds a number as SetNumber writes it.
+    bool HoldsNumber(int row, int col) const { return (Handle(row, col) & kNumberTag) != 0; }
     // Makes room for `count` different texts in all (numbers do not count).
     void ReserveTexts(std::size_t count) { pool_.Reserve(count); }
     // Lets go of the texts no cell holds any more, when they are many (a report that rewrites
