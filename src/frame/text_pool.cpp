@@ -80,11 +80,11 @@ void TextPool::Reserve(std::size_t count) {
 }
 
 std::uint32_t TextPool::Intern(std::string_view text) {
-    if (text.size() <= 3) {
-        std::uint32_t key = static_cast<std::uint32_t>(text.size());
+    if (text.size() <= kShortLength) {
+        std::uint64_t key = text.size();
         for (std::size_t k = 0; k < text.size(); ++k)
-            key |= static_cast<std::uint32_t>(static_cast<unsigned char>(text[k])) << (8 * (k + 1));
-        ShortText& entry = shortTexts_[(key * 2654435769u) >> (32 - kShortBits)];
+            key |= static_cast<std::uint64_t>(static_cast<unsigned char>(text[k])) << (8 * (k + 1));
+        ShortText& entry = shortTexts_[(key * 0x9E3779B97F4A7C15ull) >> (64 - kShortBits)];
         if (entry.key == key) return last_ = entry.handle;
         entry = {key, InternHashed(text)};
         return entry.handle;

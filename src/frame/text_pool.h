@@ -77,11 +77,12 @@ private:
     // them, without reading them.
     std::vector<std::uint64_t> slots_;
     std::uint32_t last_ = 0;  // reports often write one text many times in a row
-    // Letters, digits and markers of up to three characters make up most cells, a few of them
+    // Letters, digits and markers of up to seven characters make up most cells, a few of them
     // over and over: each is found here without hashing. Keyed by the packed characters and the
     // length (never 0, as no key is empty).
+    static constexpr std::size_t kShortLength = 7;
     struct ShortText {
-        std::uint32_t key = 0;
+        std::uint64_t key = 0;
         std::uint32_t handle = 0;
     };
     static constexpr int kShortBits = 6;
