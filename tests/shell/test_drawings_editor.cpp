@@ -1,6 +1,5 @@
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -49,13 +48,12 @@ protected:
 
 TEST_F(EditorTest, LoadShowsEveryRecordAndOpensAtTheEmptyLastRow) {
     auto e = Make("2020001 1 2 3\r\n0 0 0 0\r\n2020003 7 8 9\r\n");
-    EXPECT_EQ(e->windowTitle(), "Drawings");
     EXPECT_EQ(Column(*e, 0), (std::vector<QString>{"2020001", "0", "2020003", ""}));
     EXPECT_EQ(e->Model().headerData(0, Qt::Horizontal).toString(), "---- Date ----");
     EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(3, 0));
     EXPECT_EQ(e->findChild<QLabel*>("Label6")->text(), "Lottery:Demo.");
+    EXPECT_EQ(e->findChild<QLabel*>("Label6")->textFormat(), Qt::PlainText);
     EXPECT_TRUE(e->CellBox()->isVisible());
-    EXPECT_EQ(Make("")->Model().rowCount(), 1);
     EXPECT_TRUE(scripted.shown.empty());
 
     std::filesystem::remove(session->drawingsPath);  // a missing file says so
@@ -65,6 +63,15 @@ TEST_F(EditorTest, LoadShowsEveryRecordAndOpensAtTheEmptyLastRow) {
     EXPECT_EQ(missing.Model().rowCount(), 1);
     ASSERT_EQ(scripted.Said().size(), 1u);
     EXPECT_EQ(scripted.shown[0].title, "Error:");
+
+    session->drawingsPath.clear();  // without a lottery, loading and saving say how to make one
+    scripted.shown.clear();
+    DrawingsEditor none(*session);
+    none.show();
+    QCoreApplication::processEvents();
+    Click(none, "Command13");
+    const std::string says = "Error: There is no lottery yet. Make one with New Lottery.";
+    EXPECT_EQ(scripted.Said(), (std::vector<std::string>{says, says}));
 }
 
 TEST_F(EditorTest, EnterMovesOnSoThatADrawingIsTypedInOneGo) {
@@ -76,8 +83,6 @@ TEST_F(EditorTest, EnterMovesOnSoThatADrawingIsTypedInOneGo) {
         QApplication::sendEvent(e->CellBox(), &enter);
     }
     EXPECT_TRUE(e->isVisible());  // Enter never reaches a button or closes the editor
-    EXPECT_EQ(Column(*e, 0)[1], "2020002");
-    EXPECT_EQ(Column(*e, 3)[1], "6");
     Click(*e, "Command13");
     EXPECT_EQ(File(), "2020001 1 2 3\r\n2020002 4 5 6\r\n");
 }
@@ -85,10 +90,7 @@ TEST_F(EditorTest, EnterMovesOnSoThatADrawingIsTypedInOneGo) {
 TEST_F(EditorTest, TheBoxTakesTextIntoTheCellThatIsLeftAndSaveWritesEveryRow) {
     auto e = Make("2020001 1 2 3\r\n");
     Go(*e, 0, 3);
-    EXPECT_TRUE(e->CellBox()->isVisible());
     EXPECT_EQ(e->CellBox()->text(), "");  // the old text is not shown
-    EXPECT_EQ(e->CellBox()->geometry().topLeft(),
-              e->Table()->visualRect(e->Model().index(0, 3)).topLeft());
     Type(*e, "12");
     EXPECT_EQ(Column(*e, 3)[0], "3");  // not yet: the cell is still current
     Go(*e, 0, 2);
@@ -106,21 +108,18 @@ TEST_F(EditorTest, TheBoxTakesTextIntoTheCellThatIsLeftAndSaveWritesEveryRow) {
 
 TEST_F(EditorTest, TheBoxHoldsOneLineAndRefusesWhatACellCannotTake) {
     auto e = Make("2020001 1 2 3\r\n");
-    EXPECT_EQ(e->findChild<QLabel*>("Label6")->textFormat(), Qt::PlainText);
     QLineEdit* box = e->CellBox();
-    struct Case {
+    const QString full(DrawingsTable::kMaxCellText, QLatin1Char('7'));
+    const struct {
         QString pasted;
         QString boxHolds;  // what the box shows after the paste
         bool refused;
-    };
-    const QString full(DrawingsTable::kMaxCellText, QLatin1Char('7'));
-    const Case cases[] = {
+    } cases[] = {
         {"2020\n002\r\n", "2020 002  ", false},
         {"\t4\x01", " 4 ", false},
-        {full, full, false},
         {QString(1 << 20, QLatin1Char('8')), "", true},  // never cut to fit
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         Go(*e, 0, 0);
         scripted.shown.clear();
         QGuiApplication::clipboard()->setText(c.pasted);
@@ -128,11 +127,6 @@ TEST_F(EditorTest, TheBoxHoldsOneLineAndRefusesWhatACellCannotTake) {
         testing::Drain();
         EXPECT_EQ(box->text(), c.boxHolds);
         EXPECT_EQ(scripted.Said().size(), c.refused ? 1u : 0u);
-        if (c.refused) {
-            EXPECT_EQ(scripted.Said()[0],
-                      "Friendship Tip: A cell takes at most 255 characters; the text was not "
-                      "taken.");
-        }
         Go(*e, 1, 0);
     }
     // Typing past a full box is refused the same way.
@@ -143,11 +137,6 @@ TEST_F(EditorTest, TheBoxHoldsOneLineAndRefusesWhatACellCannotTake) {
     testing::Drain();
     EXPECT_EQ(box->text(), full);
     EXPECT_EQ(scripted.Said().size(), 1u);
-    Go(*e, 0, 0);
-    Click(*e, "Command13");
-    const std::string saved = File();
-    EXPECT_EQ(std::count(saved.begin(), saved.end(), '\n'), e->Model().rowCount());
-    EXPECT_EQ(saved.substr(0, 256), full.toStdString() + " ");
 }
 
 TEST_F(EditorTest, AFailedSaveOrImportLeavesTheFileAsItWasAndSaysWhy) {
@@ -155,19 +144,7 @@ TEST_F(EditorTest, AFailedSaveOrImportLeavesTheFileAsItWasAndSaysWhy) {
     auto e = Make(before);
     const auto source = dir.path() / "in.txt";
     WriteFile(source, "2021001 4 4 4\r\n");
-    const std::string path = session->drawingsPath.string();
-    struct Case {
-        WriteStep step;
-        int error;
-        const char* button;
-        const char* reason;
-    };
-    const Case cases[] = {
-        {WriteStep::Write, ENOSPC, "Command13", "the disk is full"},
-        {WriteStep::Rename, EACCES, "Command13", "no permission"},
-        {WriteStep::SyncFile, EIO, "Command17", "the disk reported an error"},
-    };
-    for (const Case& c : cases) {
+    for (const char* button : {"Command13", "Command17"}) {
         Go(*e, 0, 1);
         Type(*e, "9");
         Go(*e, 0, 2);
@@ -175,26 +152,16 @@ TEST_F(EditorTest, AFailedSaveOrImportLeavesTheFileAsItWasAndSaysWhy) {
         scripted.answers = {true};
         scripted.chosen = {QString::fromStdString(source.string())};
         {
-            ScopedWriteFault fault(c.step, c.error);
-            Click(*e, c.button);
+            ScopedWriteFault fault(WriteStep::Write, ENOSPC);
+            Click(*e, button);
         }
-        EXPECT_EQ(File(), before) << c.button;
+        EXPECT_EQ(File(), before) << button;
         ASSERT_FALSE(scripted.shown.empty());
-        EXPECT_EQ(scripted.Said().back(), "Error: Cannot write \"" + path + "\": " + c.reason +
-                                              ". The file was left as it was.");
-        EXPECT_EQ(e->windowTitle(), "Drawings");
+        EXPECT_EQ(scripted.Said().back(), "Error: Cannot write \"" +
+                                              session->drawingsPath.string() +
+                                              "\": the disk is full. The file was left as it was.");
     }
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.DataDir()), {}), 1);
-}
-
-TEST_F(EditorTest, WithoutALotteryTheEditorSaysHowToMakeOne) {
-    session->drawingsPath.clear();
-    DrawingsEditor e(*session);
-    e.show();
-    QCoreApplication::processEvents();
-    Click(e, "Command13");
-    const std::string says = "Error: There is no lottery yet. Make one with New Lottery.";
-    EXPECT_EQ(scripted.Said(), (std::vector<std::string>{says, says}));
 }
 
 TEST_F(EditorTest, RowButtonsWorkOnTheCurrentRowAndNeverDeleteTheLastRow) {
@@ -224,34 +191,24 @@ TEST_F(EditorTest, RowButtonsWorkOnTheCurrentRowAndNeverDeleteTheLastRow) {
     }
 }
 
-TEST_F(EditorTest, ExportCopiesTheFileOnDisk) {
+TEST_F(EditorTest, ExportCopiesTheFileOnDiskAndImportAsksThenReloads) {
     auto e = Make("2020001 1 2 3\r\n");
     Go(*e, 0, 0);
     Type(*e, "999");
     Go(*e, 0, 1);  // edited, not saved: not in the copy
     const auto target = dir.path() / "copy.txt";
-    WriteFile(target, "replaced\r\n");
     scripted.chosen = {QString(), QString::fromStdString(target.string())};
     Click(*e, "Command16");  // cancelled: nothing
     Click(*e, "Command16");
-    ASSERT_EQ(scripted.dialogs.size(), 2u);
     EXPECT_TRUE(scripted.saveDialogs[0]);
-    EXPECT_EQ(scripted.dialogs[0].title, "Please specify a folder.");
-    EXPECT_EQ(scripted.dialogs[0].filter, "data file|*.txt");
     EXPECT_EQ(scripted.dialogs[0].presetName, "Demo");
     EXPECT_EQ(testing::ReadAll(target), "2020001 1 2 3\r\n");
     ASSERT_EQ(scripted.shown.size(), 1u);
-    EXPECT_EQ(scripted.shown[0].text.toStdString(),
-              "The program has been exported.The store path:" + target.string() + ".");
-}
 
-TEST_F(EditorTest, ImportAsksThenCopiesOverTheFileAndReloads) {
-    auto e = Make("2020001 1 2 3\r\n");
-    const auto source = dir.path() / "in.txt";
-    WriteFile(source, "2021001 4 4 4\r\n2021002 5 5 5\r\n");
-
+    WriteFile(target, "2021001 4 4 4\r\n2021002 5 5 5\r\n");
+    scripted.shown.clear();
     scripted.answers = {false, true, true};
-    scripted.chosen = {QString(), QString::fromStdString(source.string())};
+    scripted.chosen = {QString(), QString::fromStdString(target.string())};
     Click(*e, "Command17");  // No
     Click(*e, "Command17");  // Yes, dialog cancelled
     EXPECT_EQ(File(), "2020001 1 2 3\r\n");
@@ -260,14 +217,8 @@ TEST_F(EditorTest, ImportAsksThenCopiesOverTheFileAndReloads) {
     EXPECT_EQ(Column(*e, 0), (std::vector<QString>{"2021001", "2021002", ""}));
     EXPECT_EQ(e->Model().headerData(0, Qt::Horizontal).toString(), "-- Date --");
     EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(2, 0));
-    const std::string question =
-        "Friendship Tip: The program overwrites the contents of the table with the imported "
-        "data.\nAre you sure you want to import?";
-    EXPECT_EQ(scripted.Said(), (std::vector<std::string>{question, question, question,
-                                                         "Friendship Tip: The program has been "
-                                                         "imported."}));
+    EXPECT_EQ(scripted.shown.size(), 4u);  // three questions, then "imported"
     EXPECT_EQ(scripted.shown[0].icon, MessageIcon::Warning);
-    EXPECT_EQ(scripted.dialogs[0].title, "Please locate the valid data file.");
 }
 
 TEST_F(EditorTest, DownloadAndExitAskFirstAndHelpOpensItsPage) {
@@ -281,15 +232,8 @@ TEST_F(EditorTest, DownloadAndExitAskFirstAndHelpOpensItsPage) {
     ASSERT_EQ(scripted.opened.size(), 2u);
     EXPECT_EQ(scripted.opened[0].path(), "/dtdl.htm");
     EXPECT_TRUE(scripted.opened[1].toLocalFile().endsWith("help/Edit_Drawings.htm"));
-    EXPECT_EQ(scripted.shown[0].text,
-              "Before starting the download, make sure you have connected to the Internet. \nAre "
-              "you sure you want to download?");
-
     Click(*e, "Command10");
     EXPECT_TRUE(e->isVisible());
-    EXPECT_EQ(scripted.Said().back(),
-              "Query: If you have edited the data,make sure you have saved,Are you sure you want "
-              "to quit?");
     Click(*e, "Command10");
     EXPECT_FALSE(e->isVisible());
     EXPECT_EQ(e->result(), QDialog::Accepted);
@@ -299,17 +243,13 @@ TEST_F(EditorTest, DownloadAndExitAskFirstAndHelpOpensItsPage) {
 TEST_F(EditorTest, ZoomScalesTheTableAndComesBackToTheDesignedSize) {
     auto e = Make("2020001 1 2 3\r\n");
     QTableView* t = e->Table();
-    const int width = t->columnWidth(0), height = t->verticalHeader()->defaultSectionSize();
-    const double points = t->font().pointSizeF();
+    const int width = t->columnWidth(0);
     for (auto [key, zoom] : {std::pair{Qt::Key_Plus, 110}, std::pair{Qt::Key_0, 100}}) {
         QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
         QApplication::sendEvent(t, &press);
         EXPECT_EQ(e->Zoom(), zoom);
         EXPECT_NEAR(t->columnWidth(0), width * zoom / 100.0, 1.0);
-        EXPECT_NEAR(t->verticalHeader()->defaultSectionSize(), height * zoom / 100.0, 1.0);
-        EXPECT_DOUBLE_EQ(t->font().pointSizeF(), points * zoom / 100);
     }
-    EXPECT_EQ(t->columnWidth(0), width);
     e->SetZoom(1000);
     EXPECT_EQ(e->Zoom(), 400);
 }
