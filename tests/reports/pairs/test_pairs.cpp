@@ -10,6 +10,7 @@
 
 namespace numarel {
 namespace {
+
 using testing::Build;
 using testing::ColumnsColoured;
 using testing::Drawings;
