@@ -7,7 +7,10 @@
 // list.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <map>
+#include <set>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -432,6 +435,40 @@ TEST(Layout, HeaderRowsColumnWidthsTitlesAndHelpPagesAreTheReportsOwn) {
         const CommandEntry* command = FindCommand(layout.object);
         ASSERT_NE(command, nullptr);
         EXPECT_EQ(command->helpPage, layout.helpPage);
+    }
+}
+
+std::map<std::string_view, int> CommandCounts() {
+    std::map<std::string_view, int> counts;
+    for (const CommandEntry& e : CommandTable())
+        if (!e.IsSeparator()) ++counts[e.report];
+    return counts;
+}
+
+TEST(Registry, EveryRegisteredReportHasOneMenuEntryAndOneRegistration) {
+    const std::map<std::string_view, int> commands = CommandCounts();
+    std::set<std::string_view> registered;
+    for (ReportFamily family : ReportFamilies()) {
+        for (const ReportDefinition& def : family()) {
+            SCOPED_TRACE(std::string(def.object));
+            EXPECT_TRUE(registered.insert(def.object).second) << "registered twice";
+            auto it = commands.find(def.object);
+            ASSERT_NE(it, commands.end()) << "no menu entry opens it";
+            EXPECT_EQ(it->second, 1) << "more than one menu entry opens it";
+            EXPECT_NE(def.build, nullptr);
+            EXPECT_EQ(FindReport(def.object), &def);
+        }
+    }
+}
+
+// What each kind of Help button does is pinned through the report window; these are the reports
+// that show one without a page.
+TEST(Registry, TheInertHelpButtons) {
+    for (std::string_view object : {"frmzusan90", "frmzuliu120", "frmzhixuantaloven"}) {
+        const ReportDefinition* def = FindReport(object);
+        ASSERT_NE(def, nullptr) << object;
+        EXPECT_EQ(def->help, HelpButton::Inert) << object;
+        EXPECT_TRUE(FindCommand(object)->helpPage.empty()) << object;
     }
 }
 

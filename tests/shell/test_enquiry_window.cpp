@@ -38,38 +38,19 @@ protected:
 };
 
 TEST_F(EnquiryWindowTest, OpensOnTheHistoryWithTheTicketFrameUnderTheSheet) {
-    const struct {
-        const char* object;
-        const char* title;
-        const char* label;
-    } cases[] = {
-        {kStraight, "Straight Number Enquire",
-         "Please enter the Straight Number you want to enquire.(You can paste.)"},
-        {kBox, "Box Number Enquire",
-         "Please enter the Box Number you want to enquire.(You can paste.)"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.object);
-        EnquiryWindow* w = Open(c.object);
-        ASSERT_NE(w, nullptr);
+    for (const char* object : {kStraight, kBox}) {
+        EnquiryWindow* w = Open(object);
+        ASSERT_NE(w, nullptr) << object;
         EXPECT_TRUE(w->isMaximized());
-        EXPECT_EQ(w->windowTitle(), c.title);
-        EXPECT_EQ(w->Frame()->title(), c.label);
         EXPECT_EQ(w->Grid()->Model().columnCount(), 4);  // the history only
         EXPECT_FALSE(w->TicketBox()->isReadOnly());
-        // Enquire, Help and Exit stand in the frame, in that order down its right side.
-        QPushButton* buttons[] = {w->EnquireButton(), w->HelpButton(), w->ExitButton()};
-        for (int i = 0; i < 3; ++i) {
-            ASSERT_NE(buttons[i], nullptr) << i;
-            EXPECT_TRUE(buttons[i]->isVisible());
-            EXPECT_GT(buttons[i]->x(), w->TicketBox()->geometry().right());
-            if (i > 0) {
-                EXPECT_GT(buttons[i]->y(), buttons[i - 1]->geometry().bottom());
-            }
-        }
+        for (QPushButton* button : {w->EnquireButton(), w->HelpButton(), w->ExitButton()})
+            EXPECT_TRUE(button && button->isVisible());
     }
+    EXPECT_EQ(Open(kBox)->windowTitle(), "Box Number Enquire");
 }
 
+// The cells are pinned with the enquiry itself; here that the grid follows the sheet.
 TEST_F(EnquiryWindowTest, TypedAndPastedTicketsAreEnquiredAndASmallerEnquiryReplacesThem) {
     EnquiryWindow* w = Open(kStraight);
     ASSERT_NE(w, nullptr);
@@ -85,59 +66,37 @@ TEST_F(EnquiryWindowTest, TypedAndPastedTicketsAreEnquiredAndASmallerEnquiryRepl
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     const ReportSheet& sheet = w->Sheet();
     ASSERT_EQ(sheet.Cols(), kFirstTicketCol + 3 + 1);
-    EXPECT_EQ(sheet.Text(2, kFirstTicketCol), "***");      // 456
-    EXPECT_EQ(sheet.Text(1, kFirstTicketCol + 1), "***");  // 113
-    EXPECT_EQ(sheet.Text(3, kFirstTicketCol + 2), "3");    // 977 never drawn
-    // The grid shows the new columns at their widths, and the statistic rows.
     SheetModel& model = w->Grid()->Model();
     EXPECT_EQ(model.columnCount(), sheet.Cols() - 1);
     EXPECT_EQ(model.rowCount(), sheet.Rows() - 1);
     EXPECT_EQ(model.headerData(kFirstTicketCol + 3 - 1, Qt::Horizontal).toString(), "Gather");
-    EXPECT_EQ(model.headerData(sheet.Rows() - 2, Qt::Vertical).toString(), "Average");
     EXPECT_GT(w->Grid()->ColumnPixels(kFirstTicketCol + 3),
               w->Grid()->ColumnPixels(kFirstTicketCol));
 
     EnquireWith(w, QStringLiteral("779"));
     ASSERT_EQ(sheet.Cols(), kFirstTicketCol + 2);
     EXPECT_EQ(model.columnCount(), kFirstTicketCol + 1);
-    EXPECT_EQ(model.headerData(kFirstTicketCol - 1, Qt::Horizontal).toString(), "779");
     EXPECT_EQ(model.IndexOf(3, kFirstTicketCol).data().toString(), "***");
 }
 
+// The refusals themselves are pinned with the enquiry; here how one is shown.
 TEST_F(EnquiryWindowTest, ARefusalIsShownAsInformationAndLeavesTheSheet) {
-    const struct {
-        const char* object;
-        QString text;
-        const char* says;
-    } cases[] = {
-        {kStraight, " \n", "You did not enter the Straight Number!"},
-        {kBox, QString(71 * 3, QLatin1Char('7')),
-         "The Box Number you want to enquire cannot be more than 70 Tickets!"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.says);
-        EnquiryWindow* w = Open(c.object);
-        ASSERT_NE(w, nullptr);
-        EnquireWith(w, QStringLiteral("113 456"));
-        ASSERT_EQ(w->Sheet().Cols(), kFirstTicketCol + 3);
-        const QString title = w->windowTitle();
-        QString titleWhileShown;
-        scripted.shown.clear();
-        scripted.onShown = [&] { titleWhileShown = w->windowTitle(); };
-
-        EnquireWith(w, c.text);
-        ASSERT_EQ(scripted.shown.size(), 1u);
-        EXPECT_EQ(scripted.shown[0].title, "Information");
-        EXPECT_EQ(scripted.shown[0].text, c.says);
-        EXPECT_EQ(titleWhileShown, title);  // refused before "Please wait......"
-        EXPECT_EQ(w->Sheet().Cols(), kFirstTicketCol + 3);
-        EXPECT_EQ(w->Sheet().Text(0, kFirstTicketCol + 1), "456");
-        EXPECT_EQ(w->Sheet().Text(2, kFirstTicketCol + 1), "***");
-        EXPECT_EQ(w->Grid()->Model().columnCount(), kFirstTicketCol + 2);
-        scripted.onShown = nullptr;
-        w->ExitButton()->click();
-        testing::Drain();
-    }
+    EnquiryWindow* w = Open(kBox);
+    ASSERT_NE(w, nullptr);
+    EnquireWith(w, QStringLiteral("113 456"));
+    ASSERT_EQ(w->Sheet().Cols(), kFirstTicketCol + 3);
+    const QString title = w->windowTitle();
+    QString titleWhileShown;
+    scripted.onShown = [&] { titleWhileShown = w->windowTitle(); };
+    EnquireWith(w, QString(71 * 3, QLatin1Char('7')));
+    ASSERT_EQ(scripted.shown.size(), 1u);
+    EXPECT_EQ(scripted.shown[0].title, "Information");
+    EXPECT_EQ(scripted.shown[0].text,
+              "The Box Number you want to enquire cannot be more than 70 Tickets!");
+    EXPECT_EQ(titleWhileShown, title);  // refused before "Please wait......"
+    EXPECT_EQ(w->Sheet().Cols(), kFirstTicketCol + 3);
+    EXPECT_EQ(w->Grid()->Model().columnCount(), kFirstTicketCol + 2);
+    scripted.onShown = nullptr;
 }
 
 TEST_F(EnquiryWindowTest, TheSheetTakesWhatTheWindowGainsAndTheFrameKeepsItsHeight) {

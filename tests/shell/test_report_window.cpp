@@ -1,7 +1,12 @@
+#include <gtest/gtest.h>
+
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "cli/sheet_format.h"
 #include "platform/grid_view.h"
 #include "reports/command_table.h"
 #include "reports/report_registry.h"
@@ -55,33 +60,18 @@ TEST_F(ReportWindowTest, AfterExitTheNextOpeningReadsTheFileAgain) {
     EXPECT_EQ(second->Sheet().DrawCount(), 1);
 }
 
+// The texts of the reasons are pinned with the drawings reader; here that one is shown.
 TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
-    struct Case {
-        const char* object;
-        std::string bytes;  // empty: no file at all; "/": a folder
-        const char* says;
-    };
-    std::string tooMany;
-    for (int i = 1; i <= 32768; ++i)
-        tooMany += std::to_string(2000000 + i) + " 1 2 3\r\n";
-    const Case cases[] = {
-        {"frmhekualu", "", "does not exist"},
-        {"frmhekualu", "/", "is a folder"},
-        {"frmhekualu", tooMany, "32767"},
-    };
-    for (const Case& c : cases) {
-        std::filesystem::remove(session->drawingsPath);
-        if (c.bytes == "/")
-            std::filesystem::create_directory(session->drawingsPath);
-        else if (!c.bytes.empty())
-            WriteFile(session->drawingsPath, c.bytes);
+    std::filesystem::remove(session->drawingsPath);
+    for (bool folderInTheWay : {false, true}) {
+        if (folderInTheWay) std::filesystem::create_directory(session->drawingsPath);
         scripted.shown.clear();
-        EXPECT_EQ(reports->Open(c.object, nullptr), nullptr) << c.says;
-        EXPECT_EQ(reports->Find(c.object), nullptr);
-        ASSERT_EQ(scripted.shown.size(), 1u) << c.says;
+        EXPECT_EQ(reports->Open("frmhekualu", nullptr), nullptr);
+        EXPECT_EQ(reports->Find("frmhekualu"), nullptr);
+        ASSERT_EQ(scripted.shown.size(), 1u);
         EXPECT_EQ(scripted.shown[0].title, "Error:");
-        EXPECT_NE(scripted.shown[0].text.indexOf(c.says), -1)
-            << scripted.shown[0].text.toStdString();
+        EXPECT_NE(scripted.shown[0].text.indexOf(folderInTheWay ? "is a folder" : "does not exist"),
+                  -1);
     }
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
@@ -121,46 +111,43 @@ TEST_F(ReportWindowTest, DoubleClickPutsTheColumnsTextOnTheClipboard) {
 }
 
 TEST_F(ReportWindowTest, HelpOpensThePageOfTheCommandTableOrNothing) {
-    ReportWindow* withPage = Open("frmhekualu");
-    ASSERT_NE(withPage->HelpButton(), nullptr);
-    withPage->HelpButton()->click();
+    Open("frmhekualu")->HelpButton()->click();
     ASSERT_EQ(scripted.opened.size(), 1u);
     EXPECT_TRUE(scripted.opened[0].toLocalFile().endsWith("help/Sum_012_Type-Width_012_Type.htm"));
-
-    // A page named in the table but missing from help\ opens nothing.
-    ReportWindow* missing = Open("frmbaishi32zu");
-    ASSERT_NE(missing->HelpButton(), nullptr);
-    missing->HelpButton()->click();
+    // A page missing from help\, and an inert button, open nothing.
+    Open("frmbaishi32zu")->HelpButton()->click();
+    Open("frmzusan90")->HelpButton()->click();
     EXPECT_EQ(scripted.opened.size(), 1u);
-
-    ReportWindow* inert = Open("frmzusan90");
-    ASSERT_NE(inert->HelpButton(), nullptr);
-    inert->HelpButton()->click();
-    EXPECT_EQ(scripted.opened.size(), 1u);
-
     EXPECT_EQ(Open("frmzu3leixing2")->HelpButton(), nullptr);
     EXPECT_TRUE(scripted.shown.empty());
 }
 
-TEST_F(ReportWindowTest, TheTextBoxButtonShowsFreshTextAndTogglesItsCaption) {
+TEST_F(ReportWindowTest, TheTextBoxButtonShowsFreshTextAndTheLabelsTheirColours) {
     ReportWindow* w = Open("frmzu3leixing2");
     QPushButton* button = w->ExtraButton();
     ASSERT_NE(button, nullptr);
     ASSERT_NE(w->TextBox(), nullptr);
     EXPECT_EQ(button->text(), "Next Box numbers");
     EXPECT_FALSE(w->TextBox()->isVisible());
-
     button->click();
     EXPECT_TRUE(w->TextBox()->isVisible());
     EXPECT_TRUE(w->TextBox()->isReadOnly());
     EXPECT_EQ(w->TextBox()->toPlainText(), "Box text 1 of 3");
     EXPECT_EQ(button->text(), "Hide");
-
     button->click();
     EXPECT_FALSE(w->TextBox()->isVisible());
     EXPECT_EQ(button->text(), "Next Box numbers");
     button->click();
     EXPECT_EQ(w->TextBox()->toPlainText(), "Box text 2 of 3");
+
+    ASSERT_EQ(w->Labels().size(), 2u);
+    QLabel* first = w->Labels()[0];
+    QLabel* second = w->Labels()[1];
+    EXPECT_EQ(first->text(), "First label");
+    EXPECT_EQ(first->palette().color(QPalette::WindowText), QColor(255, 0, 0));
+    EXPECT_FALSE(first->autoFillBackground());  // back colour 0: none of its own
+    EXPECT_EQ(second->palette().color(QPalette::Window), QColor(255, 255, 0));
+    EXPECT_TRUE(second->autoFillBackground());
 }
 
 TEST_F(ReportWindowTest, TheExportButtonWritesBesideTheProgramAndOpensTheFile) {
@@ -181,29 +168,67 @@ TEST_F(ReportWindowTest, TheExportButtonWritesBesideTheProgramAndOpensTheFile) {
     EXPECT_EQ(scripted.shown.size(), 1u);
 }
 
-TEST_F(ReportWindowTest, LayoutPutsButtonsUnderTheSheetAndLabelsAtTheLeft) {
-    ReportWindow* w = Open("frmzu3leixing2");
-    w->showNormal();
-    w->resize(800, 500);
-    QCoreApplication::processEvents();
-    const QRect sheet = w->Grid()->geometry();
-    EXPECT_EQ(sheet.topLeft(), QPoint(0, 0));
-    EXPECT_GT(w->ExitButton()->y(), sheet.bottom());
+class ReportSharingTest : public testing::ShellTest {
+protected:
+    static void Key(QWidget* w, int key, Qt::KeyboardModifiers modifiers) {
+        QKeyEvent press(QEvent::KeyPress, key, modifiers);
+        QApplication::sendEvent(w, &press);
+    }
+    static void Trigger(QMenu& menu, const QString& starts) {
+        for (QAction* a : menu.actions())
+            if (a->text().startsWith(starts)) return a->trigger();
+        ADD_FAILURE() << starts.toStdString();
+    }
+};
 
-    ASSERT_EQ(w->Labels().size(), 2u);
-    QLabel* first = w->Labels()[0];
-    QLabel* second = w->Labels()[1];
-    EXPECT_EQ(first->text(), "First label");
-    EXPECT_EQ(first->palette().color(QPalette::WindowText), QColor(255, 0, 0));
-    EXPECT_FALSE(first->autoFillBackground());  // back colour 0: none of its own
-    EXPECT_EQ(second->palette().color(QPalette::Window), QColor(255, 255, 0));
-    EXPECT_TRUE(second->autoFillBackground());
-    EXPECT_GT(second->y(), first->geometry().bottom());
+TEST_F(ReportSharingTest, CtrlCCopiesTheBlockAsTextAndAsAColouredTable) {
+    ReportWindow* w = Open("frmhekualu");
+    ASSERT_NE(w, nullptr);
+    ReportSheet& sheet = w->Sheet();
+    sheet.SetText(1, 1, "a");
+    sheet.SetText(1, 2, "b");
+    sheet.SetText(2, 1, "c");
+    sheet.SetText(2, 2, "d\xe9");
+    sheet.SetBackColor(2, 2, MakeRgb(255, 0, 0));
+    GridView* grid = w->Grid();
+    grid->SetCurrentCell(1, 1);
+    Key(grid, Qt::Key_Right, Qt::ShiftModifier);
+    Key(grid, Qt::Key_Down, Qt::ShiftModifier);
+    Key(grid, Qt::Key_C, Qt::ControlModifier);
+    ASSERT_EQ(scripted.clipboard.size(), 1u);
+    EXPECT_EQ(scripted.clipboard[0], QString::fromUtf8("a\tb\nc\td\xc3\xa9\n"));
+    EXPECT_TRUE(scripted.clipboardHtml.contains("<td style=\"background:#ff0000;\">d"))
+        << scripted.clipboardHtml.toStdString();
+    EXPECT_EQ(scripted.clipboardHtml.count("<tr>"), 2);
+    // Copying moved nothing and marked nothing.
+    EXPECT_EQ(sheet.BackColor(1, 1), kDefaultColour);
+}
 
-    // Too small for the margins: the layout stays as it was.
-    w->resize(20, 20);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(w->Grid()->geometry(), sheet);
+TEST_F(ReportSharingTest, SaveWritesTheWholeSheetAsTheCommandLineDoes) {
+    ReportWindow* w = Open("frmbjiouhe");
+    ASSERT_NE(w, nullptr);
+    struct Case {
+        const char* action;
+        std::string file;
+        std::string expected;
+    } cases[] = {
+        {"Save as CSV", "sheet.csv", FormatSheetCsv(w->Sheet())},
+        {"Save as HTML", "sheet.html", FormatSheetHtml(w->Sheet(), "frmbjiouhe")},
+    };
+    for (const Case& c : cases) {
+        auto path = dir.path() / c.file;
+        scripted.chosen.push_back(QString::fromStdString(path.string()));
+        std::unique_ptr<QMenu> menu(w->Grid()->BuildContextMenu(nullptr));
+        Trigger(*menu, c.action);
+        EXPECT_TRUE(scripted.saveDialogs.back()) << c.action;
+        EXPECT_EQ(testing::ReadAll(path), c.expected) << c.action;
+        // Cancelled: nothing written.
+        std::filesystem::remove(path);
+        scripted.chosen.push_back(QString());
+        Trigger(*menu, c.action);
+        EXPECT_FALSE(std::filesystem::exists(path));
+    }
+    EXPECT_TRUE(scripted.shown.empty());
 }
 
 }  // namespace

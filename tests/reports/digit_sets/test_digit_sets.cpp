@@ -75,12 +75,6 @@ TEST(DigitSets, OneSetBoxHitsThreeWayBoxInRed) {
     EXPECT_EQ(sixWay.Text(1, 5), "1");
 }
 
-TEST(DigitSets, NoHitLeavesAverageEmpty) {
-    ReportSheet s = Build("frmgaopin6ma", Drawings({"000", "236", "123"}));
-    EXPECT_EQ((Texts{s.Text(5, 5), s.Text(6, 5), s.Text(7, 5), s.Text(8, 5)}),
-              (Texts{"0", "2", "3", ""}));
-}
-
 TEST(DigitSets, OneDrawingCanHitManySets) {
     ReportSheet six = Build("frmzuxuan6", Drawings({"210"}));
     EXPECT_EQ(RowTexts(six, 1, 5, 8), (Texts{"*****", "*****", "*****", "1"}));

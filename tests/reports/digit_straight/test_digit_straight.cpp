@@ -1,0 +1,397 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "frame/frame_passes.h"
+#include "reports/report_registry.h"
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::Build;
+
+// The text of "Next Box numbers" for a finished sheet.
+std::string NextBoxNumbersText(const ReportSheet& sheet) {
+    return FindReport("frmrenwenleng")->extraButton.text(sheet);
+}
+using testing::ColumnsColoured;
+using testing::Drawings;
+using testing::RowTexts;
+using Texts = std::vector<std::string>;
+
+constexpr Rgb kHotHit = MakeRgb(255, 0, 200);
+constexpr Rgb kWarmHit = MakeRgb(225, 0, 0);
+constexpr Rgb kColdHit = MakeRgb(42, 140, 167);
+constexpr Rgb kWarmBand = MakeRgb(249, 212, 194);
+constexpr Rgb kPattern = MakeRgb(42, 219, 167);
+
+// Ranked Hot 7 4 1, Warm 9 5 2 0, Cold 3 6 8: rank order and digit order differ in Hot and Warm.
+const auto kSeven = Drawings({"777", "777", "444", "441", "111", "999", "552"});
+
+TEST(ColdWarmHot, ListsCountsAndPatternsOfTheDrawingsAfterTheFirstSeven) {
+    auto drawings = kSeven;
+    for (const auto& d : Drawings({"730", "444"}))
+        drawings.push_back(d);
+    const ReportSheet sheet = Build("frmrenwenleng", drawings);
+
+    ASSERT_EQ(sheet.Rows(), 12);
+    EXPECT_EQ(RowTexts(sheet, 7, 1, 32), Texts(32));  // nothing before seven drawings are counted
+
+    // Row 8 counts rows 1 to 7.
+    EXPECT_EQ(RowTexts(sheet, 8, 1, 10), (Texts{"0", "4", "1", "0", "5", "2", "0", "6", "0", "3"}));
+    EXPECT_EQ(ColumnsColoured(sheet, 8, MakeRgb(255, 0, 0)), (std::vector<int>{2, 5, 8, 10}));
+    EXPECT_EQ(ColumnsColoured(sheet, 8, MakeRgb(255, 243, 42)), (std::vector<int>{6}));
+    EXPECT_EQ(ColumnsColoured(sheet, 8, MakeRgb(1, 188, 243)), (std::vector<int>{1, 3, 4, 7, 9}));
+    EXPECT_EQ(RowTexts(sheet, 8, 12, 21),
+              (Texts{"7", "4", "1", "9", "5", "2", "0", "3", "6", "8"}));
+    // 730: one of each class; each hit list cell painted in its class colour.
+    EXPECT_EQ(ColumnsColoured(sheet, 8, kHotHit), (std::vector<int>{12}));
+    EXPECT_EQ(ColumnsColoured(sheet, 8, kWarmHit), (std::vector<int>{18}));
+    EXPECT_EQ(ColumnsColoured(sheet, 8, kColdHit), (std::vector<int>{19}));
+    EXPECT_EQ(ColumnsColoured(sheet, 8, kWarmBand), (std::vector<int>{15, 16, 17}));
+    EXPECT_EQ(ColumnsColoured(sheet, 8, kPattern), (std::vector<int>{32}));
+    EXPECT_EQ(sheet.Text(8, 32), "111");
+
+    // Row 9 ranks rows 2 to 8: 4 first, then 1 and 7 tied on four. 444 counts three Hot digits
+    // though it paints a single list cell.
+    EXPECT_EQ(RowTexts(sheet, 9, 12, 21),
+              (Texts{"4", "1", "7", "9", "5", "0", "2", "3", "6", "8"}));
+    EXPECT_EQ(ColumnsColoured(sheet, 9, kHotHit), (std::vector<int>{12}));
+    EXPECT_EQ(ColumnsColoured(sheet, 9, kPattern), (std::vector<int>{25}));
+    EXPECT_EQ(sheet.Text(9, 25), "300");
+
+    // The next drawing's row has lists and no pattern; rows 1 to 24 are collapsed as far as the
+    // sheet has them.
+    EXPECT_EQ(RowTexts(sheet, 10, 12, 21),
+              (Texts{"4", "1", "9", "5", "0", "2", "3", "7", "6", "8"}));
+    EXPECT_EQ(RowTexts(sheet, 10, 23, 36), Texts(14));
+    EXPECT_EQ(sheet.RowHeight(11), 2);
+}
+
+// One group of the text: its header line, its items each followed by a blank, an empty line.
+std::string Group(const std::string& header, const std::string& items) {
+    return header + "\r\n" + items + " \r\n\r\n";
+}
+
+TEST(ColdWarmHot, NextBoxNumbersFollowTheListsInTheirOrder) {
+    // Exactly seven drawings: the lists of the next drawing's row give the text.
+    const ReportSheet sheet = Build("frmrenwenleng", kSeven);
+
+    // The groups in their order; the first and the last whole, the others by their first item.
+    const std::string text = NextBoxNumbersText(sheet);
+    EXPECT_TRUE(text.starts_with(Group("003:", "368 336 338 366 668 388 688 333 666 888")));
+    EXPECT_TRUE(text.ends_with(Group("111:",
+                                     "379 679 789 357 567 578 237 267 278 037 067 078 "
+                                     "349 469 489 345 456 458 234 246 248 034 046 048 "
+                                     "139 169 189 135 156 158 123 126 128 013 016 018")));
+    std::size_t at = 0;
+    for (const char* start : {"030:\r\n025 ", "300:\r\n147 ", "012:\r\n369 ", "021:\r\n359 ",
+                              "102:\r\n367 ", "120:\r\n579 ", "210:\r\n479 ", "111:\r\n379 "}) {
+        at = text.find(start, at);
+        EXPECT_NE(at, std::string::npos) << start;
+    }
+    EXPECT_EQ(std::count(text.begin(), text.end(), ' '), 202);  // every item of every group
+}
+
+TEST(ColdWarmHot, WithoutSevenDrawingsTheTextSaysSoInsteadOfEmptyGroups) {
+    for (const auto& drawings :
+         {Drawings({}), Drawings({"123", "456", "789", "012", "345", "678"})}) {
+        const ReportSheet sheet = Build("frmrenwenleng", drawings);
+        EXPECT_EQ(sheet.Rows(), static_cast<int>(drawings.size()) + 3);
+        const std::string text = NextBoxNumbersText(sheet);
+        EXPECT_EQ(text.find("003:"), std::string::npos) << text;
+        EXPECT_EQ(text.find("111:"), std::string::npos) << text;
+        EXPECT_NE(text.find("at least 7 drawings"), std::string::npos) << text;
+    }
+}
+
+constexpr Rgb kHtColour = MakeRgb(255, 212, 164);
+constexpr Rgb kHuColour = MakeRgb(182, 219, 170);
+constexpr Rgb kTuColour = MakeRgb(231, 194, 182);
+
+// Each drawing follows another, so its row must not borrow anything from the row before.
+TEST(PairOperationUnits, MarksOneResultPerPairChart) {
+    const struct {
+        const char* object;
+        const char* drawing;
+        const char* sum;
+        int ht;  // the results of H with T, H with U and T with U
+        int hu;
+        int tu;
+    } cases[] = {
+        {"frmweihe", "987", "24", 7, 6, 5},  {"frmweihe", "505", "10", 5, 0, 5},
+        {"frmweicha", "272", "11", 5, 0, 5}, {"frmweicha", "091", "10", 9, 1, 8},
+        {"frmweiji", "059", "14", 0, 0, 5},  {"frmweiji", "987", "24", 2, 3, 6},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.object) + " " + c.drawing);
+        ReportSheet sheet = Build(c.object, Drawings({"000", c.drawing}));
+        ASSERT_EQ(sheet.Rows(), 4);
+        EXPECT_EQ(sheet.Text(2, 4), c.sum);
+        EXPECT_EQ(sheet.BackColor(2, 4), colours::kSumWidth);
+        // Columns 5 to 36: the three charts of ten, with a divider between them.
+        std::vector<std::string> charts(32);
+        charts[c.ht] = std::to_string(c.ht);
+        charts[11 + c.hu] = std::to_string(c.hu);
+        charts[22 + c.tu] = std::to_string(c.tu);
+        EXPECT_EQ(RowTexts(sheet, 2, 5, 36), charts);
+        EXPECT_EQ(ColumnsColoured(sheet, 2, kHtColour), std::vector<int>{5 + c.ht});
+        EXPECT_EQ(ColumnsColoured(sheet, 2, kHuColour), std::vector<int>{16 + c.hu});
+        EXPECT_EQ(ColumnsColoured(sheet, 2, kTuColour), std::vector<int>{27 + c.tu});
+    }
+}
+
+using Cols = std::vector<int>;
+
+constexpr Rgb kDigit = MakeRgb(255, 152, 104);
+constexpr Rgb kMove = MakeRgb(0, 146, 255);
+constexpr Rgb kHBand = MakeRgb(176, 200, 152);
+constexpr Rgb kTBand = MakeRgb(208, 204, 0);
+constexpr Rgb kUBand = MakeRgb(96, 204, 152);
+
+TEST(TundredTenUnitsTrend, MovesArePlainDifferencesPlacedBySize) {
+    const ReportSheet sheet = Build("frm3weizoushi", Drawings({"905", "095", "362"}));
+    EXPECT_EQ(sheet.Rows(), 3 + 5);
+    EXPECT_EQ(sheet.Text(1, 0), "2020001:905");
+
+    // The first drawing has digit cells only.
+    EXPECT_EQ(ColumnsColoured(sheet, 1, kDigit), (Cols{14, 25, 50}));
+    EXPECT_EQ(RowTexts(sheet, 1, 14, 14), Texts{"9"});
+    EXPECT_TRUE(ColumnsColoured(sheet, 1, kMove).empty());
+    EXPECT_EQ(sheet.BackColor(1, 15), kHBand);
+    EXPECT_EQ(sheet.BackColor(1, 44), kTBand);
+    EXPECT_EQ(sheet.BackColor(1, 64), kUBand);
+    EXPECT_EQ(sheet.BackColor(1, 4), kDefaultColour);
+
+    // 9 to 0 and 0 to 9 share the last column, told apart by sign; no change is 0.
+    EXPECT_EQ(ColumnsColoured(sheet, 2, kMove), (Cols{24, 44, 55}));
+    EXPECT_EQ(sheet.Text(2, 24), "-9");
+    EXPECT_EQ(sheet.Text(2, 44), "9");
+    EXPECT_EQ(sheet.Text(2, 55), "0");
+
+    EXPECT_EQ(ColumnsColoured(sheet, 3, kMove), (Cols{18, 38, 58}));
+    EXPECT_EQ(RowTexts(sheet, 3, 18, 18), Texts{"3"});
+    EXPECT_EQ(sheet.Text(3, 38), "-3");
+    EXPECT_EQ(sheet.Text(3, 58), "-3");
+    EXPECT_EQ(ColumnsColoured(sheet, 3, kDigit), (Cols{8, 31, 47}));
+}
+
+TEST(TundredTenUnitsTrend, LabelIsTheDrawingLabelWithoutItsLeadingBlank) {
+    // The date is read as a number, so a leading zero or a decimal point does not show, and a
+    // date that is not a number leaves the label empty while the digits still count.
+    const std::vector<DrawRecord> drawings = {
+        {"02020001", "1", "2", "3"}, {"abc", "4", "5", "6"}, {"2020003.0", " 7", "8", "9"}};
+    const ReportSheet sheet = Build("frm3weizoushi", drawings);
+    EXPECT_EQ(sheet.Text(1, 0), "2020001:123");
+    EXPECT_EQ(sheet.Text(2, 0), "");
+    EXPECT_EQ(RowTexts(sheet, 2, 1, 3), (Texts{"4", "5", "6"}));
+    EXPECT_EQ(sheet.Text(3, 0), "2020003:789");
+}
+
+constexpr Rgb kBand = MakeRgb(212, 188, 134);
+
+TEST(Recommend320StraightNumbers, HTJoinedAsTextHitsItsPairColumn) {
+    ReportSheet sheet = Build("frmbaishi32zu", Drawings({"307", "309", "052", "500", "999"}));
+    ASSERT_EQ(sheet.Rows(), 7);
+
+    // Per drawing: the hit column (0 for none) and the pair it shows, which is also its header.
+    const std::pair<int, std::string> hits[] = {
+        {15, "30"}, {15, "30"}, {5, "05"}, {0, ""}, {36, "99"}};
+    for (int r = 1; r <= 5; ++r) {
+        SCOPED_TRACE(r);
+        const auto& [col, pair] = hits[r - 1];
+        EXPECT_EQ(ColumnsColoured(sheet, r, colours::kHit), col ? Cols{col} : Cols{});
+        EXPECT_EQ(sheet.Text(r, 37), col ? "YES" : "");
+        if (col) {
+            EXPECT_EQ(sheet.Text(r, col), pair);
+            EXPECT_EQ(sheet.Text(0, col), pair);
+        }
+    }
+    // Bands stay where nothing hit and give way to red where something did.
+    const Cols banded = {5, 6, 7, 8, 9, 10, 11, 12, 21, 22, 23, 24, 25, 26, 27, 28};
+    EXPECT_EQ(ColumnsColoured(sheet, 4, kBand), banded);
+    EXPECT_EQ(ColumnsColoured(sheet, 3, kBand), Cols(banded.begin() + 1, banded.end()));
+    EXPECT_TRUE(ColumnsColoured(sheet, 6, kBand).empty());
+}
+
+TEST(Recommend320StraightNumbers, ExportListsEveryDrawingWithItsHit) {
+    ReportSheet sheet = Build("frmbaishi32zu", Drawings({"307", "500", "059"}));
+    const SheetText Export320Text = FindReport("frmbaishi32zu")->extraButton.text;
+    EXPECT_EQ(Export320Text(sheet),
+              " 2020001:307-[320YES]\r\n 2020002:500\r\n 2020003:059-[320YES]\r\n");
+    EXPECT_EQ(Export320Text(Build("frmbaishi32zu", {})), "");
+}
+
+TEST(RecommendTundredTenUnits, DigitsMovedToAnotherPositionHit) {
+    ReportSheet sheet = Build("frmzhixuantaloven", Drawings({"123", "213"}));
+    ASSERT_EQ(sheet.Rows(), 2 + 5);
+    EXPECT_EQ(sheet.Text(1, 0), " 2020001");
+
+    // Row 1 has nothing carried into it.
+    EXPECT_EQ(RowTexts(sheet, 1, 4, 12), Texts(9));
+    // T moved to H and H moved to T.
+    EXPECT_EQ(RowTexts(sheet, 2, 4, 12), (Texts{"2**(YES)", "3**", "*1*(YES)", "*3*", "**1", "**2",
+                                                "(1)+(2)+(3)YES", "", "(1)-----(6)YES"}));
+    EXPECT_EQ(ColumnsColoured(sheet, 2, colours::kHit), (std::vector<int>{4, 6}));
+    // The recommendation: the masks of the last drawing, never judged.
+    EXPECT_EQ(RowTexts(sheet, 3, 4, 12),
+              (Texts{"1**", "3**", "*2*", "*3*", "**2", "**1", "", "", ""}));
+    EXPECT_TRUE(ColumnsColoured(sheet, 3, colours::kHit).empty());
+    EXPECT_EQ(sheet.TopRow(), 6);
+}
+
+TEST(RecommendTundredTenUnits, GroupsFollowColumnsNotPositions) {
+    // 123 then 434: only U of the drawing before came back, as T, in column 7 of the second group.
+    // 121 then 010: H and U of the drawing before are both 1, so both T masks hit together.
+    ReportSheet sheet = Build("frmzhixuantaloven", Drawings({"123", "434", "121", "010"}));
+    EXPECT_EQ(ColumnsColoured(sheet, 2, colours::kHit), std::vector<int>{7});
+    EXPECT_EQ(RowTexts(sheet, 2, 10, 12), (Texts{"", "(4)+(5)+(6)YES", "(1)-----(6)YES"}));
+    EXPECT_EQ(ColumnsColoured(sheet, 4, colours::kHit), (std::vector<int>{6, 7}));
+    EXPECT_EQ(RowTexts(sheet, 4, 6, 7), (Texts{"*1*(YES)", "*1*(YES)"}));
+    EXPECT_EQ(RowTexts(sheet, 4, 10, 12),
+              (Texts{"(1)+(2)+(3)YES", "(4)+(5)+(6)YES", "(1)-----(6)YES"}));
+}
+
+TEST(RecommendTundredTenUnits, ShortHistories) {
+    // One drawing: only the next drawing's row carries masks.
+    ReportSheet one = Build("frmzhixuantaloven", Drawings({"907"}));
+    EXPECT_EQ(RowTexts(one, 1, 4, 12), Texts(9));
+    EXPECT_EQ(RowTexts(one, 2, 4, 9), (Texts{"0**", "7**", "*9*", "*7*", "**9", "**0"}));
+
+    // No drawing (an empty file, or one of only an end marker): the next drawing's row, row 1,
+    // still gets its masks, of empty digits, so the stars alone.
+    std::vector<DrawRecord> onlyEndMarker = ParseDrawings("0 0 0 0\r\n");
+    onlyEndMarker.resize(ReportDrawCount(onlyEndMarker));
+    for (const auto& drawings : {Drawings({}), onlyEndMarker}) {
+        ReportSheet none = Build("frmzhixuantaloven", drawings);
+        EXPECT_EQ(none.Rows(), 5);
+        EXPECT_EQ(RowTexts(none, 1, 0, 12),
+                  (Texts{"", "", "", "", "**", "**", "**", "**", "**", "**", "", "", ""}));
+    }
+}
+
+constexpr Rgb kRegionPattern = MakeRgb(127, 182, 200);
+
+struct ThreeRegionsCase {
+    std::string_view digits;
+    int patternCol;
+    std::string pattern;
+    Cols marked;
+};
+
+TEST(ThreeRegions, PatternCountsTheDrawnDigitsOfEachRegion) {
+    const ThreeRegionsCase cases[] = {
+        {"000", 27, "300", {5}},          // one mark, counted three times
+        {"345", 21, "030", {9, 10, 11}},  // three Middle digits
+        {"378", 19, "012", {9, 14, 15}},  // no Small, one Middle, two Large
+    };
+    for (const ThreeRegionsCase& c : cases) {
+        SCOPED_TRACE(std::string(c.digits));
+        const ReportSheet sheet = Build("frmxzd", Drawings({c.digits}));
+        EXPECT_EQ(ColumnsColoured(sheet, 1, colours::kFoundDigit), c.marked);
+        EXPECT_EQ(ColumnsColoured(sheet, 1, kRegionPattern), Cols{c.patternCol});
+        EXPECT_EQ(sheet.Text(1, c.patternCol), c.pattern);
+    }
+}
+
+TEST(ThreeRegions, RegionDigitsStandInEveryDrawingRowUnderTheirRegion) {
+    const ReportSheet sheet = Build("frmxzd", Drawings({"123", "456"}));
+    for (int r = 1; r <= 2; ++r)
+        EXPECT_EQ(RowTexts(sheet, r, 5, 16),
+                  (Texts{"0", "1", "2", "", "3", "4", "5", "6", "", "7", "8", "9"}));
+}
+
+struct FourRegionsCase {
+    std::string_view digits;
+    int patternCol;
+    std::string pattern;
+    int sumCol;
+    std::string sum;
+    int typeCol;
+    std::string type;
+    Cols marked;
+};
+
+TEST(FourRegions1234, SortedCodesGivePatternSumAndType) {
+    const FourRegionsCase cases[] = {
+        {"024", 29, "222", 43, "6", 53, "Type-3", {8, 9, 10}},
+        {"105", 24, "123", 43, "6", 51, "Type-1", {5, 8, 12}},
+        // 4 is even below 5, 5 odd above 4: one threshold would split them wrongly.
+        {"459", 32, "233", 45, "8", 52, "Type-2", {10, 12, 14}},
+        {"686", 38, "444", 49, "12", 53, "Type-3", {16, 17}},
+    };
+    for (const FourRegionsCase& c : cases) {
+        SCOPED_TRACE(std::string(c.digits));
+        const ReportSheet sheet = Build("frm4qufenge", Drawings({c.digits}));
+        EXPECT_EQ(ColumnsColoured(sheet, 1, colours::kFoundDigit), c.marked);
+        EXPECT_EQ(ColumnsColoured(sheet, 1, kRegionPattern), (Cols{c.patternCol, c.typeCol}));
+        EXPECT_EQ(ColumnsColoured(sheet, 1, colours::kHit), Cols{c.sumCol});
+        EXPECT_EQ(sheet.Text(1, c.patternCol), c.pattern);
+        EXPECT_EQ(sheet.Text(1, c.sumCol), c.sum);
+        EXPECT_EQ(sheet.Text(1, c.typeCol), c.type);
+    }
+}
+
+constexpr Rgb kSixWay = MakeRgb(42, 194, 91);
+constexpr Rgb kTriple = MakeRgb(255, 0, 0);
+constexpr Rgb kThreeWay = MakeRgb(102, 164, 244);
+
+TEST(RiseDownShape, EachDrawingMarksTheFirstMatchingShape) {
+    struct Expected {
+        int col;
+        const char* shape;
+        Rgb colour;
+    };
+    const std::vector<Expected> expected = {
+        {1, ".:|", kSixWay},    {6, "|:.", kSixWay},    {3, ":.|", kSixWay},
+        {8, "..|", kThreeWay},  {10, "|..", kThreeWay}, {9, ".|.", kThreeWay},
+        {12, "|.|", kThreeWay}, {7, ":::", kTriple},    {2, ".|:", kSixWay},
+        {4, ":|.", kSixWay},    {5, "|.:", kSixWay},    {11, ".||", kThreeWay},
+        {13, "||.", kThreeWay},
+    };
+    ReportSheet sheet =
+        Build("frmxingxiang", Drawings({"159", "951", "519", "559", "955", "595", "515", "777",
+                                        "132", "231", "312", "344", "443"}));
+    ASSERT_EQ(sheet.Rows(), 13 + 3);
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        const int row = static_cast<int>(i) + 1;
+        SCOPED_TRACE(sheet.Text(row, 0));
+        std::vector<std::string> shapes(13);
+        shapes[expected[i].col - 1] = expected[i].shape;
+        EXPECT_EQ(testing::RowTexts(sheet, row, 1, 13), shapes);
+        EXPECT_EQ(sheet.BackColor(row, expected[i].col), expected[i].colour);
+    }
+}
+
+TEST(StraightNumberShape, WordsLettersAndWordColumns) {
+    ReportSheet sheet = Build("frmjibenxingtai", Drawings({"148", "059"}));
+    ASSERT_EQ(sheet.Rows(), 5);
+
+    // 1 4 8: OEE, SSB, PCC.
+    EXPECT_EQ(testing::RowTexts(sheet, 1, 1, 4), (std::vector<std::string>{"OEE", "O", "E", "E"}));
+    EXPECT_EQ(testing::RowTexts(sheet, 1, 14, 17),
+              (std::vector<std::string>{"SSB", "S", "S", "B"}));
+    EXPECT_EQ(testing::RowTexts(sheet, 1, 27, 30),
+              (std::vector<std::string>{"PCC", "P", "C", "C"}));
+    EXPECT_EQ(testing::ColumnsColoured(sheet, 1, MakeRgb(42, 219, 167)), (std::vector<int>{3, 4}));
+    EXPECT_EQ(testing::ColumnsColoured(sheet, 1, MakeRgb(127, 176, 237)), (std::vector<int>{17}));
+    EXPECT_EQ(testing::ColumnsColoured(sheet, 1, MakeRgb(212, 219, 225)), (std::vector<int>{8}));
+
+    // 0 5 9: EOO, SBB, CPC; 5 is Big.
+    for (auto [wordCol, wordCell, word] :
+         {std::tuple{1, 9, "EOO"}, std::tuple{14, 22, "SBB"}, std::tuple{27, 36, "CPC"}}) {
+        EXPECT_EQ(sheet.Text(2, wordCol), word);
+        EXPECT_EQ(sheet.Text(2, wordCell), word);
+    }
+    EXPECT_EQ(testing::ColumnsColoured(sheet, 2, MakeRgb(127, 176, 237)),
+              (std::vector<int>{16, 17}));
+}
+
+}  // namespace
+}  // namespace numarel

@@ -1,0 +1,298 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "frame/frame_passes.h"
+#include "reports/report_registry.h"
+#include "support/test_support.h"
+
+namespace numarel {
+namespace {
+
+using testing::Build;
+using testing::Drawings;
+
+constexpr Rgb kStripe = MakeRgb(170, 210, 176);
+
+// `count` drawings of `filler`, with the drawings of `at` on their rows (1 for the first).
+std::vector<DrawRecord> Sequence(int count, std::string_view filler,
+                                 const std::map<int, std::string_view>& at) {
+    std::vector<DrawRecord> out;
+    for (int row = 1; row <= count; ++row) {
+        auto it = at.find(row);
+        std::string_view digits = it == at.end() ? filler : it->second;
+        out.push_back({std::to_string(2020000 + row), std::string(1, digits[0]),
+                       std::string(1, digits[1]), std::string(1, digits[2])});
+    }
+    return out;
+}
+
+int ColumnOf(const ReportSheet& sheet, std::string_view header) {
+    for (int c = 0; c < sheet.Cols(); ++c)
+        if (sheet.TextIs(0, c, header)) return c;
+    return -1;
+}
+
+TEST(BoxStatistics, HitsMissesAndWinningNumberMiss) {
+    // 717 and 177 are one number; 123 is of the other kind; 121 is 112's first hit.
+    ReportSheet sheet = Build("frmzusan90", Drawings({"717", "177", "123", "771", "121"}));
+    const int col177 = ColumnOf(sheet, "177");
+    const int col112 = ColumnOf(sheet, "112");
+    const int w = 96;
+    EXPECT_EQ(sheet.Text(1, 0), "2020001|717");
+    EXPECT_EQ(sheet.Text(1, col177), "****");
+    EXPECT_EQ(sheet.BackColor(1, col177), colours::kHit);
+    EXPECT_EQ(sheet.Text(3, col177), "1");
+    EXPECT_EQ(sheet.Text(5, col112), "****");
+    EXPECT_EQ(sheet.Text(4, col112), "4");
+
+    std::vector<std::string> mark, distance, firstBand;
+    for (int r = 1; r <= 5; ++r) {
+        mark.push_back(sheet.Text(r, 5));
+        distance.push_back(sheet.Text(r, w));
+        firstBand.push_back(sheet.Text(r, w + 1));
+    }
+    EXPECT_EQ(mark, (std::vector<std::string>{"-Y-", "-Y-", "", "-Y-", "-Y-"}));
+    // Row 1 has no entry; a direct repeat is 0; a first hit gives its row number.
+    EXPECT_EQ(distance, (std::vector<std::string>{"", "0", "", "2", "5"}));
+    EXPECT_EQ(firstBand, (std::vector<std::string>{"", "*", "", "*", "*"}));
+    for (int c = w + 2; c <= w + 6; ++c)
+        EXPECT_TRUE(sheet.IsEmpty(3, c));
+}
+
+TEST(BoxStatistics, BandLimits) {
+    // 001 comes on rows 1, 101, 202, 702 and 1203: distances 100, 101, 500, 501.
+    ReportSheet sheet =
+        Build("frmzusan90",
+              Sequence(1203, "123",
+                       {{1, "100"}, {101, "010"}, {202, "001"}, {702, "100"}, {1203, "001"}}));
+    const int w = 96;
+    const std::map<int, std::pair<std::string, int>> expected = {{101, {"100", w + 1}},
+                                                                 {202, {"101", w + 2}},
+                                                                 {702, {"500", w + 5}},
+                                                                 {1203, {"501", w + 6}}};
+    for (const auto& [row, want] : expected) {
+        SCOPED_TRACE(row);
+        EXPECT_EQ(sheet.Text(row, w), want.first);
+        std::vector<int> starred;
+        for (int c = w + 1; c <= w + 6; ++c)
+            if (sheet.TextIs(row, c, "*")) starred.push_back(c);
+        EXPECT_EQ(starred, std::vector<int>{want.second});
+    }
+}
+
+TEST(BoxStatistics, SixWayBoxesCompareAsNumbers) {
+    // 210 sorts to "012", the header whose number is 12; 112 is of the other kind.
+    ReportSheet sheet = Build("frmzuliu120", Drawings({"210", "112", "987"}));
+    EXPECT_EQ(sheet.Text(1, 6), "****");
+    EXPECT_EQ(sheet.Text(2, 5), "");
+    EXPECT_EQ(sheet.Text(3, 126), "3");
+}
+
+TEST(SeventyTicketsFollow, StripesUnderHitsAndMisses) {
+    // 012 is a 6 Way Box outside the list; 014 is unstriped (Sum 5), 024 striped (Sum 6).
+    ReportSheet sheet = Build("frmzuliu70", Drawings({"012", "410", "420", "123"}));
+    EXPECT_EQ(sheet.Text(1, 5), "");
+    EXPECT_TRUE(sheet.IsEmpty(1, 76));
+    EXPECT_EQ(testing::RowTexts(sheet, 3, 5, 7), (std::vector<std::string>{"-Y-", "1", "****"}));
+    EXPECT_EQ(sheet.Text(3, 76), "3");
+    EXPECT_EQ(sheet.BackColor(3, 7), colours::kHit);
+    EXPECT_EQ(sheet.BackColor(4, 7), kStripe);
+    EXPECT_EQ(sheet.BackColor(5, 7), kDefaultColour);  // no stripe below the drawings
+
+    // The stripe falls on exactly the tickets of even Sum, Sums ascending from 5 to 23.
+    int previousSum = 0;
+    for (int c = 6; c <= 75; ++c) {
+        const std::string t = sheet.Text(0, c);
+        const int sum = t[0] + t[1] + t[2] - 3 * '0';
+        EXPECT_GE(sum, previousSum) << t;
+        previousSum = sum;
+        EXPECT_EQ(sheet.BackColor(1, c) == kStripe, sum % 2 == 0) << t;
+    }
+    EXPECT_EQ(previousSum, 23);
+}
+
+std::vector<std::string> Column(const ReportSheet& sheet, int col) {
+    std::vector<std::string> out;
+    for (int r = 1; r <= sheet.DrawCount(); ++r)
+        out.push_back(sheet.Text(r, col));
+    return out;
+}
+
+std::vector<int> RowsColoured(const ReportSheet& sheet, int col) {
+    std::vector<int> out;
+    for (int r = 0; r < sheet.Rows(); ++r)
+        if (sheet.BackColor(r, col) == colours::kHit) out.push_back(r);
+    return out;
+}
+
+TEST(ThreeWayBoxChance, EachReportSignalsByItsOwnRule) {
+    // 112 and 505 signal and are 3 Way Boxes on one row; 910, 089 and 321 are runs, 198 is not;
+    // the triple 777 is no 3 Way Box.
+    const auto drawings = Drawings({"112", "505", "910", "198", "089", "777", "321"});
+    const struct {
+        const char* object;
+        std::vector<std::string> signals;
+    } cases[] = {
+        {"Form1zu3", {"***", "", "", "***", "", "", ""}},
+        {"Form1tlj", {"", "", "***", "", "***", "", "***"}},
+        {"Form1zu3bai10", {"", "***", "", "", "", "", ""}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.object);
+        ReportSheet sheet = Build(c.object, drawings);
+        EXPECT_EQ(Column(sheet, 4), c.signals);
+        EXPECT_EQ(Column(sheet, 5), (std::vector<std::string>{"YES", "YES", "", "", "", "", ""}));
+        // Digits as drawn although the tests ran on sorted ones; the date stands alone.
+        EXPECT_EQ(testing::RowTexts(sheet, 3, 0, 3),
+                  (std::vector<std::string>{" 2020003", "9", "1", "0"}));
+    }
+    ReportSheet third = Build("Form1zu3bai10", drawings);
+    EXPECT_EQ(Column(third, 8), (std::vector<std::string>{"  YES", "  YES", "", "", "", "", ""}));
+    EXPECT_EQ(Column(third, 9), (std::vector<std::string>{"1", "5", "9", "8", "9", "0", "2"}));
+}
+
+TEST(ThreeWayBoxChance, PaintedStretches) {
+    // Signals on rows 1 and 3 merge; the first signal row itself stays white.
+    EXPECT_EQ(
+        RowsColoured(
+            Build("Form1zu3", Drawings({"100", "234", "156", "222", "333", "444", "555", "666"})),
+            4),
+        (std::vector<int>{2, 3, 4, 5, 6, 7}));
+    // A signal on the last drawing paints all four rows to come.
+    EXPECT_EQ(RowsColoured(Build("Form1zu3", Drawings({"000", "100"})), 4),
+              (std::vector<int>{3, 4, 5, 6}));
+    // Widths 4 4 0 0 2: rows 1 and 2 never form a pair; rows 3 and 4 paint rows 5 to 7.
+    EXPECT_EQ(
+        RowsColoured(Build("Form1zu3bai10", Drawings({"135", "246", "000", "999", "123"})), 7),
+        (std::vector<int>{5, 6, 7}));
+    // A pair in the last two drawings reaches DrawCount + 3.
+    EXPECT_EQ(RowsColoured(Build("Form1zu3bai10", Drawings({"123", "135", "246"})), 7),
+              (std::vector<int>{4, 5, 6}));
+}
+
+constexpr Rgb kRed = colours::kHit;
+constexpr Rgb kViolet = MakeRgb(158, 140, 255);
+constexpr Rgb kMissFore = MakeRgb(188, 194, 182);
+
+// The written class cells of one row from column 18 on, in column order, as (text, back colour);
+// a class cell stands in the column that its text heads.
+std::vector<std::pair<std::string, Rgb>> ClassCells(const ReportSheet& sheet, int row) {
+    std::vector<std::pair<std::string, Rgb>> out;
+    for (int c = 18; c < sheet.Cols(); ++c) {
+        if (sheet.IsEmpty(row, c)) continue;
+        EXPECT_EQ(sheet.Text(row, c), sheet.Text(0, c)) << "column " << c;
+        out.emplace_back(sheet.Text(row, c), sheet.BackColor(row, c));
+    }
+    return out;
+}
+
+struct ClassCase {
+    const char* drawing;
+    int doubleCol;  // -1: none
+    std::vector<std::pair<std::string, Rgb>> classes;
+};
+
+// Each drawing alone in a file: its double cell (header text on red), "-Y-" and class cells.
+void ExpectClasses(const char* object, std::span<const ClassCase> cases) {
+    for (const ClassCase& c : cases) {
+        SCOPED_TRACE(c.drawing);
+        ReportSheet sheet = Build(object, Drawings({c.drawing}));
+        EXPECT_EQ(ClassCells(sheet, 1), c.classes);
+        std::vector<int> doubles;
+        for (int col = 8; col <= 17; ++col)
+            if (sheet.BackColor(1, col) == colours::kHit) doubles.push_back(col);
+        EXPECT_EQ(doubles, c.doubleCol < 0 ? std::vector<int>{} : std::vector<int>{c.doubleCol});
+        EXPECT_EQ(sheet.Text(1, 7), c.doubleCol < 0 ? "" : "-Y-");
+        if (c.doubleCol >= 0) {
+            EXPECT_EQ(sheet.Text(1, c.doubleCol), sheet.Text(0, c.doubleCol));
+        }
+    }
+}
+
+TEST(ThreeWayBoxType, ClassesTheDoubleWithTheThirdDigit) {
+    const ClassCase cases[] = {
+        {"001", 8, {{"3S", kRed}, {"2E1O", kViolet}, {"2C1P", kRed}}},
+        {"117", 9, {{"2S1B", kRed}, {"3O", kViolet}, {"3P", kRed}}},
+        {"550", 13, {{"2B1S", kRed}, {"2O1E", kViolet}, {"2P1C", kRed}}},
+        {"688", 16, {{"3B", kRed}, {"3E", kViolet}, {"3C", kRed}}},
+        {"232", 10, {{"3S", kRed}, {"2E1O", kViolet}, {"3P", kRed}}},
+        {"777", -1, {}},
+        {"123", -1, {}},
+    };
+    ExpectClasses("frmzu3leixing2", cases);
+}
+
+TEST(ThreeWayBoxTrend, ClassesTheDoubleAlone) {
+    const ClassCase cases[] = {
+        {"007", 8, {{"Small", kRed}, {"0Type", kViolet}, {"Even", kRed}, {"Composite", kViolet}}},
+        {"110", 9, {{"Small", kRed}, {"1Type", kViolet}, {"Odd", kRed}, {"Prime", kViolet}}},
+        {"011", 9, {{"Small", kRed}, {"1Type", kViolet}, {"Odd", kRed}, {"Prime", kViolet}}},
+        // 22 is 2Type by its digit although 22 leaves 1 by 3.
+        {"223", 10, {{"Small", kRed}, {"2Type", kViolet}, {"Even", kRed}, {"Prime", kViolet}}},
+        {"998", 17, {{"Big", kRed}, {"0Type", kViolet}, {"Odd", kRed}, {"Composite", kViolet}}},
+        {"555", -1, {}},
+    };
+    ExpectClasses("Form1zu3zh", cases);
+}
+
+// 00 on row 1 only, 11 on rows 3 and 4, 88 on row 6, 55 on the last row; 777 is a triple.
+const auto kHistory = Drawings({"001", "777", "110", "011", "123", "688", "550"});
+
+TEST(ThreeWayBoxDoubles, MissCountsAndMaxMissOfClosedRunsOnly) {
+    const struct {
+        const char* object;
+        const char* label;
+        std::size_t labelsUnderTheSheet;
+    } reports[] = {{"frmzu3leixing2", "2020001:001", 1}, {"Form1zu3zh", " 2020001", 2}};
+    for (const auto& [object, label, labels] : reports) {
+        SCOPED_TRACE(object);
+        ReportSheet sheet = Build(object, kHistory);
+        EXPECT_EQ(sheet.Text(1, 0), label);
+        EXPECT_EQ(sheet.Labels().size(), labels);
+        const int last = 7 + 4;
+        ASSERT_EQ(sheet.Rows(), last + 1);
+        EXPECT_EQ(sheet.Text(last, 0), "Max Miss");
+        // 00: its run after row 1 never closes; 11: 2 closed by row 3; 55: closed by the last row.
+        std::vector<std::string> columnOf00;
+        for (int r = 1; r <= 7; ++r)
+            columnOf00.push_back(sheet.Text(r, 8));
+        EXPECT_EQ(columnOf00, (std::vector<std::string>{"00", "1", "2", "3", "4", "5", "6"}));
+        EXPECT_EQ(testing::RowTexts(sheet, last, 8, 17),
+                  (std::vector<std::string>{"0", "2", "0", "0", "0", "6", "0", "0", "5", "0"}));
+        // The triple's row holds Miss numbers only.
+        EXPECT_EQ(sheet.Text(2, 7), "");
+        EXPECT_TRUE(ClassCells(sheet, 2).empty());
+        EXPECT_EQ(sheet.ForeColor(2, 8), kMissFore);
+        EXPECT_EQ(sheet.ForeColor(last, 9), kMissFore);
+        EXPECT_EQ(sheet.ForeColor(1, 8), kDefaultColour);
+    }
+}
+
+TEST(ThreeWayBoxDoubles, DoubleClickCopiesTheClosedMissLengths) {
+    for (const char* object : {"frmzu3leixing2", "Form1zu3zh"}) {
+        SCOPED_TRACE(object);
+        const ReportDefinition* def = FindReport(object);
+        ASSERT_NE(def, nullptr);
+        ASSERT_NE(def->doubleClickText, nullptr);
+        ReportSheet sheet =
+            Build(object, Drawings({"011", "123", "456", "110", "110", "789", "101", "550"}));
+        EXPECT_EQ(def->doubleClickText(sheet, 9), "2\r\n1\r\n");  // 11: the hit on row 1 adds none
+        EXPECT_EQ(def->doubleClickText(sheet, 13), "7\r\n");
+        EXPECT_EQ(def->doubleClickText(sheet, 8), "");
+    }
+    // In a class column the lines are the (empty) texts before each red stretch.
+    ReportSheet type = Build("frmzu3leixing2", kHistory);
+    const ColumnText copied = FindReport("frmzu3leixing2")->doubleClickText;
+    EXPECT_EQ(copied(type, 29), "\r\n\r\n");  // 2P1C on rows 3, 4 and 7
+    EXPECT_EQ(copied(type, 25), "");          // parity colour is not red
+}
+
+}  // namespace
+}  // namespace numarel
