@@ -72,7 +72,9 @@ TEST(Cli, GridLinesInAReportsOwnColourReachJsonAndHtml) {
         ASSERT_EQ(json.code, 0) << json.err;
         auto doc = nlohmann::json::parse(json.out);
         EXPECT_EQ(doc.contains("gridColour"), c.gridColour != nullptr);
-        if (c.gridColour) EXPECT_EQ(doc.value("gridColour", ""), c.gridColour);
+        if (c.gridColour) {
+            EXPECT_EQ(doc.value("gridColour", ""), c.gridColour);
+        }
         CliRun html = RunCliWith({"report", c.report, "--data", data.string(), "--format", "html"},
                                  dir.path());
         ASSERT_EQ(html.code, 0) << html.err;
@@ -226,6 +228,13 @@ TEST_F(CliFolder, OutputIsNeverTheDrawingsFileItReadsNorTheSelection) {
             EXPECT_EQ(Kept(), kept);
         }
     }
+    // Import writes into its --into file, never into the selection.
+    auto results = dir.Write("results.csv", "Date,Number\n2031-01-02,987\n");
+    CliRun import = RunCliWith(
+        {"import", results.string(), "--into", "../Numarel/shujuwenjian.ini"}, dir.path());
+    EXPECT_EQ(import.code, 1);
+    EXPECT_NE(import.err.find("never written over"), std::string::npos) << import.err;
+    EXPECT_EQ(Kept(), kept);
     std::filesystem::current_path(cwd);
 }
 
