@@ -45,6 +45,26 @@ TEST_F(ReportWindowTest, OpensMaximisedAndTheLoadOrderDecidesWhatItShowsWhileItC
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+// Every entry of the menus opens its own report's window, with the title of its registry row,
+// and closes again.
+TEST_F(ReportWindowTest, EveryMenuEntryOpensItsReport) {
+    WriteFile(session->drawingsPath,
+              "2020001 1 2 3\r\n2020002 4 4 0\r\n2020003 9 9 9\r\n2020004 0 1 2\r\n");
+    ReportWindows real(*session, &FindReport);
+    int opened = 0;
+    for (const CommandEntry& e : CommandTable()) {
+        if (e.IsSeparator()) continue;
+        ReportWindow* window = real.Open(e.report, nullptr);
+        ASSERT_NE(window, nullptr) << e.report;
+        EXPECT_EQ(window->windowTitle().toStdString(), FindReport(e.report)->title) << e.report;
+        EXPECT_EQ(window->Sheet().DrawCount(), 4) << e.report;
+        window->ExitButton()->click();
+        testing::Drain();
+        ++opened;
+    }
+    EXPECT_EQ(opened, 75);
+}
+
 // Bringing an open report forward is pinned through the main window's menus.
 TEST_F(ReportWindowTest, AfterExitTheNextOpeningReadsTheFileAgain) {
     QPointer<ReportWindow> first = Open("frmhekualu");
