@@ -343,29 +343,45 @@ std::string FormatSheetText(const ReportSheet& sheet, int tail) {
     return out;
 }
 
+namespace {
+
+// True when a CSV field must be quoted: a separator, a quote or a line break in it, or a blank at
+// either end, which readers would drop. One pass over the (short) text, plain ASCII noted too.
+bool CsvNeedsQuotes(std::string_view text, bool& ascii) {
+    ascii = true;
+    bool quotes = text.front() == ' ' || text.back() == ' ';
+    for (char ch : text) {
+        quotes |= ch == ',' || ch == '"' || ch == '\r' || ch == '\n';
+        ascii &= static_cast<unsigned char>(ch) < 0x80;
+    }
+    return quotes;
+}
+
+}  // namespace
+
 void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out) {
     Sink sink(out);
     ReportSheet::NumberDigits digits;
     for (int r = 0; r < sheet.Rows(); ++r) {
         for (int c = 0; c < sheet.Cols(); ++c) {
             if (c > 0) sink << ',';
-            if (sheet.IsEmpty(r, c)) continue;
             const std::string_view text = sheet.TextView(r, c, digits);
-            if (sheet.HoldsNumber(r, c)) {  // digits and a sign never need quotes
-                sink << text;
+            if (text.empty()) continue;
+            // A number is written into `digits`: digits and a sign never need quotes.
+            bool ascii = true;
+            if (text.data() == digits.data() || !CsvNeedsQuotes(text, ascii)) {
+                if (ascii)
+                    sink << text;
+                else
+                    sink.Text(text);
                 continue;
             }
-            if (text.find_first_of(",\"\r\n") != std::string_view::npos || text.starts_with(' ') ||
-                text.ends_with(' ')) {
-                sink << '"';
-                sink.Text(text, [](Sink& s, char ch) {
-                    if (ch == '"') s << '"';
-                    s << ch;
-                });
-                sink << '"';
-            } else {
-                sink.Text(text);
-            }
+            sink << '"';
+            sink.Text(text, [](Sink& s, char ch) {
+                if (ch == '"') s << '"';
+                s << ch;
+            });
+            sink << '"';
         }
         sink << "\r\n";
     }

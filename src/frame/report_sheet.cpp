@@ -134,11 +134,8 @@ std::string ReportSheet::Text(int row, int col) const {
     return std::string(pool_.View(h));
 }
 
-std::string_view ReportSheet::TextView(int row, int col, NumberDigits& digits) const {
-    const std::uint32_t h = Handle(row, col);
-    if (h == 0) return {};
-    if (!IsInlineNumber(h)) return pool_.View(h);
-    auto [end, ec] = std::to_chars(digits.data(), digits.data() + digits.size(), InlineValue(h));
+std::string_view ReportSheet::NumberView(long value, NumberDigits& digits) {
+    auto [end, ec] = std::to_chars(digits.data(), digits.data() + digits.size(), value);
     return {digits.data(), static_cast<std::size_t>(end - digits.data())};
 }
 

@@ -81,7 +81,17 @@ public:
     // own text, or for a number its digits written into `digits`. Valid while the sheet and
     // `digits` are unchanged.
     using NumberDigits = std::array<char, 24>;
-    std::string_view TextView(int row, int col, NumberDigits& digits) const;
+    std::string_view TextView(int row, int col, NumberDigits& digits) const {
+        const std::uint32_t h = Handle(row, col);
+        if (h == 0) return {};
+        if (!(h & kNumberTag)) return pool_.View(h);
+        // Most numbers of a sheet are Miss numbers and digits, under 100.
+        const long v = InlineValue(h);
+        if (v < 0 || v >= 100) return NumberView(v, digits);
+        digits[0] = static_cast<char>('0' + (v < 10 ? v : v / 10));
+        digits[1] = static_cast<char>('0' + v % 10);
+        return {digits.data(), v < 10 ? 1u : 2u};
+    }
     // True when the cell holds a number as SetNumber writes it.
     bool HoldsNumber(int row, int col) const { return (Handle(row, col) & kNumberTag) != 0; }
     // Makes room for `count` different texts in all (numbers do not count).
@@ -203,6 +213,7 @@ private:
     static std::uint32_t NumberHandle(long value) {
         return kNumberTag | static_cast<std::uint32_t>(value + kNumberBias);
     }
+    static std::string_view NumberView(long value, NumberDigits& digits);
     static long InlineValue(std::uint32_t h) {
         return static_cast<long>(h & ~kNumberTag) - kNumberBias;
     }
