@@ -8,6 +8,7 @@
 #include <streambuf>
 #include <string>
 
+#include "bench_history.h"
 #include "cli/sheet_format.h"
 #include "data/drawings_file.h"
 #include "reports/report_registry.h"
@@ -46,18 +47,7 @@ struct LargestSheet {
 // The report whose JSON export is the longest on 32767 drawings.
 const LargestSheet& Largest() {
     static const LargestSheet largest = [] {
-        std::string bytes;
-        std::uint32_t state = 12345;
-        for (std::size_t i = 0; i < kMaxDrawings; ++i) {
-            bytes += std::to_string(1000001 + i);
-            for (int k = 0; k < 3; ++k) {
-                state = state * 1664525u + 1013904223u;
-                bytes += ' ';
-                bytes += static_cast<char>('0' + (state >> 16) % 10);
-            }
-            bytes += "\r\n";
-        }
-        auto drawings = ParseDrawings(bytes);
+        const auto& drawings = bench::LargestHistory();
         LargestSheet best;
         std::size_t bestBytes = 0;
         for (ReportFamily family : ReportFamilies())

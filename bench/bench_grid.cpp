@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "bench_history.h"
 #include "data/drawings_file.h"
 #include "frame/frame_passes.h"
 #include "frame/report_sheet.h"
@@ -65,24 +66,7 @@ const ReportSheet& LargestSheet() {
     return sheet;
 }
 
-// A made-up history of 32767 drawings, the same on every run.
-const std::vector<DrawRecord>& LargestHistory() {
-    static const std::vector<DrawRecord> drawings = [] {
-        std::string bytes;
-        std::uint32_t state = 12345;
-        for (int i = 0; i < static_cast<int>(kMaxDrawings); ++i) {
-            bytes += std::to_string(1000001 + i);
-            for (int k = 0; k < 3; ++k) {
-                state = state * 1664525u + 1013904223u;
-                bytes += ' ';
-                bytes += static_cast<char>('0' + (state >> 16) % 10);
-            }
-            bytes += "\r\n";
-        }
-        return ParseDrawings(bytes);
-    }();
-    return drawings;
-}
+using numarel::bench::LargestHistory;
 
 // The Straight Number enquiry window after Enquire with 400 tickets on 32767 drawings.
 const ReportSheet& EnquirySheet() {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "bench_history.h"
 #include "data/drawings_file.h"
 #include "reports/command_table.h"
 #include "reports/enquiry_other/number_enquiry.h"
@@ -17,31 +18,8 @@ namespace {
 
 using namespace numarel;
 
-// A deterministic synthetic history of `count` drawings, as a drawings file's bytes.
-std::string SyntheticFile(int count) {
-    std::string bytes;
-    std::uint32_t state = 12345;
-    for (int i = 0; i < count; ++i) {
-        bytes += std::to_string(1000001 + i);
-        for (int k = 0; k < 3; ++k) {
-            state = state * 1664525u + 1013904223u;
-            bytes += ' ';
-            bytes += static_cast<char>('0' + (state >> 16) % 10);
-        }
-        bytes += "\r\n";
-    }
-    return bytes;
-}
-
-const std::string& LargestFile() {
-    static const std::string bytes = SyntheticFile(static_cast<int>(kMaxDrawings));
-    return bytes;
-}
-
-const std::vector<DrawRecord>& LargestHistory() {
-    static const std::vector<DrawRecord> drawings = ParseDrawings(LargestFile());
-    return drawings;
-}
+using bench::LargestFile;
+using bench::LargestHistory;
 
 void BM_ReadDrawings(benchmark::State& state) {
     for (auto _ : state) {
