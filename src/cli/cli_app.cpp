@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <cerrno>
+#include <functional>
 #include <iostream>
 #include <ostream>
 #include <sstream>
@@ -29,21 +30,31 @@ std::string StandardOutputFailure(int error) {
 struct Destination {
     std::string outputFile;
 
-    int Deliver(const std::string& text, std::ostream& out, std::ostream& err) const {
+    // Streams what `write` makes, so that a large sheet is never one string in memory.
+    int Deliver(const std::function<void(std::ostream&)>& write, std::ostream& out,
+                std::ostream& err) const {
         if (outputFile.empty()) {
             errno = 0;
-            out << text;
+            write(out);
             out.flush();
             if (out) return 0;
             err << StandardOutputFailure(errno) << '\n';
             return 1;
         }
-        Status s = WriteFileSafely(outputFile, text);
+        Status s = WriteFileSafely(outputFile, write);
         if (!s.ok()) {
             err << "numarel-cli: " << s.message() << '\n';
             return 1;
         }
         return 0;
+    }
+    int Deliver(std::string_view text, std::ostream& out, std::ostream& err) const {
+        return Deliver([text](std::ostream& os) { os << text; }, out, err);
+    }
+    int Deliver(const ReportSheet& sheet, SheetFormat format, std::string_view object, int tail,
+                std::ostream& out, std::ostream& err) const {
+        return Deliver([&](std::ostream& os) { WriteSheet(sheet, format, object, tail, os); }, out,
+                       err);
     }
 };
 
@@ -217,7 +228,7 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
             err << "numarel-cli: " << s.message() << '\n';
             return 1;
         }
-        return DeliverSheet(sheet, format, object, tail, output, out, err);
+        return Destination{output}.Deliver(sheet, format, object, tail, out, err);
     }
     if (*enquire) {
         const NumberEnquiry& enquiry =
@@ -233,7 +244,7 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
         }
         SheetFormat format = SheetFormat::Text;
         ParseSheetFormat(formatName, format);
-        return DeliverSheet(sheet, format, enquiry.object, tail, output, out, err);
+        return Destination{output}.Deliver(sheet, format, enquiry.object, tail, out, err);
     }
     if (*missLengths) {
         const ReportDefinition* def = FindReport(object);

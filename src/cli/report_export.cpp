@@ -113,21 +113,6 @@ bool ResolveReportArgument(std::string& name, std::ostream& err) {
     return false;
 }
 
-int DeliverSheet(const ReportSheet& sheet, SheetFormat format, std::string_view object, int tail,
-                 const std::string& outputFile, std::ostream& out, std::ostream& err) {
-    auto write = [&](std::ostream& os) { WriteSheet(sheet, format, object, tail, os); };
-    if (outputFile.empty()) {
-        write(out);
-        return 0;
-    }
-    Status s = WriteFileSafely(outputFile, write);
-    if (!s.ok()) {
-        err << "numarel-cli: " << s.message() << '\n';
-        return 1;
-    }
-    return 0;
-}
-
 namespace {
 std::filesystem::path ExportedFile(const std::filesystem::path& folder, std::string_view object,
                                    SheetFormat format) {

@@ -18,11 +18,6 @@ std::string_view ProgramVersion();
 // window object; false after saying which captions come closest.
 bool ResolveReportArgument(std::string& name, std::ostream& err);
 
-// Writes `sheet` as it is formatted, to `out` or, when `outputFile` is not empty, to that file;
-// a file is replaced only once it has been written whole. Returns the exit code.
-int DeliverSheet(const ReportSheet& sheet, SheetFormat format, std::string_view object, int tail,
-                 const std::string& outputFile, std::ostream& out, std::ostream& err);
-
 // The files `report --all` writes into `folder`: one a report, and the contents page for HTML.
 std::vector<std::filesystem::path> ExportedFiles(SheetFormat format,
                                                  const std::filesystem::path& folder);

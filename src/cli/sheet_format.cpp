@@ -126,6 +126,23 @@ private:
     std::size_t used_ = 0;
 };
 
+// The style attribute of an HTML cell that has colours of its own; nothing for the defaults.
+void CellStyle(Sink& sink, const ReportSheet& sheet, int r, int c) {
+    const Rgb back = sheet.BackColor(r, c);
+    const Rgb fore = sheet.ForeColor(r, c);
+    if (back == kDefaultColour && fore == kDefaultColour) return;
+    sink << " style=\"";
+    if (back != kDefaultColour) {
+        sink << "background:";
+        sink.Hex(back) << ';';
+    }
+    if (fore != kDefaultColour) {
+        sink << "color:";
+        sink.Hex(fore) << ';';
+    }
+    sink << '"';
+}
+
 void HtmlChar(Sink& s, char c) {
     switch (c) {
         case '&':
@@ -430,20 +447,7 @@ void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostr
         sink << '>';
         for (int c = 0; c < sheet.Cols(); ++c) {
             sink << (c == 0 ? "<td class=\"l\"" : "<td");
-            Rgb back = sheet.BackColor(r, c);
-            Rgb fore = sheet.ForeColor(r, c);
-            if (back != kDefaultColour || fore != kDefaultColour) {
-                sink << " style=\"";
-                if (back != kDefaultColour) {
-                    sink << "background:";
-                    sink.Hex(back) << ';';
-                }
-                if (fore != kDefaultColour) {
-                    sink << "color:";
-                    sink.Hex(fore) << ';';
-                }
-                sink << '"';
-            }
+            CellStyle(sink, sheet, r, c);
             sink << '>';
             if (!sheet.IsEmpty(r, c)) sink.Text(sheet.TextView(r, c, digits), HtmlChar);
             sink << "</td>";
@@ -572,20 +576,7 @@ std::string FormatRangeHtml(const ReportSheet& sheet, int top, int left, int bot
             sink << "<tr>";
             for (int c = left; c <= right; ++c) {
                 sink << "<td";
-                Rgb back = sheet.BackColor(r, c);
-                Rgb fore = sheet.ForeColor(r, c);
-                if (back != kDefaultColour || fore != kDefaultColour) {
-                    sink << " style=\"";
-                    if (back != kDefaultColour) {
-                        sink << "background:";
-                        sink.Hex(back) << ';';
-                    }
-                    if (fore != kDefaultColour) {
-                        sink << "color:";
-                        sink.Hex(fore) << ';';
-                    }
-                    sink << '"';
-                }
+                CellStyle(sink, sheet, r, c);
                 sink << '>';
                 sink.Text(sheet.Text(r, c), HtmlChar);
                 sink << "</td>";

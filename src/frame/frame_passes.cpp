@@ -61,6 +61,12 @@ void ReadDrawings(std::span<const DrawRecord> drawings, const DrawingVisit& visi
     }
 }
 
+void HeadDigitColumns(ReportSheet& sheet, DigitColumns columns) {
+    sheet.SetText(0, columns.h, "H");
+    sheet.SetText(0, columns.t, "T");
+    sheet.SetText(0, columns.u, "U");
+}
+
 void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work,
                DigitColumns columns) {
     // Every label is a text of its own; without room made for them up front, the pool's

@@ -43,6 +43,9 @@ struct DigitColumns {
     int u = 3;
 };
 
+// Writes "H", "T" and "U" over the digit columns in the header row.
+void HeadDigitColumns(ReportSheet& sheet, DigitColumns columns = {});
+
 // Called per drawing with its number (1 for the oldest), its record and the digits in hand.
 using DrawingVisit = std::function<void(int n, const DrawRecord& record, CurrentDigits& digits)>;
 

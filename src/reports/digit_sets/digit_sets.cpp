@@ -199,9 +199,7 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
         sheet.SetText(row, kDistinctCol, DistinctDigits(digits));
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     for (std::size_t i = 0; i < report.sets.size(); ++i)
         sheet.SetText(0, kFirstSetCol + static_cast<int>(i), report.sets[i]);
     FinishLoad(sheet);

@@ -73,9 +73,7 @@ void Build(const PairOperationUnits& report, std::span<const DrawRecord> drawing
         sheet.SetBackColor(row, kSumCol, colours::kSumWidth);
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     sheet.SetText(0, kSumCol, "S");
     for (const PairChart& chart : kCharts)
         for (int v = 0; v <= 9; ++v)

@@ -38,9 +38,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
     FillSheet(sheet, drawings);
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     for (std::size_t i = 0; i < kPairs.size(); ++i)
         sheet.SetText(0, kFirstPairCol + static_cast<int>(i), kPairs[i]);
     FinishLoad(sheet);

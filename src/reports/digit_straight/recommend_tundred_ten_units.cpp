@@ -75,9 +75,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     ResetSheet(sheet, drawCount, drawCount + 5, 4);
     FillDatesAndDigits(sheet, drawings, drawCount);
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     for (const CarriedDigit& carried : kCarried)
         sheet.SetText(0, carried.col, carried.header);
     sheet.SetCurrentCell(drawCount + 1, 1);

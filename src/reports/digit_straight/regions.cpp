@@ -222,9 +222,7 @@ void Build(const RegionsChart& chart, std::span<const DrawRecord> drawings, Repo
     WriteRegionDigits(sheet, chart);
     if (chart.rule == PatternRule::SortedCodes) WriteRegionCodes(sheet, chart.firstCodeCol);
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     for (const RegionBlock& region : chart.regions)
         for (int i = 0; i < static_cast<int>(region.digits.size()); ++i)
             sheet.SetText(0, region.firstCol + i, region.name);

@@ -121,9 +121,7 @@ void Build(const DigitClassSums& report, std::span<const DrawRecord> drawings, R
     ResetSheet(sheet, drawCount, drawCount + 2);
     FillSheet(sheet, drawings);
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     LayOutNumberLine(sheet, report.first);
     if (report.second.lastValue >= 0) LayOutNumberLine(sheet, report.second);
     FinishLoad(sheet);

@@ -65,9 +65,7 @@ void LoadHistory(const NumberEnquiry& enquiry, std::span<const DrawRecord> drawi
         if (enquiry.boxKey) SortDigits(digits);
         sheet.SetText(row, kKeyCol, KeyText(digits));
     });
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     FinishLoad(sheet);
 }
 

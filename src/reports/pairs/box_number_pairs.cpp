@@ -47,9 +47,7 @@ void Build(BoxNumberPair pair, std::span<const DrawRecord> drawings, ReportSheet
         sheet.SetNumber(row, kSumCol, higher + lower);
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     sheet.SetText(0, kDifferenceCol, "-");
     for (int d = 0; d <= 9; ++d)
         sheet.SetNumber(0, kDifferenceCol + 1 + d, d);

@@ -46,9 +46,7 @@ void Build(std::span<const std::string_view> pairs, std::span<const DrawRecord> 
         sheet.SetText(row, 8, PairText(digits[1], digits[2]));
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     sheet.SetText(0, kSumCol, "S");
     sheet.SetText(0, kWidthCol, "W");
     for (std::size_t i = 0; i < pairs.size(); ++i)

@@ -38,9 +38,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         sheet.SetText(row, kDistinctCol, DistinctDigits(digits));
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     sheet.SetText(0, kInheritCol, "Inherit 2 Digits");
     FinishLoad(sheet);
 

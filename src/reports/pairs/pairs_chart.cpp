@@ -42,9 +42,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         },
         DigitColumns{-1, -1, -1});
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     int col = kFirstChartCol;
     for (int a = 0; a <= 8; ++a)
         for (int b = a + 1; b <= 9; ++b)

@@ -133,9 +133,7 @@ void SetWidths(ReportSheet& sheet) {
 }
 
 void WriteHeader(ReportSheet& sheet) {
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     for (int u = 0; u <= 9; ++u)
         sheet.SetNumber(0, kFirstUnitsCol + u, u);
 }

@@ -236,9 +236,7 @@ void Build(const DigitSetMatrix& report, std::span<const DrawRecord> drawings, R
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     for (std::size_t i = 0; i < sets.size(); ++i)
         sheet.SetText(0, kFirstSetCol + static_cast<int>(i), sets[i]);
     sheet.SetText(0, noteCol, report.noteHeader);

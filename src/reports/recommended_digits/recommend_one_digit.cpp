@@ -103,9 +103,7 @@ void Build(Method method, std::span<const DrawRecord> drawings, ReportSheet& she
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
     FillSheet(sheet, drawings);
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     sheet.SetText(0, kForecastCol, "1 digit");
     sheet.SetText(0, kJudgementCol, "Y/N");
     FinishLoad(sheet);

@@ -38,9 +38,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         sheet.SetBackColor(row, markCol, colours::kHit);
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     sheet.SetText(0, kSumCol, "S");
     sheet.SetText(0, kWidthCol, "W");
     sheet.SetText(0, kAdditionCol, "Addition Box Number");

@@ -48,9 +48,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
               },
               {-1, -1, -1});
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     for (const Trend& trend : kTrends)
         for (int d = 0; d <= 9; ++d)
             sheet.SetText(0, trend.zeroCol + d, kDigitTexts[d]);

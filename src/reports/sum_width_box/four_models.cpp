@@ -33,9 +33,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     ResetSheet(sheet, drawCount, drawCount + 2);
     FillSheet(sheet, drawings);
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     for (int c = kFirstModelCol; c <= kLastModelCol; ++c)
         sheet.SetText(0, c, kModels[c - kFirstModelCol]);
     FinishLoad(sheet);

@@ -67,9 +67,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         sheet.SetBackColor(row, kSumCol, colours::kSumWidth);
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     sheet.SetText(0, kSumCol, "S");
     for (const SumList& list : kLists) {
         for (std::size_t i = 0; i < list.sums.size(); ++i)

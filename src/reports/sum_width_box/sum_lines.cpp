@@ -45,9 +45,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         sheet.SetNumber(row, kSumUnitsCol, (sum < 0 ? -sum : sum) % 10);
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     sheet.SetText(0, kSumCol, "Sum");
     for (int c = kFirstSumLineCol; c <= kLastSumLineCol; ++c)
         sheet.SetNumber(0, c, c - kFirstSumLineCol);

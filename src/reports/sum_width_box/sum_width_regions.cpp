@@ -52,9 +52,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         sheet.SetNumber(row, kWidthCol, digits[2] - digits[0]);
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     sheet.SetText(0, kSumCol, "S");
     sheet.SetText(0, kWidthCol, "W");
     for (int s = 0; s < kRegions; ++s) {

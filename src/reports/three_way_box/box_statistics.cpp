@@ -102,9 +102,7 @@ void BuildFollowedNumbers(const FollowedNumbers& report, std::span<const DrawRec
                 sheet.SetBackColor(r, c, kStripe);
     }
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     for (int c = kFirstNumberCol; c <= lastNumberCol; ++c)
         sheet.SetText(0, c, numbers[static_cast<std::size_t>(c - kFirstNumberCol)]);
     sheet.SetText(0, missCol, "Winning Number Miss");

@@ -71,9 +71,7 @@ void Build(const ChanceReport& report, std::span<const DrawRecord> drawings, Rep
         if (report.widthRule) sheet.SetNumber(row, kWidthCol, digits[2] - digits[0]);
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     sheet.SetText(0, kBoxCol, "3 Way Box");
     if (report.widthRule) sheet.SetText(0, kWidthBoxCol, "3 Way Box");
     FinishLoad(sheet);

@@ -195,9 +195,7 @@ void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, Re
         sheet.SetText(row, kOuterPairCol, DigitPair(digits[0], digits[2]));
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c)
         sheet.SetText(0, c, DigitPair(c - kFirstDoubleCol, c - kFirstDoubleCol));
     for (std::size_t i = 0; i < report.classHeaders.size(); ++i)

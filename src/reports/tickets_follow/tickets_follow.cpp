@@ -222,9 +222,7 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
         }
     });
 
-    sheet.SetText(0, 1, "H");
-    sheet.SetText(0, 2, "T");
-    sheet.SetText(0, 3, "U");
+    HeadDigitColumns(sheet);
     for (std::size_t i = 0; i < report.lists.size(); ++i) {
         const auto& tickets = report.lists[i].tickets;
         for (std::size_t k = 0; k < tickets.size(); ++k)
