@@ -1,21 +1,55 @@
 #include "frame/frame_passes.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 #include "data/basic_text.h"
 
 namespace numarel {
 
+namespace {
+
+// The longest label PlainLabel writes: a blank, 15 digits, ":" and three digits.
+constexpr std::size_t kPlainLabelMax = 20;
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// The label of a drawing whose date is at most 15 plain digits without a leading zero and whose
+// H, T and U are one digit each, as in every drawings file the program writes, straight into
+// `out`: the general rule would write the same. Its length, or 0 for any other drawing.
+std::size_t PlainLabel(const DrawRecord& record, char (&out)[kPlainLabelMax]) {
+    const std::string& date = record.date;
+    const std::size_t size = date.size();
+    if (size == 0 || size > 15 || (date[0] == '0' && size > 1)) return 0;
+    out[0] = ' ';
+    for (std::size_t i = 0; i < size; ++i) {
+        if (!IsDigit(date[i])) return 0;
+        out[i + 1] = date[i];
+    }
+    char* at = out + 1 + size;
+    *at++ = ':';
+    for (const std::string* field : {&record.h, &record.t, &record.u}) {
+        if (field->size() != 1 || !IsDigit((*field)[0])) return 0;
+        *at++ = (*field)[0];
+    }
+    return static_cast<std::size_t>(at - out);
+}
+
+}  // namespace
+
 std::string DrawingLabel(const DrawRecord& record) {
+    char plainLabel[kPlainLabelMax];
+    if (const std::size_t size = PlainLabel(record, plainLabel)) return {plainLabel, size};
     std::string label;
-    label.reserve(24);
     // A date of plain digits without a leading zero is written as it stands, as the general
-    // rule below would write it; every drawings file the program writes has such dates.
+    // rule below would write it.
     const std::string_view digits = Trim(record.date);
-    const bool plain =
-        !digits.empty() && digits.size() <= 15 && (digits[0] != '0' || digits.size() == 1) &&
-        std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const bool plain = !digits.empty() && digits.size() <= 15 &&
+                       (digits[0] != '0' || digits.size() == 1) &&
+                       std::all_of(digits.begin(), digits.end(), IsDigit);
     if (plain) {
         label += ' ';
         label += digits;
@@ -42,45 +76,34 @@ void ResetSheet(ReportSheet& sheet, int drawCount, int rows, int lastBlankCol) {
         sheet.SetText(drawCount + 1, c, "");
 }
 
-void ReadDrawings(std::span<const DrawRecord> drawings, const DrawingVisit& visit) {
-    CurrentDigits digits{0, 0, 0};
-    int n = 1;
-    for (const DrawRecord& record : drawings) {
-        if (n > static_cast<int>(kMaxDrawings)) break;
-        const std::string* fields[3] = {&record.h, &record.t, &record.u};
-        for (int i = 0; i < 3; ++i) {
-            const std::string& field = *fields[i];
-            // Nearly every field is one digit; anything else takes the general rule.
-            if (field.size() == 1 && field[0] >= '0' && field[0] <= '9')
-                digits[static_cast<std::size_t>(i)] = static_cast<short>(field[0] - '0');
-            else if (auto v = ToInt16(field))
-                digits[static_cast<std::size_t>(i)] = *v;
-        }
-        visit(n, record, digits);
-        ++n;
-    }
-}
-
 void HeadDigitColumns(ReportSheet& sheet, DigitColumns columns) {
     sheet.SetText(0, columns.h, "H");
     sheet.SetText(0, columns.t, "T");
     sheet.SetText(0, columns.u, "U");
 }
 
-void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work,
-               DigitColumns columns) {
+namespace frame_detail {
+
+void ReserveLabels(ReportSheet& sheet, std::span<const DrawRecord> drawings) {
     // Every label is a text of its own; without room made for them up front, the pool's
     // doubling would leave a full history with nearly twice the room the labels need.
-    constexpr std::size_t kOtherTexts = 256;
-    sheet.ReserveTexts(std::min(drawings.size(), kMaxDrawings) + kOtherTexts);
-    ReadDrawings(drawings, [&](int row, const DrawRecord& record, CurrentDigits& digits) {
-        sheet.SetText(row, 0, DrawingLabel(record));
-        sheet.SetNumber(row, columns.h, digits[0]);
-        sheet.SetNumber(row, columns.t, digits[1]);
-        sheet.SetNumber(row, columns.u, digits[2]);
-        if (work) work(row, digits);
-    });
+    sheet.ReserveLabels(std::min(drawings.size(), kMaxDrawings));
 }
+
+void WriteDrawing(ReportSheet& sheet, int row, const DrawRecord& record,
+                  const CurrentDigits& digits, DigitColumns columns) {
+    char plainLabel[kPlainLabelMax];
+    const std::size_t size = PlainLabel(record, plainLabel);
+    if (size != 0)
+        sheet.SetText(row, 0, std::string_view(plainLabel, size));
+    else
+        sheet.SetText(row, 0, DrawingLabel(record));
+    sheet.SetNumber(row, columns.h, digits[0]);
+    sheet.SetNumber(row, columns.t, digits[1]);
+    sheet.SetNumber(row, columns.u, digits[2]);
+}
+
+}  // namespace frame_detail
 
 void FinishLoad(ReportSheet& sheet) {
     sheet.SetCurrentCell(sheet.DrawCount() + 1, 1);
@@ -107,38 +130,26 @@ void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {
     }
 }
 
-void AddMissStatistics(ReportSheet& sheet, int firstHitCol, int lastHitCol,
-                       std::string_view hitMarker) {
+namespace {
+
+// Amount and Max Miss of each hit column, index 0 being the first.
+struct MissTally {
+    std::vector<short> amounts;
+    std::vector<short> maxMisses;
+    explicit MissTally(int firstHitCol, int lastHitCol)
+        : amounts(lastHitCol >= firstHitCol ? lastHitCol - firstHitCol + 1 : 0, 0),
+          maxMisses(amounts.size(), 0) {}
+};
+
+// The rows Amount, Max Miss and Current Miss from `tally`, with their labels.
+void WriteMissStatistics(ReportSheet& sheet, int firstHitCol, int lastHitCol,
+                         std::string_view hitMarker, const MissTally& tally) {
     const int n = sheet.DrawCount();
     sheet.SetText(n + 2, 0, "Amount");
     sheet.SetText(n + 3, 0, "Max Miss");
     sheet.SetText(n + 4, 0, "Current Miss");
-
-    // Amount and Max Miss are gathered in one walk over the rows, the order in which the cells
-    // are stored; wide sheets would otherwise be read a column at a time.
-    const std::size_t width =
-        lastHitCol >= firstHitCol ? static_cast<std::size_t>(lastHitCol - firstHitCol + 1) : 0;
-    std::vector<short> amounts(width, 0);
-    std::vector<short> maxMisses(width, 0);
-    // A number cell can be the marker only if the marker reads like a number; markers are
-    // asterisks, so the Miss numbers between the hits need no comparison.
-    const bool numericMarker =
-        !hitMarker.empty() && (hitMarker[0] == '-' || (hitMarker[0] >= '0' && hitMarker[0] <= '9'));
-    for (int r = 1; r <= n; ++r) {
-        // A run still open in the last row counts only up to the row before.
-        const bool closedRuns = r <= n - 1;
-        const ReportSheet::RowRun cells = sheet.Run(r, firstHitCol, lastHitCol);
-        const int count = cells.Count();
-        for (int i = 0; i < count; ++i) {
-            const auto k = static_cast<std::size_t>(i);
-            if ((numericMarker || !cells.HoldsNumber(i)) && cells.TextIs(i, hitMarker))
-                ++amounts[k];
-            else if (closedRuns)
-                maxMisses[k] = std::max(maxMisses[k], cells.CellNumber(i));
-        }
-    }
     for (int c = firstHitCol; c <= lastHitCol; ++c)
-        sheet.SetNumber(n + 2, c, amounts[static_cast<std::size_t>(c - firstHitCol)]);
+        sheet.SetNumber(n + 2, c, tally.amounts[static_cast<std::size_t>(c - firstHitCol)]);
     for (int c = firstHitCol; c <= lastHitCol; ++c) {
         if (sheet.TextIs(n, c, hitMarker))
             sheet.SetText(n + 4, c, "0");
@@ -146,7 +157,38 @@ void AddMissStatistics(ReportSheet& sheet, int firstHitCol, int lastHitCol,
             sheet.SetText(n + 4, c, sheet.Text(n, c));
     }
     for (int c = firstHitCol; c <= lastHitCol; ++c)
-        sheet.SetNumber(n + 3, c, maxMisses[static_cast<std::size_t>(c - firstHitCol)]);
+        sheet.SetNumber(n + 3, c, tally.maxMisses[static_cast<std::size_t>(c - firstHitCol)]);
+}
+
+// The Average row under the Miss statistics, the colours and the scroll of AddStatisticRows.
+void FinishStatisticRows(ReportSheet& sheet, int lastHitCol, AverageRule rule, int firstHitCol) {
+    const int n = sheet.DrawCount();
+    sheet.SetText(n + 5, 0, "Average");
+    sheet.SetTopRow(sheet.Rows() - 1);
+    ColourStatisticRows(sheet, n + 5, lastHitCol);
+    for (int c = firstHitCol; c <= lastHitCol; ++c) {
+        short amount = sheet.CellNumber(n + 2, c);
+        if (rule == AverageRule::DrawCountWhenNoHit && amount == 0) amount = 1;
+        if (amount != 0) sheet.SetNumber(n + 5, c, n / amount);
+    }
+}
+
+}  // namespace
+
+void AddMissStatistics(ReportSheet& sheet, int firstHitCol, int lastHitCol,
+                       std::string_view hitMarker) {
+    const int n = sheet.DrawCount();
+    // Amount and Max Miss are gathered in one walk over the rows, the order in which the cells
+    // are stored; wide sheets would otherwise be read a column at a time.
+    MissTally tally(firstHitCol, lastHitCol);
+    const ReportSheet::TextKey marker = sheet.KeyOf(hitMarker);
+    // A run still open in the last row counts only up to the row before.
+    sheet.TallyColumns(1, n - 1, firstHitCol, marker, tally.amounts, tally.maxMisses);
+    if (n >= 1) {
+        std::vector<short> lastRowMaxima(tally.amounts.size(), 0);
+        sheet.TallyColumns(n, n, firstHitCol, marker, tally.amounts, lastRowMaxima);
+    }
+    WriteMissStatistics(sheet, firstHitCol, lastHitCol, hitMarker, tally);
 }
 
 void ColourStatisticRows(ReportSheet& sheet, int lastRow, int lastCol) {
@@ -160,17 +202,42 @@ void ColourStatisticRows(ReportSheet& sheet, int lastRow, int lastCol) {
 
 void AddStatisticRows(ReportSheet& sheet, int lastHitCol, std::string_view hitMarker,
                       AverageRule rule, int firstHitCol) {
+    sheet.SetRows(sheet.DrawCount() + 6);
+    AddMissStatistics(sheet, firstHitCol, lastHitCol, hitMarker);
+    FinishStatisticRows(sheet, lastHitCol, rule, firstHitCol);
+}
+
+void FillMissCountersAndStatisticRows(ReportSheet& sheet, int lastHitCol,
+                                      std::string_view hitMarker, AverageRule rule,
+                                      int firstHitCol) {
     const int n = sheet.DrawCount();
     sheet.SetRows(n + 6);
-    AddMissStatistics(sheet, firstHitCol, lastHitCol, hitMarker);
-    sheet.SetText(n + 5, 0, "Average");
-    sheet.SetTopRow(sheet.Rows() - 1);
-    ColourStatisticRows(sheet, n + 5, lastHitCol);
-    for (int c = firstHitCol; c <= lastHitCol; ++c) {
-        short amount = sheet.CellNumber(n + 2, c);
-        if (rule == AverageRule::DrawCountWhenNoHit && amount == 0) amount = 1;
-        if (amount != 0) sheet.SetNumber(n + 5, c, n / amount);
+    // Each cell is counted while it is at hand: a Miss number as soon as it is written, read
+    // back from the cell, a hit as the counter starts again.
+    MissTally tally(firstHitCol, lastHitCol);
+    std::vector<short> counters(tally.amounts.size(), 1);
+    for (int r = 1; r <= n; ++r) {
+        const bool closedRuns =
+            r <= n - 1;  // a run open in the last row counts up to the row before
+        ReportSheet::RowRun cells = sheet.Run(r, firstHitCol, lastHitCol);
+        const int count = cells.Count();
+        for (int i = 0; i < count; ++i) {
+            const auto k = static_cast<std::size_t>(i);
+            if (cells.IsEmpty(i)) {
+                cells.SetNumber(i, counters[k]++);
+                if (closedRuns)
+                    tally.maxMisses[k] = std::max(tally.maxMisses[k], cells.CellNumber(i));
+                continue;
+            }
+            counters[k] = 1;
+            if (cells.TextIs(i, hitMarker))
+                ++tally.amounts[k];
+            else if (closedRuns)
+                tally.maxMisses[k] = std::max(tally.maxMisses[k], cells.CellNumber(i));
+        }
     }
+    WriteMissStatistics(sheet, firstHitCol, lastHitCol, hitMarker, tally);
+    FinishStatisticRows(sheet, lastHitCol, rule, firstHitCol);
 }
 
 void ToggleCellMark(ReportSheet& sheet, int row, int col, Rgb markColour) {

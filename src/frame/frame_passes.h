@@ -1,11 +1,11 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "data/basic_text.h"
 #include "data/drawings_file.h"
 #include "frame/report_sheet.h"
 
@@ -46,22 +46,25 @@ struct DigitColumns {
 // Writes "H", "T" and "U" over the digit columns in the header row.
 void HeadDigitColumns(ReportSheet& sheet, DigitColumns columns = {});
 
-// Called per drawing with its number (1 for the oldest), its record and the digits in hand.
-using DrawingVisit = std::function<void(int n, const DrawRecord& record, CurrentDigits& digits)>;
-
 // The drawings in file order as FillSheet reads them, for a report that lays a drawing out
-// otherwise than on one row: a digit that cannot be converted keeps the value of the drawing
-// before, as a failed statement leaves it.
-void ReadDrawings(std::span<const DrawRecord> drawings, const DrawingVisit& visit);
+// otherwise than on one row: `visit(int n, const DrawRecord& record, CurrentDigits& digits)` per
+// drawing, with its number (1 for the oldest), its record and the digits in hand. A digit that
+// cannot be converted keeps the value of the drawing before, as a failed statement leaves it.
+template <class Visit>
+void ReadDrawings(std::span<const DrawRecord> drawings, Visit&& visit);
 
-// Called per drawing with its row (1 for the oldest) and the digits in hand, which the report
-// may change (a report that sorts them sorts them here).
-using RowWork = std::function<void(int row, CurrentDigits& digits)>;
+// A report with no work of its own on each drawing's row.
+struct NoRowWork {
+    void operator()(int, CurrentDigits&) const {}
+};
 
 // The second pass over the drawings: per drawing, the label into column 0, the converted digits
-// into `columns`, then the report's own work. A digit that cannot be converted keeps the value of
-// the drawing before, as a failed statement leaves it.
-void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, const RowWork& work = {},
+// into `columns`, then the report's own work, `work(int row, CurrentDigits& digits)` with the
+// row (1 for the oldest) and the digits in hand, which the report may change (a report that sorts
+// them sorts them here). A digit that cannot be converted keeps the value of the drawing before,
+// as a failed statement leaves it.
+template <class Work = NoRowWork>
+void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, Work&& work = {},
                DigitColumns columns = {});
 
 // The close of the first load order: current cell to the next drawing's row, column 1, and the
@@ -94,8 +97,63 @@ void ColourStatisticRows(ReportSheet& sheet, int lastRow, int lastCol);
 void AddStatisticRows(ReportSheet& sheet, int lastHitCol, std::string_view hitMarker,
                       AverageRule rule = AverageRule::EmptyWhenNoHit, int firstHitCol = 5);
 
+// FillMissCounters on the hit columns `firstHitCol` to `lastHitCol`, then AddStatisticRows on
+// them, in one walk over the rows: what the two passes leave one after the other.
+void FillMissCountersAndStatisticRows(ReportSheet& sheet, int lastHitCol,
+                                      std::string_view hitMarker,
+                                      AverageRule rule = AverageRule::EmptyWhenNoHit,
+                                      int firstHitCol = 5);
+
 // A mouse-down mark: a cell whose back colour is not `markColour` gets it; a marked cell goes back
 // to the default colour.
 void ToggleCellMark(ReportSheet& sheet, int row, int col, Rgb markColour);
+
+// --- how the drawing passes are made: written out here, so that each report's work is compiled
+// into the loop over its drawings ------------------------------------------------------------
+
+namespace frame_detail {
+
+// H, T and U of `record` converted into `digits`; a field that is not a number leaves its digit.
+inline void ConvertDigits(const DrawRecord& record, CurrentDigits& digits) {
+    const std::string* fields[3] = {&record.h, &record.t, &record.u};
+    for (std::size_t i = 0; i < 3; ++i) {
+        const std::string& field = *fields[i];
+        // Nearly every field is one digit; anything else takes the general rule.
+        if (field.size() == 1 && field[0] >= '0' && field[0] <= '9')
+            digits[i] = static_cast<short>(field[0] - '0');
+        else if (auto v = ToInt16(field))
+            digits[i] = *v;
+    }
+}
+
+// Room for the labels of `drawings`.
+void ReserveLabels(ReportSheet& sheet, std::span<const DrawRecord> drawings);
+// A drawing's label and digits on its row.
+void WriteDrawing(ReportSheet& sheet, int row, const DrawRecord& record,
+                  const CurrentDigits& digits, DigitColumns columns);
+
+}  // namespace frame_detail
+
+template <class Visit>
+void ReadDrawings(std::span<const DrawRecord> drawings, Visit&& visit) {
+    CurrentDigits digits{0, 0, 0};
+    int n = 1;
+    for (const DrawRecord& record : drawings) {
+        if (n > static_cast<int>(kMaxDrawings)) break;
+        frame_detail::ConvertDigits(record, digits);
+        visit(n, record, digits);
+        ++n;
+    }
+}
+
+template <class Work>
+void FillSheet(ReportSheet& sheet, std::span<const DrawRecord> drawings, Work&& work,
+               DigitColumns columns) {
+    frame_detail::ReserveLabels(sheet, drawings);
+    ReadDrawings(drawings, [&](int row, const DrawRecord& record, CurrentDigits& digits) {
+        frame_detail::WriteDrawing(sheet, row, record, digits, columns);
+        work(row, digits);
+    });
+}
 
 }  // namespace numarel

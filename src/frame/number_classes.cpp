@@ -36,10 +36,29 @@ void SortDigits(CurrentDigits& d) {
     if (d[1] < d[0]) std::swap(d[0], d[1]);
 }
 
+namespace {
+
+// A digit's text without number formatting; anything else (a field such as 12) is formatted.
+inline void AppendDigit(std::string& out, short digit) {
+    if (digit >= 0 && digit <= 9) [[likely]]
+        out += static_cast<char>('0' + digit);
+    else
+        out += std::to_string(digit);
+}
+
+}  // namespace
+
 std::string DistinctDigits(const CurrentDigits& s) {
     std::string out;
     for (std::size_t i = 0; i < 3; ++i)
-        if (i == 0 || s[i] != s[i - 1]) out += std::to_string(s[i]);
+        if (i == 0 || s[i] != s[i - 1]) AppendDigit(out, s[i]);
+    return out;
+}
+
+std::string JoinedDigits(const CurrentDigits& digits) {
+    std::string out;
+    for (short digit : digits)
+        AppendDigit(out, digit);
     return out;
 }
 

@@ -32,6 +32,8 @@ void SortDigits(CurrentDigits& digits);
 // The different digits of sorted digits, ascending: three characters for a 6 Way Box, two for a
 // 3 Way Box, one for a triple.
 std::string DistinctDigits(const CurrentDigits& sorted);
+// The three digits written one after the other, as "012".
+std::string JoinedDigits(const CurrentDigits& digits);
 
 int SumOf(const CurrentDigits& digits);
 int WidthOf(const CurrentDigits& digits);

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <utility>
 
 #ifdef __linux__
 #include <sys/mman.h>
@@ -38,17 +39,68 @@ bool ParsePlainNumber(std::string_view text, long& value) {
 
 }  // namespace
 
+#ifdef __linux__
+namespace {
+
+// Sheets of this size or more take their cells straight from the system.
+constexpr std::size_t kMapThreshold = std::size_t{1} << 20;
+// The most a thread keeps for its next sheet once a sheet lets its cells go.
+constexpr std::size_t kSpareLimit = std::size_t{64} << 20;
+
+// The cells of the last large sheet a thread let go, kept for the next one: a report window
+// opened after another, or the command line building report after report, then finds its memory
+// ready and only clears it, instead of having the system fault in and clear fresh pages.
+class SpareCells {
+public:
+    ~SpareCells() {
+        if (data_) munmap(data_, bytes_);
+        data_ = nullptr;
+        closed_ = true;  // a sheet that outlives its thread's spare lets its cells go itself
+    }
+    // The kept memory when it holds at least `bytes`, else nullptr; `mapped` gets its size.
+    void* Take(std::size_t bytes, std::size_t& mapped) {
+        if (!data_ || bytes_ < bytes) return nullptr;
+        void* out = std::exchange(data_, nullptr);
+        mapped = bytes_;
+        return out;
+    }
+    // Keeps the larger of what is kept and `data`, up to the limit; lets the other go.
+    void Give(void* data, std::size_t bytes) {
+        if (closed_ || bytes > kSpareLimit || (data_ && bytes_ >= bytes)) {
+            munmap(data, bytes);
+            return;
+        }
+        if (data_) munmap(data_, bytes_);
+        data_ = data;
+        bytes_ = bytes;
+    }
+
+private:
+    void* data_ = nullptr;
+    std::size_t bytes_ = 0;
+    bool closed_ = false;
+};
+
+thread_local SpareCells spareCells;
+
+}  // namespace
+#endif
+
 ReportSheet::CellBuffer::CellBuffer(std::size_t count) : capacity_(count) {
     if (count == 0) return;
     const std::size_t bytes = count * sizeof(Cell);
 #ifdef __linux__
-    constexpr std::size_t kMapThreshold = 1u << 20;
     if (bytes >= kMapThreshold) {
+        if (void* kept = spareCells.Take(bytes, mappedBytes_)) {
+            std::memset(kept, 0, bytes);
+            data_ = static_cast<Cell*>(kept);
+            return;
+        }
         void* p = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
         if (p != MAP_FAILED) {
             madvise(p, bytes, MADV_HUGEPAGE);
             data_ = static_cast<Cell*>(p);
-            mapped_ = true;
+            mappedBytes_ = bytes;
             return;
         }
     }
@@ -60,8 +112,8 @@ ReportSheet::CellBuffer::CellBuffer(std::size_t count) : capacity_(count) {
 ReportSheet::CellBuffer::~CellBuffer() {
     if (!data_) return;
 #ifdef __linux__
-    if (mapped_) {
-        munmap(data_, capacity_ * sizeof(Cell));
+    if (mappedBytes_ != 0) {
+        spareCells.Give(data_, mappedBytes_);
         return;
     }
 #endif
@@ -111,9 +163,29 @@ std::uint32_t ReportSheet::TextHandle(std::string_view text) {
     return pool_.Intern(text);
 }
 
+void ReportSheet::SetLabel(std::uint32_t& cell, std::string_view text) {
+    const bool holdsLabel = cell != 0 && !IsInlineNumber(cell) && pool_.IsLoose(cell);
+    long value = 0;
+    if (!text.empty() && !ParsePlainNumber(text, value)) {
+        if (holdsLabel)
+            pool_.ReplaceLoose(cell, text);
+        else
+            cell = pool_.AddLoose(text);
+        return;
+    }
+    if (holdsLabel) ++replacedTexts_;  // its text is left to DropUnusedTexts
+    cell = text.empty() ? 0 : NumberHandle(value);
+}
+
+bool ReportSheet::SameLabelText(std::uint32_t a, std::uint32_t b) const {
+    if (a == 0 || b == 0 || IsInlineNumber(a) || IsInlineNumber(b)) return false;
+    return (pool_.IsLoose(a) || pool_.IsLoose(b)) && pool_.View(a) == pool_.View(b);
+}
+
 void ReportSheet::SetText(int row, int col, std::string_view text) {
     if (!Contains(row, col)) return;
     std::uint32_t& cell = cells_[Index(row, col)].text;
+    if (col == 0 && row > 0) return SetLabel(cell, text);
     const std::uint32_t handle = TextHandle(text);
     // A text written over another may leave that one unused: counted for DropUnusedTexts.
     if (cell != handle && cell != 0 && !IsInlineNumber(cell)) ++replacedTexts_;
@@ -123,8 +195,20 @@ void ReportSheet::SetText(int row, int col, std::string_view text) {
 void ReportSheet::SetText(int row, std::span<const int> cols, std::string_view text) {
     if (row < 0 || row >= rows_ || cols.empty()) return;
     const std::uint32_t handle = TextHandle(text);
+    for (int col : cols) {
+        if (col == 0 && row > 0)
+            SetLabel(cells_[Index(row, col)].text, text);
+        else if (col >= 0 && col < cols_)
+            cells_[Index(row, col)].text = handle;
+    }
+}
+
+void ReportSheet::SetBackColor(int row, std::span<const int> cols, Rgb colour) {
+    if (row < 0 || row >= rows_ || cols.empty()) return;
+    const std::uint16_t index = PaletteIndex(colour);
+    Cell* cells = cells_.data() + Index(row, 0);
     for (int col : cols)
-        if (col >= 0 && col < cols_) cells_[Index(row, col)].text = handle;
+        if (col >= 0 && col < cols_) cells[col].back = index;
 }
 
 std::string ReportSheet::Text(int row, int col) const {
@@ -157,6 +241,16 @@ short ReportSheet::RoundedValue(std::uint32_t h) const {
     return RoundToInt16(pool_.Value(h));
 }
 
+ReportSheet::TextKey ReportSheet::KeyOf(std::string_view text) const {
+    // A text the pool lacks is in no cell but a label: its key matches no handle at all.
+    constexpr std::uint32_t kNoCell = ~kNumberTag;
+    long value = 0;
+    if (text.empty()) return {0, text};
+    if (ParsePlainNumber(text, value)) return {NumberHandle(value), text};
+    const std::uint32_t handle = pool_.Find(text);
+    return {handle != 0 ? handle : kNoCell, text};
+}
+
 ReportSheet::RowRun ReportSheet::Run(int row, int firstCol, int lastCol) {
     RowRun run;
     run.sheet_ = this;
@@ -168,7 +262,46 @@ ReportSheet::RowRun ReportSheet::Run(int row, int firstCol, int lastCol) {
     return run;
 }
 
+void ReportSheet::TallyColumns(int firstRow, int lastRow, int firstCol, const TextKey& key,
+                               std::span<short> matches, std::span<short> maxOthers) const {
+    firstRow = std::max(firstRow, 0);
+    lastRow = std::min(lastRow, rows_ - 1);
+    if (firstCol < 0) return;
+    const int count = std::min(
+        {cols_ - firstCol, static_cast<int>(matches.size()), static_cast<int>(maxOthers.size())});
+    if (count <= 0 || firstRow > lastRow) return;
+    // Inline numbers order as their handles do, so the largest is kept as a handle and turned
+    // into a counter once, at the end; only texts other than the key are read as numbers.
+    std::vector<std::uint32_t> largest(static_cast<std::size_t>(count), NumberHandle(0));
+    for (int r = firstRow; r <= lastRow; ++r) {
+        const Cell* row = cells_.data() + Index(r, firstCol);
+        for (int i = 0; i < count; ++i) {
+            const std::uint32_t h = row[i].text;
+            const auto k = static_cast<std::size_t>(i);
+            if (h == key.handle) {
+                ++matches[k];
+            } else if (h & kNumberTag) {
+                largest[k] = std::max(largest[k], h);
+            } else if (h != 0) {
+                if (firstCol + i == 0 && r > 0 && HandleIs(h, key.text))  // a label
+                    ++matches[k];
+                else
+                    maxOthers[k] = std::max(maxOthers[k], RoundedValue(h));
+            }
+        }
+    }
+    for (int i = 0; i < count; ++i) {
+        const auto k = static_cast<std::size_t>(i);
+        maxOthers[k] = std::max(maxOthers[k], HandleNumber(largest[k]));
+    }
+}
+
 std::uint16_t ReportSheet::FindPaletteIndex(Rgb colour) {
+    RecentColour& recent = recentColours_[(colour * 0x9E3779B1u) >> 28];
+    if (recent.colour == colour) {
+        lastColour_ = colour;
+        return lastIndex_ = recent.index;
+    }
     std::uint16_t index = 0;
     if (colour != kDefaultColour) {
         std::size_t i = 1;
@@ -180,6 +313,7 @@ std::uint16_t ReportSheet::FindPaletteIndex(Rgb colour) {
         }
         index = static_cast<std::uint16_t>(i);
     }
+    recent = {colour, index};
     lastColour_ = colour;
     lastIndex_ = index;
     return index;

@@ -32,8 +32,10 @@ struct SheetLabel {
 // memory: passes read back with CellNumber what earlier passes wrote.
 //
 // Every cell costs 8 bytes: texts are interned once per sheet (numbers are kept inline),
-// colours are indices into a small per-sheet palette. Reads outside the sheet give an empty
-// text and colour 0; writes outside the sheet do nothing.
+// colours are indices into a small per-sheet palette. Column 0 below the header holds each row's
+// label, nearly always a text no other cell has: those texts are kept per cell, neither looked up
+// nor shared, and a label written again takes the place of the old one. Reads outside the sheet
+// give an empty text and colour 0; writes outside the sheet do nothing.
 class ReportSheet {
     struct Cell {
         std::uint32_t text = 0;  // 0 empty; high bit set: inline number; else pool index + 1
@@ -94,8 +96,8 @@ public:
     }
     // True when the cell holds a number as SetNumber writes it.
     bool HoldsNumber(int row, int col) const { return (Handle(row, col) & kNumberTag) != 0; }
-    // Makes room for `count` different texts in all (numbers do not count).
-    void ReserveTexts(std::size_t count) { pool_.Reserve(count); }
+    // Makes room for `count` more labels (column 0 texts below the header).
+    void ReserveLabels(std::size_t count) { pool_.ReserveLoose(count); }
     // Lets go of the texts no cell holds any more, when they are many (a report that rewrites
     // its labels leaves the first ones behind).
     void DropUnusedTexts();
@@ -107,13 +109,23 @@ public:
     // True when two cells hold the same text: a number cell and a text cell never do, as a text
     // that is a plain number is always kept as a number.
     bool SameText(int row, int col, int otherRow, int otherCol) const {
-        return Handle(row, col) == Handle(otherRow, otherCol);
+        const std::uint32_t a = Handle(row, col);
+        const std::uint32_t b = Handle(otherRow, otherCol);
+        return a == b || SameLabelText(a, b);
     }
     // The number at the start of the cell's text, blanks ignored; 0 for an empty or non-numeric
     // text.
     double CellValue(int row, int col) const;
     // CellValue as a 16-bit counter: rounded half to even, clamped.
     short CellNumber(int row, int col) const { return HandleNumber(Handle(row, col)); }
+
+    // A text looked up once, for passes that compare many cells with it (TallyColumns): the
+    // handle that every cell holding exactly that text has, but a label.
+    struct TextKey {
+        std::uint32_t handle = 0;
+        std::string_view text;
+    };
+    TextKey KeyOf(std::string_view text) const;
 
     // A run of cells of one row, for passes that walk many cells: the row and the columns are
     // checked once, when the run is taken, not at every cell. Cell i is column firstCol + i;
@@ -147,10 +159,18 @@ public:
     };
     RowRun Run(int row, int firstCol, int lastCol);
 
+    // Column by column over rows `firstRow` to `lastRow` (within the sheet): adds to `matches`
+    // the cells that hold `key`'s text, and raises `maxOthers` to the largest CellNumber of the
+    // other cells. Index 0 of both is column `firstCol`; columns past their size are left out.
+    void TallyColumns(int firstRow, int lastRow, int firstCol, const TextKey& key,
+                      std::span<short> matches, std::span<short> maxOthers) const;
+
     // --- colours ---------------------------------------------------------------------------
     void SetBackColor(int row, int col, Rgb colour) {
         if (Contains(row, col)) cells_[Index(row, col)].back = PaletteIndex(colour);
     }
+    // Colours several cells of a row; wide reports stripe many columns of every row.
+    void SetBackColor(int row, std::span<const int> cols, Rgb colour);
     void SetForeColor(int row, int col, Rgb colour) {
         if (Contains(row, col)) cells_[Index(row, col)].fore = PaletteIndex(colour);
     }
@@ -237,11 +257,16 @@ private:
     short RoundedValue(std::uint32_t h) const;
     // The handle a cell holding `text` gets: inline for a plain number, interned otherwise.
     std::uint32_t TextHandle(std::string_view text);
+    // Writes `text` into a label cell (column 0 below the header).
+    void SetLabel(std::uint32_t& cell, std::string_view text);
+    // True when two different handles, one of them a label's, name the same text.
+    bool SameLabelText(std::uint32_t a, std::uint32_t b) const;
     // True when the inline number `h` is written as `text`.
     static bool NumberIs(std::uint32_t h, std::string_view text);
 
-    // Zeroed cell memory. Large sheets take fresh pages straight from the system, asking for huge
-    // pages, so that a 30 MB sheet is neither cleared by hand nor faulted in 4 KB at a time.
+    // Zeroed cell memory. Large sheets take their pages straight from the system, asking for huge
+    // pages, so that a 30 MB sheet is not faulted in 4 KB at a time; the thread keeps the last one
+    // let go for its next large sheet.
     class CellBuffer {
     public:
         CellBuffer() = default;
@@ -255,17 +280,18 @@ private:
         Cell& operator[](std::size_t i) { return data_[i]; }
         const Cell& operator[](std::size_t i) const { return data_[i]; }
         Cell* data() { return data_; }
+        const Cell* data() const { return data_; }
         std::size_t capacity() const { return capacity_; }
         void Swap(CellBuffer& other) noexcept {
             std::swap(data_, other.data_);
             std::swap(capacity_, other.capacity_);
-            std::swap(mapped_, other.mapped_);
+            std::swap(mappedBytes_, other.mappedBytes_);
         }
 
     private:
         Cell* data_ = nullptr;
         std::size_t capacity_ = 0;
-        bool mapped_ = false;
+        std::size_t mappedBytes_ = 0;  // the size of a mapping; 0 for memory from the heap
     };
 
     std::uint32_t Handle(int row, int col) const {
@@ -290,6 +316,13 @@ private:
     std::vector<Rgb> palette_{kDefaultColour};
     Rgb lastColour_ = kDefaultColour;
     std::uint16_t lastIndex_ = 0;
+    // Colours used before, by a few bits of the colour: reports that alternate a handful of
+    // colours cell by cell find them without a search.
+    struct RecentColour {
+        Rgb colour = kDefaultColour;
+        std::uint16_t index = 0;
+    };
+    std::array<RecentColour, 16> recentColours_{};
     std::vector<int> colWidths_;
     std::vector<int> rowHeights_;
     int row_ = 0;

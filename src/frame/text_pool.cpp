@@ -20,7 +20,7 @@ std::uint32_t TextPool::Hash(std::string_view text) {
 
 TextPool::Entry TextPool::Store(std::string_view text) {
     if (text.size() > kChunkBytes / 4) {  // a long text gets a block of its own
-        if (text.size() >= kLong) throw std::length_error("text too long for a sheet cell");
+        if (text.size() > kSizeMask) throw std::length_error("text too long for a sheet cell");
         blocks_.push_back(std::make_unique<char[]>(text.size()));
         std::memcpy(blocks_.back().get(), text.data(), text.size());
         blockBytes_ += text.size();
@@ -94,7 +94,7 @@ std::uint32_t TextPool::Intern(std::string_view text) {
 
 std::uint32_t TextPool::InternHashed(std::string_view text) {
     if (last_ != 0 && View(last_) == text) return last_;
-    if (slots_.empty() || Crowded(entries_.size() + 1, slots_.size()))
+    if (slots_.empty() || Crowded(looked_ + 1, slots_.size()))
         Grow(std::max<std::size_t>(64, slots_.size() * 2));
     const std::size_t mask = slots_.size() - 1;
     const std::uint32_t hash = Hash(text);
@@ -103,25 +103,67 @@ std::uint32_t TextPool::InternHashed(std::string_view text) {
         if (HashOf(slots_[i]) == hash && View(HandleOf(slots_[i])) == text)
             return last_ = HandleOf(slots_[i]);
     entries_.push_back(Store(text));
+    ++looked_;
     last_ = static_cast<std::uint32_t>(entries_.size());
     slots_[i] = (static_cast<std::uint64_t>(hash) << 32) | last_;
     return last_;
 }
 
+std::uint32_t TextPool::AddLoose(std::string_view text) {
+    Entry e = Store(text);
+    e.size |= kLoose;
+    entries_.push_back(e);
+    return static_cast<std::uint32_t>(entries_.size());
+}
+
+void TextPool::ReplaceLoose(std::uint32_t handle, std::string_view text) {
+    Entry& e = entries_[handle - 1];
+    if (!(e.size & kLong) && text.size() <= (e.size & kSizeMask)) {
+        // A label shortened or rewritten to its own length, as reports do, takes no new room.
+        // The new text may be a view of the old one.
+        char* at = chunks_[e.at >> kChunkBits].get() + (e.at & (kChunkBytes - 1));
+        std::memmove(at, text.data(), text.size());
+        e.size = static_cast<std::uint32_t>(text.size()) | kLoose;
+    } else {
+        const Entry stored = Store(text);  // never moves entries_
+        entries_[handle - 1] = {stored.at, stored.size | kLoose};
+    }
+    if (handle <= values_.size()) values_[handle - 1] = std::numeric_limits<double>::quiet_NaN();
+}
+
+std::uint32_t TextPool::Find(std::string_view text) const {
+    if (slots_.empty() || text.empty()) return 0;
+    const std::size_t mask = slots_.size() - 1;
+    const std::uint32_t hash = Hash(text);
+    for (std::size_t i = hash & mask; slots_[i] != 0; i = (i + 1) & mask)
+        if (HashOf(slots_[i]) == hash && View(HandleOf(slots_[i])) == text)
+            return HandleOf(slots_[i]);
+    return 0;
+}
+
 void TextPool::KeepOnly(std::vector<std::uint32_t>& remap) {
     TextPool kept;
     std::size_t count = 0;
+    std::size_t looked = 0;  // kept texts that the slots find
     for (std::size_t h = 1; h <= entries_.size(); ++h)
-        if (remap[h]) remap[h] = static_cast<std::uint32_t>(++count);
+        if (remap[h]) {
+            remap[h] = static_cast<std::uint32_t>(++count);
+            if (!(entries_[h - 1].size & kLoose)) ++looked;
+        }
     kept.entries_.reserve(count);
     for (std::size_t h = 1; h <= entries_.size(); ++h)
-        if (remap[h]) kept.entries_.push_back(kept.Store(View(static_cast<std::uint32_t>(h))));
+        if (remap[h]) {
+            Entry e = kept.Store(View(static_cast<std::uint32_t>(h)));
+            e.size |= entries_[h - 1].size & kLoose;
+            kept.entries_.push_back(e);
+        }
     // The texts are known to differ and their hashes are in the slots: they are placed without
     // being hashed or compared again.
     std::size_t slotCount = 64;
-    while (Crowded(count + 1, slotCount))
+    while (Crowded(looked + 1, slotCount))
         slotCount *= 2;
     kept.slots_.assign(slotCount, 0);
+    kept.looked_ = looked;
     const std::size_t mask = slotCount - 1;
     for (std::uint64_t slot : slots_) {
         if (slot == 0 || remap[HandleOf(slot)] == 0) continue;

@@ -14,6 +14,8 @@ namespace numarel {
 
 // The texts of one sheet, each stored once. A handle (1, 2, ...) names a text for the life of
 // the pool; the views it hands out stay valid as long as the pool lives, moves included.
+// Beside them the pool keeps loose texts: added without a look-up, one handle each even when
+// they are alike, and changed in place; a loose text's view lasts until it is replaced.
 class TextPool {
 public:
     TextPool() = default;
@@ -24,10 +26,17 @@ public:
 
     // The handle of `text`, adding it when it is new. `text` must not be empty.
     std::uint32_t Intern(std::string_view text);
+    // The handle Intern gives `text`, or 0 when the pool has no such text (loose texts aside).
+    std::uint32_t Find(std::string_view text) const;
+    // Adds `text` as a loose text, which Intern never hands out. `text` must not be empty.
+    std::uint32_t AddLoose(std::string_view text);
+    // Gives the loose text `handle` the characters of `text` (not empty), in place when they fit.
+    void ReplaceLoose(std::uint32_t handle, std::string_view text);
+    bool IsLoose(std::uint32_t handle) const { return (entries_[handle - 1].size & kLoose) != 0; }
     std::string_view View(std::uint32_t handle) const {
         const Entry e = entries_[handle - 1];
-        if (e.size & kLong) return {blocks_[e.at].get(), e.size & ~kLong};
-        return {chunks_[e.at >> kChunkBits].get() + (e.at & (kChunkBytes - 1)), e.size};
+        if (e.size & kLong) return {blocks_[e.at].get(), e.size & kSizeMask};
+        return {chunks_[e.at >> kChunkBits].get() + (e.at & (kChunkBytes - 1)), e.size & kSizeMask};
     }
     // The number at the start of the text, worked out the first time it is asked for: most texts
     // (drawing labels above all) are never read as numbers, and a pool none of whose texts is
@@ -43,6 +52,8 @@ public:
     // Makes room for `count` texts in all, so that a pool filled to a known size is not left
     // with twice the room it needs.
     void Reserve(std::size_t count);
+    // Makes room for `count` more loose texts.
+    void ReserveLoose(std::size_t count) { entries_.reserve(entries_.size() + count); }
     std::size_t MemoryBytes() const;
     // Keeps only the texts whose `remap` entry (indexed by handle) is not 0, renumbered 1, 2, ...
     // in their order, and writes each kept text's new handle into its entry.
@@ -50,12 +61,15 @@ public:
 
 private:
     // Where a text's characters are: chunk and offset packed in `at`, or for a long text the
-    // index of its block, with kLong set in `size`. Eight bytes a text, a third of a view's.
+    // index of its block, with kLong set in `size`; kLoose marks a loose text. Eight bytes a
+    // text, a third of a view's.
     struct Entry {
         std::uint32_t at;
         std::uint32_t size;
     };
     static constexpr std::uint32_t kLong = 0x80000000u;
+    static constexpr std::uint32_t kLoose = 0x40000000u;
+    static constexpr std::uint32_t kSizeMask = kLoose - 1;
 
     static std::uint32_t Hash(std::string_view text);
     Entry Store(std::string_view text);
@@ -76,6 +90,7 @@ private:
     // half) and handle (low half), so that a probe passes over other texts, and growing places
     // them, without reading them.
     std::vector<std::uint64_t> slots_;
+    std::size_t looked_ = 0;  // the texts the slots find: all but the loose ones
     std::uint32_t last_ = 0;  // reports often write one text many times in a row
     // Letters, digits and markers of up to seven characters make up most cells, a few of them
     // over and over: each is found here without hashing. Keyed by the packed characters and the
@@ -85,7 +100,7 @@ private:
         std::uint64_t key = 0;
         std::uint32_t handle = 0;
     };
-    static constexpr int kShortBits = 6;
+    static constexpr int kShortBits = 8;
     std::array<ShortText, 1u << kShortBits> shortTexts_{};
 };
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "frame/frame_passes.h"
 #include "frame/report_sheet.h"
 #include "frame/text_pool.h"
@@ -79,6 +81,39 @@ TEST(ReportSheet, RowRunsAgreeWithCellCallsAndStayInTheSheet) {
     EXPECT_EQ(sheet.Run(0, 5, 9).Count(), 0);
 }
 
+// Tallies agree with the cell calls: a marker, a number written as text, a text read as its
+// leading number, a number past a counter's range, empty cells, and a label that reads as the key.
+TEST(ReportSheet, ColumnTalliesReadCellsAsTheCellCallsDo) {
+    ReportSheet sheet(6, 4);
+    const char* cells[6][4] = {
+        {"***", "7", "", "x"},    {" 1000001:123", "***", " 12", "7"}, {"***", "40000", "***", ""},
+        {"", "-3", "2.5", "***"}, {"***", "***", "7", " 7"},           {"9", "", "***", "-40000"},
+    };
+    for (int r = 0; r < 6; ++r)
+        for (int c = 0; c < 4; ++c)
+            sheet.SetText(r, c, cells[r][c]);
+    for (std::string_view text : {"***", "7", "", " 1000001:123", "absent"}) {
+        std::vector<short> matches(4, 0), maxOthers(4, 0);
+        sheet.TallyColumns(1, 5, 0, sheet.KeyOf(text), matches, maxOthers);
+        for (int c = 0; c < 4; ++c) {
+            short expectedMatches = 0, expectedMax = 0;
+            for (int r = 1; r <= 5; ++r) {
+                if (sheet.TextIs(r, c, text))
+                    ++expectedMatches;
+                else
+                    expectedMax = std::max(expectedMax, sheet.CellNumber(r, c));
+            }
+            EXPECT_EQ(matches[c], expectedMatches) << text << " column " << c;
+            EXPECT_EQ(maxOthers[c], expectedMax) << text << " column " << c;
+        }
+    }
+    std::vector<short> matches(2, 0), maxOthers(2, 0);  // narrower than the sheet: cut to it
+    sheet.TallyColumns(0, 99, 3, sheet.KeyOf("***"), matches, maxOthers);
+    EXPECT_EQ(matches[0], 1);
+    EXPECT_EQ(maxOthers[0], 7);
+    EXPECT_EQ(maxOthers[1], 0);
+}
+
 TEST(ReportSheet, ResizingKeepsWhatFits) {
     ReportSheet sheet(3, 3);
     sheet.SetText(1, 1, "a");
@@ -94,6 +129,23 @@ TEST(ReportSheet, ResizingKeepsWhatFits) {
     EXPECT_EQ(sheet.Text(1, 1), "a");
     EXPECT_TRUE(sheet.IsEmpty(2, 1));  // row 2 was cut away and comes back empty
     EXPECT_EQ((sheet.ExplicitRowHeights()), (std::vector<std::pair<int, int>>{{1, 2}}));
+}
+
+// A large sheet may get the cells of one let go before: it still starts empty, rows added later
+// included.
+TEST(ReportSheet, ASheetOnReusedCellsStartsEmpty) {
+    {
+        ReportSheet used(600, 400);
+        for (int r = 0; r < 600; ++r)
+            for (int c = 0; c < 400; ++c)
+                used.SetNumber(r, c, 9);
+    }
+    ReportSheet sheet(350, 400);  // over a megabyte, as the large sheets are
+    sheet.Resize(340, 400);
+    sheet.Resize(350, 400);
+    for (int r = 0; r < 350; ++r)
+        for (int c = 0; c < 400; ++c)
+            ASSERT_TRUE(sheet.IsEmpty(r, c)) << r << "," << c;
 }
 
 TEST(ReportSheet, TheLargestSheetStaysCompact) {
@@ -113,17 +165,20 @@ TEST(ReportSheet, TheLargestSheetStaysCompact) {
     EXPECT_LT(perCell, 10.0);
 }
 
-// A narrow report that writes each label and then shortens it, as some do, keeps only the texts
-// its cells still hold, each cell reading as before.
+// A label written again takes the old one's place, as reports that shorten their labels need;
+// other texts that no cell holds any more are let go after the build. Each cell reads as before.
 TEST(ReportSheet, TextsNoCellHoldsAreLetGo) {
     ReportSheet sheet(32769, 6);
     for (int r = 1; r < sheet.Rows(); ++r) {
         sheet.SetText(r, 0, " " + std::to_string(1000000 + r) + ":123");
         sheet.SetText(r, 0, " " + std::to_string(1000000 + r));
         sheet.SetNumber(r, 1, r % 10);
+        sheet.SetText(r, 2, "pending " + std::to_string(r));
+        sheet.SetText(r, 2, "done");
         if (r % 3 == 0) sheet.SetText(r, 4, "***");
     }
     sheet.SetText(0, 5, "3 Way Box");
+    sheet.SetText(0, 3, " 1000002");
     const std::size_t before = sheet.MemoryBytes();
     sheet.DropUnusedTexts();
     EXPECT_LT(sheet.MemoryBytes(), before);
@@ -132,11 +187,23 @@ TEST(ReportSheet, TextsNoCellHoldsAreLetGo) {
         EXPECT_EQ(sheet.Text(r, 0), " " + std::to_string(1000000 + r));
         EXPECT_EQ(sheet.CellValue(r, 0), 1000000 + r);
         EXPECT_EQ(sheet.CellNumber(r, 1), r % 10);
+        EXPECT_TRUE(sheet.TextIs(r, 2, "done"));
         EXPECT_EQ(sheet.TextIs(r, 4, "***"), r % 3 == 0);
     }
     EXPECT_TRUE(sheet.TextIs(0, 5, "3 Way Box"));
     sheet.SetText(5, 5, "3 Way Box");  // a text kept is found again, not added twice
     EXPECT_TRUE(sheet.SameText(0, 5, 5, 5));
+    // A label is the same text as any other cell that reads alike, and no other.
+    EXPECT_TRUE(sheet.SameText(2, 0, 0, 3));
+    EXPECT_FALSE(sheet.SameText(1, 0, 0, 3));
+    sheet.SetText(3, 0, " 1000002");
+    EXPECT_TRUE(sheet.SameText(3, 0, 2, 0));
+    sheet.SetText(3, 0, "7");  // a label that is a plain number is a number like any other
+    EXPECT_TRUE(sheet.HoldsNumber(3, 0));
+    EXPECT_EQ(sheet.Text(2, 0), " 1000002");
+    sheet.SetText(1, 0, " 1000001:123 and more");  // longer than the text it replaces
+    EXPECT_EQ(sheet.Text(1, 0), " 1000001:123 and more");
+    EXPECT_EQ(sheet.Text(2, 0), " 1000002");
 }
 
 // Each text is kept once under one handle, short ones (looked up apart from the rest) as well as
@@ -237,21 +304,33 @@ TEST(FrameStatistics, AmountMaxMissCurrentMissAndAverage) {
         {none, AverageRule::DrawCountWhenNoHit, {"0", "3", "4", "4"}},
         {{"***"}, AverageRule::EmptyWhenNoHit, {"1", "0", "0", "1"}},
         {{}, AverageRule::EmptyWhenNoHit, {"0", "0", "", ""}},
+        // Another text stops a run and counts by its leading number, but is no hit.
+        {{"", " 9", "***", ""}, AverageRule::EmptyWhenNoHit, {"1", "9", "1", "4"}},
     };
-    for (const Case& c : cases) {
-        ReportSheet sheet = HitColumn(c.cells);
-        FillMissCounters(sheet, 5, 5);
-        AddStatisticRows(sheet, 5, "***", c.rule);
-        const int n = static_cast<int>(c.cells.size());
-        ASSERT_EQ(sheet.Rows(), n + 6);
-        EXPECT_EQ(sheet.Text(n + 2, 0), "Amount");
-        EXPECT_EQ(sheet.Text(n + 5, 0), "Average");
-        Texts rows;
-        for (int r = n + 2; r <= n + 5; ++r)
-            rows.push_back(sheet.Text(r, 5));
-        EXPECT_EQ(rows, c.rows) << n << " drawings";
-        EXPECT_EQ(sheet.TopRow(), n + 5);
-    }
+    // The Miss counters and the rows come out the same from the two passes as from the one walk.
+    for (const bool oneWalk : {false, true})
+        for (const Case& c : cases) {
+            ReportSheet sheet = HitColumn(c.cells);
+            if (oneWalk) {
+                FillMissCountersAndStatisticRows(sheet, 5, "***", c.rule);
+            } else {
+                FillMissCounters(sheet, 5, 5);
+                AddStatisticRows(sheet, 5, "***", c.rule);
+            }
+            const int n = static_cast<int>(c.cells.size());
+            ASSERT_EQ(sheet.Rows(), n + 6);
+            EXPECT_EQ(sheet.Text(n + 2, 0), "Amount");
+            EXPECT_EQ(sheet.Text(n + 5, 0), "Average");
+            Texts rows;
+            for (int r = n + 2; r <= n + 5; ++r)
+                rows.push_back(sheet.Text(r, 5));
+            EXPECT_EQ(rows, c.rows) << n << " drawings, one walk: " << oneWalk;
+            ReportSheet counted = HitColumn(c.cells);
+            FillMissCounters(counted, 5, 5);
+            for (int r = 1; r <= n; ++r)
+                EXPECT_EQ(sheet.Text(r, 5), counted.Text(r, 5)) << r;
+            EXPECT_EQ(sheet.TopRow(), n + 5);
+        }
 }
 
 TEST(FrameMarks, SecondClickRestoresTheDefaultNotTheReportColour) {

@@ -214,8 +214,9 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
                 : set.size();
         sets.push_back(CountsOf(set, length));
     }
+    ReportSheet::NumberDigits digits;
     for (int r = 1; r <= drawCount; ++r) {
-        const std::string distinct = sheet.Text(r, kDistinctCol);
+        const std::string_view distinct = sheet.TextView(r, kDistinctCol, digits);
         for (int c = kFirstSetCol; c <= lastSetCol; ++c) {
             const int score = Score(sets[static_cast<std::size_t>(c - kFirstSetCol)], distinct);
             if (score == 3) {
@@ -227,8 +228,8 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
         }
     }
 
-    FillMissCounters(sheet, kFirstSetCol, lastSetCol);
-    AddStatisticRows(sheet, lastSetCol, report.hitMarker);
+    FillMissCountersAndStatisticRows(sheet, lastSetCol, report.hitMarker,
+                                     AverageRule::EmptyWhenNoHit, kFirstSetCol);
 }
 
 }  // namespace

@@ -136,8 +136,8 @@ std::optional<std::string_view> Enquire(const NumberEnquiry& enquiry, std::strin
     sheet.SetText(0, gatherCol, "Gather");
 
     MarkHits(sheet, gatherCol);
-    FillMissCounters(sheet, kFirstTicketCol, gatherCol);
-    AddStatisticRows(sheet, gatherCol, kHitMarker);
+    FillMissCountersAndStatisticRows(sheet, gatherCol, kHitMarker, AverageRule::EmptyWhenNoHit,
+                                     kFirstTicketCol);
     return std::nullopt;
 }
 

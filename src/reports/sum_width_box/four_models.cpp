@@ -1,3 +1,4 @@
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,21 +40,37 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     FinishLoad(sheet);
 
     // A drawing hits the model whose header is its own pair of tallies; three Big, three Small,
-    // three Odd or three Even digits match no header.
+    // three Odd or three Even digits match no header. A tally depends only on how many digits
+    // have the pair's first letter, so the headers are compared once per pair of counts.
     std::vector<std::string> models;
     for (int c = kFirstModelCol; c <= kLastModelCol; ++c)
         models.push_back(sheet.Text(0, c));
+    struct Hits {
+        bool known = false;
+        std::vector<int> cols;
+    };
+    std::array<Hits, 16> hitsByCounts;
     for (int r = 1; r <= drawCount; ++r) {
         const CurrentDigits digits = {sheet.CellNumber(r, 1), sheet.CellNumber(r, 2),
                                       sheet.CellNumber(r, 3)};
-        const std::string tallies = TallyString(digits, ClassPair::BigSmall) + ';' +
-                                    TallyString(digits, ClassPair::OddEven);
-        for (std::size_t i = 0; i < models.size(); ++i)
-            if (models[i] == tallies)
-                sheet.SetText(r, kFirstModelCol + static_cast<int>(i), kHitMarker);
+        int small = 0;
+        int even = 0;
+        for (short digit : digits) {
+            small += DigitClassLetter(digit, ClassPair::BigSmall) == 'S';
+            even += DigitClassLetter(digit, ClassPair::OddEven) == 'E';
+        }
+        Hits& hits = hitsByCounts[static_cast<std::size_t>(small * 4 + even)];
+        if (!hits.known) {
+            const std::string tallies = TallyString(digits, ClassPair::BigSmall) + ';' +
+                                        TallyString(digits, ClassPair::OddEven);
+            for (std::size_t i = 0; i < models.size(); ++i)
+                if (models[i] == tallies) hits.cols.push_back(kFirstModelCol + static_cast<int>(i));
+            hits.known = true;
+        }
+        sheet.SetText(r, hits.cols, kHitMarker);
     }
-    FillMissCounters(sheet, kFirstModelCol, kLastModelCol);
-    AddStatisticRows(sheet, kLastModelCol, kHitMarker);
+    FillMissCountersAndStatisticRows(sheet, kLastModelCol, kHitMarker, AverageRule::EmptyWhenNoHit,
+                                     kFirstModelCol);
 }
 
 }  // namespace

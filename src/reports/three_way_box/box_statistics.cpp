@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -87,9 +88,7 @@ void BuildFollowedNumbers(const FollowedNumbers& report, std::span<const DrawRec
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         sheet.SetText(row, 0, CompactLabel(sheet.Text(row, 0), '|'));
         SortDigits(digits);
-        sheet.SetText(
-            row, kSortedCol,
-            std::to_string(digits[0]) + std::to_string(digits[1]) + std::to_string(digits[2]));
+        sheet.SetText(row, kSortedCol, JoinedDigits(digits));
     });
 
     if (report.stripeEvenSums) {
@@ -98,8 +97,7 @@ void BuildFollowedNumbers(const FollowedNumbers& report, std::span<const DrawRec
             if (DigitSum(numbers[static_cast<std::size_t>(c - kFirstNumberCol)]) % 2 == 0)
                 striped.push_back(c);
         for (int r = 1; r <= drawCount; ++r)
-            for (int c : striped)
-                sheet.SetBackColor(r, c, kStripe);
+            sheet.SetBackColor(r, striped, kStripe);
     }
 
     HeadDigitColumns(sheet);
@@ -114,31 +112,35 @@ void BuildFollowedNumbers(const FollowedNumbers& report, std::span<const DrawRec
     std::vector<short> headerValues(static_cast<std::size_t>(missCol));
     for (int c = kFirstNumberCol; c <= lastNumberCol; ++c)
         headerValues[static_cast<std::size_t>(c)] = sheet.CellNumber(0, c);
+    // The columns of each header number, in ascending order, so that a row goes straight to
+    // its hits.
+    std::unordered_map<short, std::vector<int>> columnsOf;
+    for (int c = kFirstNumberCol; c <= lastNumberCol; ++c)
+        columnsOf[headerValues[static_cast<std::size_t>(c)]].push_back(c);
+    // No two headers share a number, so a row has one hit at most: the column of each row's hit
+    // (0 for none) tells the distance pass where to look.
+    std::vector<int> hitCol(static_cast<std::size_t>(drawCount) + 1, 0);
     for (int r = 1; r <= drawCount; ++r) {
-        const short drawn = sheet.CellNumber(r, kSortedCol);
-        for (int c = kFirstNumberCol; c <= lastNumberCol; ++c) {
-            if (headerValues[static_cast<std::size_t>(c)] != drawn) continue;
+        const auto found = columnsOf.find(sheet.CellNumber(r, kSortedCol));
+        if (found == columnsOf.end()) continue;
+        for (int c : found->second) {
             sheet.SetText(r, c, kHitMarker);
             sheet.SetBackColor(r, c, colours::kHit);
             sheet.SetText(r, kFollowedMarkCol, "-Y-");
+            hitCol[static_cast<std::size_t>(r)] = c;
         }
     }
 
     FillMissCounters(sheet, kFirstNumberCol, lastNumberCol);
 
     // The distance of a hit is read off the Miss number just above it; a direct repeat is 0.
-    // Only rows marked "-Y-" hold a hit, and no two headers share a number, so a row has at most
-    // one: the scan of a wide sheet stops there.
     for (int r = 2; r <= drawCount; ++r) {
-        if (sheet.IsEmpty(r, kFollowedMarkCol)) continue;
-        for (int c = kFirstNumberCol; c <= lastNumberCol; ++c) {
-            if (!sheet.TextIs(r, c, kHitMarker)) continue;
-            const int distance =
-                sheet.TextIs(r - 1, c, kHitMarker) ? 0 : sheet.CellNumber(r - 1, c) + 1;
-            sheet.SetNumber(r, missCol, distance);
-            sheet.SetText(r, missCol + BandOf(distance), "*");
-            break;
-        }
+        const int c = hitCol[static_cast<std::size_t>(r)];
+        if (c == 0 || !sheet.TextIs(r, c, kHitMarker)) continue;
+        const int distance =
+            sheet.TextIs(r - 1, c, kHitMarker) ? 0 : sheet.CellNumber(r - 1, c) + 1;
+        sheet.SetNumber(r, missCol, distance);
+        sheet.SetText(r, missCol + BandOf(distance), "*");
     }
 
     FinishLoad(sheet);

@@ -1,3 +1,4 @@
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -183,6 +184,14 @@ int SharedDigitScore(std::string_view ticket, std::string_view digits) {
     return score;
 }
 
+// Looks texts up by their characters, so that a cell's view needs no copy.
+struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const {
+        return std::hash<std::string_view>{}(text);
+    }
+};
+
 bool Hits(HitTest test, std::string_view ticket, std::string_view box) {
     if (test == HitTest::SharedDigits) return SharedDigitScore(ticket, box) == 3;
     return ticket == box;
@@ -216,9 +225,7 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
         if (report.hitTest == HitTest::SharedDigits) {
             sheet.SetText(row, kBoxCol, DistinctDigits(digits));
         } else {
-            sheet.SetText(
-                row, kBoxCol,
-                std::to_string(digits[0]) + std::to_string(digits[1]) + std::to_string(digits[2]));
+            sheet.SetText(row, kBoxCol, JoinedDigits(digits));
         }
     });
 
@@ -236,32 +243,41 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
     std::vector<std::string> tickets;
     for (int c = kFirstTicketCol; c <= lastTicketCol; ++c)
         tickets.push_back(sheet.Text(0, c));
-    std::unordered_map<std::string, std::vector<int>> hitColumns;
+    std::unordered_map<std::string, std::vector<int>, TextHash, std::equal_to<>> hitColumns;
+    ReportSheet::NumberDigits digits;
+    std::vector<const std::vector<int>*> rowHits(static_cast<std::size_t>(drawCount) + 1);
     for (int r = 1; r <= drawCount; ++r) {
-        auto [it, isNew] = hitColumns.try_emplace(sheet.Text(r, kBoxCol));
-        if (isNew) {
+        const std::string_view box = sheet.TextView(r, kBoxCol, digits);
+        auto it = hitColumns.find(box);
+        if (it == hitColumns.end()) {
+            it = hitColumns.emplace(std::string(box), std::vector<int>{}).first;
             for (int c = kFirstTicketCol; c <= lastTicketCol; ++c)
                 if (Hits(report.hitTest, tickets[static_cast<std::size_t>(c - kFirstTicketCol)],
-                         it->first))
+                         box))
                     it->second.push_back(c);
         }
         for (int c : it->second) {
             sheet.SetText(r, c, report.hitMarker);
             sheet.SetText(r, groupCol, report.hitMarker);
         }
+        rowHits[static_cast<std::size_t>(r)] = &it->second;
     }
 
     const int lastFollowedCol = report.groupFollowed ? groupCol : lastTicketCol;
-    FillMissCounters(sheet, kFirstTicketCol, lastFollowedCol);
-    AddStatisticRows(sheet, lastFollowedCol, report.hitMarker, report.average);
+    FillMissCountersAndStatisticRows(sheet, lastFollowedCol, report.hitMarker, report.average,
+                                     kFirstTicketCol);
 
     // After the Miss numbers are in, only the whole hit marker counts as a hit. Every hit also
-    // marked the group column, so a row without the marker there has nothing to find.
+    // marked the group column, so a row without the marker there has nothing to find. The Miss
+    // numbers filled every other ticket cell, so only the columns the row's hits were written
+    // into, in ascending order, can hold the marker.
     for (int r = 1; r <= drawCount; ++r) {
         if (!sheet.TextIs(r, groupCol, report.hitMarker)) continue;
+        const std::vector<int>& hits = *rowHits[static_cast<std::size_t>(r)];
         for (std::size_t i = 0; i < report.lists.size(); ++i) {
             if (report.lists[i].letter.empty()) continue;
-            for (int c = starts[i]; c < starts[i + 1]; ++c) {
+            for (int c : hits) {
+                if (c < starts[i] || c >= starts[i + 1]) continue;
                 if (sheet.TextIs(r, c, report.hitMarker)) {
                     sheet.SetText(r, firstLetterCol + static_cast<int>(i), report.lists[i].letter);
                     break;
