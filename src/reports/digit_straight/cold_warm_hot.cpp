@@ -108,11 +108,11 @@ void MarkPatterns(ReportSheet& sheet) {
             const DigitClass& cls = kClasses[k];
             for (int c = cls.firstCol; c < cls.firstCol + cls.size; ++c) {
                 const short listed = sheet.CellNumber(r, c);
-                for (short d : digits) {
-                    if (d != listed) continue;
-                    ++counts[k];
-                    sheet.SetBackColor(r, c, cls.hitColour);
-                }
+                // Counted without a branch: which digits were drawn is anybody's guess.
+                const int hits = (digits[0] == listed ? 1 : 0) + (digits[1] == listed ? 1 : 0) +
+                                 (digits[2] == listed ? 1 : 0);
+                counts[k] += hits;
+                if (hits > 0) sheet.SetBackColor(r, c, cls.hitColour);
             }
         }
         patterns.Mark(sheet, r, counts);

@@ -92,23 +92,50 @@ constexpr RegionsChart kFourRegions{
 class HeadedColumns {
 public:
     HeadedColumns(const ReportSheet& sheet, const HeaderRun& run) : firstCol_(run.firstCol) {
-        for (int i = 0; i < static_cast<int>(run.headers.size()); ++i)
-            headers_.push_back(sheet.Text(0, run.firstCol + i));
+        for (int i = 0; i < static_cast<int>(run.headers.size()); ++i) {
+            const int col = run.firstCol + i;
+            Header& header = headers_.emplace_back();
+            header.text = sheet.Text(0, col);
+            header.number = sheet.HoldsNumber(0, col);
+            if (header.number) header.value = sheet.CellNumber(0, col);
+        }
     }
-    // Marks the column headed `value`; nothing when no column has that header.
+    // Marks the columns headed `value`; nothing when no column has that header.
     void Mark(ReportSheet& sheet, int r, std::string_view value, Rgb colour) const {
         for (std::size_t i = 0; i < headers_.size(); ++i)
-            if (headers_[i] == value) MarkAt(sheet, r, static_cast<int>(i), colour);
+            if (headers_[i].text == value) MarkAt(sheet, r, static_cast<int>(i), colour);
+    }
+    // Marks the columns headed by the plain decimal text of `value`.
+    void MarkNumber(ReportSheet& sheet, int r, int value, Rgb colour) const {
+        if (value < -32767 || value > 32766) {  // beyond what a header's number tells apart
+            char text[16];
+            const char* end = std::to_chars(text, text + sizeof text, value).ptr;
+            Mark(sheet, r, std::string_view(text, static_cast<std::size_t>(end - text)), colour);
+            return;
+        }
+        // A plain decimal text is kept as a number: only a number header can be headed by it.
+        for (std::size_t i = 0; i < headers_.size(); ++i)
+            if (headers_[i].number && headers_[i].value == value)
+                MarkAt(sheet, r, static_cast<int>(i), colour);
     }
     // Marks the run's column `index`, counted from 0.
     void MarkAt(ReportSheet& sheet, int r, int index, Rgb colour) const {
-        sheet.SetText(r, firstCol_ + index, headers_[static_cast<std::size_t>(index)]);
+        const Header& header = headers_[static_cast<std::size_t>(index)];
+        if (header.number)
+            sheet.SetNumber(r, firstCol_ + index, header.value);
+        else
+            sheet.SetText(r, firstCol_ + index, header.text);
         sheet.SetBackColor(r, firstCol_ + index, colour);
     }
 
 private:
+    struct Header {
+        std::string text;
+        bool number = false;  // a plain decimal text, kept by the sheet as `value`
+        short value = 0;
+    };
     int firstCol_;
-    std::vector<std::string> headers_;
+    std::vector<Header> headers_;
 };
 
 void WriteHeaders(ReportSheet& sheet, const HeaderRun& run) {
@@ -117,27 +144,22 @@ void WriteHeaders(ReportSheet& sheet, const HeaderRun& run) {
 }
 
 // The region digits are written into every drawing's row, so each mark stands on its own text.
-void WriteRegionDigits(ReportSheet& sheet, const RegionsChart& chart) {
-    for (int r = 1; r <= sheet.DrawCount(); ++r)
-        for (const RegionBlock& region : chart.regions)
-            for (int i = 0; i < static_cast<int>(region.digits.size()); ++i)
-                sheet.SetNumber(r, region.firstCol + i,
-                                region.digits[static_cast<std::size_t>(i)] - '0');
+void WriteRegionDigits(ReportSheet& sheet, const RegionsChart& chart, int r) {
+    for (const RegionBlock& region : chart.regions)
+        for (int i = 0; i < static_cast<int>(region.digits.size()); ++i)
+            sheet.SetNumber(r, region.firstCol + i,
+                            region.digits[static_cast<std::size_t>(i)] - '0');
 }
 
 // Region codes of H, T, U, then the same codes sorted ascending.
-void WriteRegionCodes(ReportSheet& sheet, int firstCodeCol) {
-    for (int r = 1; r <= sheet.DrawCount(); ++r)
-        for (int p = 0; p < 3; ++p)
-            sheet.SetNumber(r, firstCodeCol + p, FourRegion1234(sheet.CellNumber(r, 1 + p)) - '0');
-    for (int r = 1; r <= sheet.DrawCount(); ++r) {
-        CurrentDigits codes{sheet.CellNumber(r, firstCodeCol),
-                            sheet.CellNumber(r, firstCodeCol + 1),
-                            sheet.CellNumber(r, firstCodeCol + 2)};
-        SortDigits(codes);
-        for (int p = 0; p < 3; ++p)
-            sheet.SetNumber(r, firstCodeCol + 3 + p, codes[static_cast<std::size_t>(p)]);
-    }
+void WriteRegionCodes(ReportSheet& sheet, int firstCodeCol, int r) {
+    for (int p = 0; p < 3; ++p)
+        sheet.SetNumber(r, firstCodeCol + p, FourRegion1234(sheet.CellNumber(r, 1 + p)) - '0');
+    CurrentDigits codes{sheet.CellNumber(r, firstCodeCol), sheet.CellNumber(r, firstCodeCol + 1),
+                        sheet.CellNumber(r, firstCodeCol + 2)};
+    SortDigits(codes);
+    for (int p = 0; p < 3; ++p)
+        sheet.SetNumber(r, firstCodeCol + 3 + p, codes[static_cast<std::size_t>(p)]);
 }
 
 // The drawing's digits as read back from columns 1 to 3.
@@ -155,58 +177,72 @@ int LastCol(const RegionBlock& region) {
     return region.firstCol + static_cast<int>(region.digits.size()) - 1;
 }
 
-void MarkDrawnDigits(ReportSheet& sheet, const RegionsChart& chart) {
-    for (int r = 1; r <= sheet.DrawCount(); ++r) {
-        const auto drawn = DrawnDigits(sheet, r);
-        for (const RegionBlock& region : chart.regions)
-            for (int c = region.firstCol; c <= LastCol(region); ++c)
-                if (TimesDrawn(sheet, r, c, drawn) > 0)
-                    sheet.SetBackColor(r, c, colours::kFoundDigit);
-    }
+void MarkDrawnDigits(ReportSheet& sheet, const RegionsChart& chart, int r) {
+    const auto drawn = DrawnDigits(sheet, r);
+    for (const RegionBlock& region : chart.regions)
+        for (int c = region.firstCol; c <= LastCol(region); ++c)
+            if (TimesDrawn(sheet, r, c, drawn) > 0) sheet.SetBackColor(r, c, colours::kFoundDigit);
 }
 
 // A digit drawn twice counts twice in its region.
-void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart) {
-    const HeadedColumns patterns(sheet, chart.patterns);
-    for (int r = 1; r <= sheet.DrawCount(); ++r) {
-        const auto drawn = DrawnDigits(sheet, r);
-        char key[8];
-        std::size_t length = 0;
-        for (const RegionBlock& region : chart.regions) {
-            int count = 0;
-            for (int c = region.firstCol; c <= LastCol(region); ++c)
-                count += TimesDrawn(sheet, r, c, drawn);
-            key[length++] = static_cast<char>('0' + count);
-        }
-        patterns.Mark(sheet, r, std::string_view(key, length), kPatternColour);
+void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart, const HeadedColumns& patterns,
+                      int r) {
+    const auto drawn = DrawnDigits(sheet, r);
+    char key[8];
+    std::size_t length = 0;
+    for (const RegionBlock& region : chart.regions) {
+        int count = 0;
+        for (int c = region.firstCol; c <= LastCol(region); ++c)
+            count += TimesDrawn(sheet, r, c, drawn);
+        key[length++] = static_cast<char>('0' + count);
     }
+    patterns.Mark(sheet, r, std::string_view(key, length), kPatternColour);
 }
+
+// The header runs of the sorted-codes rule, read back from row 0.
+struct SortedCodeColumns {
+    SortedCodeColumns(const ReportSheet& sheet, const RegionsChart& chart)
+        : patterns(sheet, chart.patterns), sums(sheet, chart.sums), types(sheet, chart.types) {}
+    HeadedColumns patterns;
+    HeadedColumns sums;
+    HeadedColumns types;
+};
 
 // The sorted codes a <= b <= c joined are the pattern; their sum picks a sum column; the type
 // says whether the digits lie in three regions, two or one.
-void MarkSortedCodes(ReportSheet& sheet, const RegionsChart& chart) {
-    const HeadedColumns patterns(sheet, chart.patterns);
-    const HeadedColumns sums(sheet, chart.sums);
-    const HeadedColumns types(sheet, chart.types);
+void MarkSortedCodes(ReportSheet& sheet, const RegionsChart& chart,
+                     const SortedCodeColumns& columns, int r) {
     const int sorted = chart.firstCodeCol + 3;
-    char text[24];
-    for (int r = 1; r <= sheet.DrawCount(); ++r) {
-        const short a = sheet.CellNumber(r, sorted);
-        const short b = sheet.CellNumber(r, sorted + 1);
-        const short c = sheet.CellNumber(r, sorted + 2);
+    const short a = sheet.CellNumber(r, sorted);
+    const short b = sheet.CellNumber(r, sorted + 1);
+    const short c = sheet.CellNumber(r, sorted + 2);
 
+    // Three single digits, the first not 0, join into a plain decimal text.
+    if (a >= 1 && a <= 9 && b >= 0 && b <= 9 && c >= 0 && c <= 9) {
+        columns.patterns.MarkNumber(sheet, r, a * 100 + b * 10 + c, kPatternColour);
+    } else {
+        char text[24];
         char* end = text;
         for (short code : {a, b, c})
             end = std::to_chars(end, text + sizeof text, code).ptr;
-        patterns.Mark(sheet, r, std::string_view(text, static_cast<std::size_t>(end - text)),
-                      kPatternColour);
+        columns.patterns.Mark(
+            sheet, r, std::string_view(text, static_cast<std::size_t>(end - text)), kPatternColour);
+    }
+    columns.sums.MarkNumber(sheet, r, a + b + c, kSumColour);
 
-        end = std::to_chars(text, text + sizeof text, a + b + c).ptr;
-        sums.Mark(sheet, r, std::string_view(text, static_cast<std::size_t>(end - text)),
-                  kSumColour);
+    const int type = c == a ? 2 : (b == a || c == b) ? 1 : 0;
+    columns.types.MarkAt(sheet, r, type, kPatternColour);
+}
 
-        const int type = c == a ? 2 : (b == a || c == b) ? 1 : 0;
-        types.MarkAt(sheet, r, type, kPatternColour);
+void WriteAllHeaders(ReportSheet& sheet, const RegionsChart& chart) {
+    HeadDigitColumns(sheet);
+    for (const RegionBlock& region : chart.regions)
+        for (int i = 0; i < static_cast<int>(region.digits.size()); ++i)
+            sheet.SetText(0, region.firstCol + i, region.name);
+    WriteHeaders(sheet, chart.patterns);
+    if (chart.rule == PatternRule::SortedCodes) {
+        WriteHeaders(sheet, chart.sums);
+        WriteHeaders(sheet, chart.types);
     }
 }
 
@@ -218,26 +254,26 @@ void Build(const RegionsChart& chart, std::span<const DrawRecord> drawings, Repo
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
-    FillSheet(sheet, drawings);
-    WriteRegionDigits(sheet, chart);
-    if (chart.rule == PatternRule::SortedCodes) WriteRegionCodes(sheet, chart.firstCodeCol);
-
-    HeadDigitColumns(sheet);
-    for (const RegionBlock& region : chart.regions)
-        for (int i = 0; i < static_cast<int>(region.digits.size()); ++i)
-            sheet.SetText(0, region.firstCol + i, region.name);
-    WriteHeaders(sheet, chart.patterns);
-    if (chart.rule == PatternRule::SortedCodes) {
-        WriteHeaders(sheet, chart.sums);
-        WriteHeaders(sheet, chart.types);
+    // The headers come first, so that every pass of a row can run while the row is at hand: no
+    // pass reads another row than its own.
+    WriteAllHeaders(sheet, chart);
+    if (chart.rule == PatternRule::RegionCounts) {
+        const HeadedColumns patterns(sheet, chart.patterns);
+        FillSheet(sheet, drawings, [&](int r, CurrentDigits&) {
+            WriteRegionDigits(sheet, chart, r);
+            MarkDrawnDigits(sheet, chart, r);
+            MarkRegionCounts(sheet, chart, patterns, r);
+        });
+    } else {
+        const SortedCodeColumns columns(sheet, chart);
+        FillSheet(sheet, drawings, [&](int r, CurrentDigits&) {
+            WriteRegionDigits(sheet, chart, r);
+            WriteRegionCodes(sheet, chart.firstCodeCol, r);
+            MarkDrawnDigits(sheet, chart, r);
+            MarkSortedCodes(sheet, chart, columns, r);
+        });
     }
     FinishLoad(sheet);
-
-    MarkDrawnDigits(sheet, chart);
-    if (chart.rule == PatternRule::RegionCounts)
-        MarkRegionCounts(sheet, chart);
-    else
-        MarkSortedCodes(sheet, chart);
 }
 
 }  // namespace

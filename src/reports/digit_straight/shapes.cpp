@@ -100,6 +100,15 @@ void BuildRiseDownShape(std::span<const DrawRecord> drawings, ReportSheet& sheet
     sheet.SetTopRow(sheet.Rows() - 1);
 }
 
+// Texts compared a character at a time: the words are three letters, too short to be worth a
+// call.
+bool SameWord(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (a[i] != b[i]) return false;
+    return true;
+}
+
 void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     // The header is written before the drawings are counted: the sheet starts as its header row.
     sheet.Resize(1, 43);
@@ -125,8 +134,18 @@ void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet&
     StartSecondLoadOrder(drawings, sheet, {kStoreCol, kStoreCol + 1, kStoreCol + 2});
     const int lastRow = sheet.Rows() - 3;
 
+    // The words of the header, against which each row's word is matched.
+    std::array<std::array<std::string, kWordCount>, kWordBlocks.size()> headers;
+    for (std::size_t b = 0; b < kWordBlocks.size(); ++b)
+        for (int w = 0; w < kWordCount; ++w)
+            headers[b][static_cast<std::size_t>(w)] =
+                sheet.Text(0, kWordBlocks[b].wordCol + kFirstWordOffset + w);
+
+    // Row by row, while its cells are at hand: the letters and the words, then the word read back
+    // and matched.
+    ReportSheet::NumberDigits digits;
     for (int r = 1; r <= lastRow; ++r) {
-        std::array<std::string, kWordBlocks.size()> words;
+        std::array<std::array<char, 3>, kWordBlocks.size()> words;
         for (int p = 0; p < 3; ++p) {
             const int digit = sheet.CellNumber(r, kStoreCol + p);
             for (std::size_t b = 0; b < kWordBlocks.size(); ++b) {
@@ -135,24 +154,20 @@ void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet&
                 const int col = block.wordCol + 1 + p;
                 sheet.SetText(r, col, std::string_view(&letter, 1));
                 if (letter == block.markedLetter) sheet.SetBackColor(r, col, block.letterColour);
-                words[b] += letter;
+                words[b][static_cast<std::size_t>(p)] = letter;
             }
         }
         for (std::size_t b = 0; b < kWordBlocks.size(); ++b)
-            sheet.SetText(r, kWordBlocks[b].wordCol, words[b]);
-    }
+            sheet.SetText(r, kWordBlocks[b].wordCol, std::string_view(words[b].data(), 3));
 
-    // The word of each row is matched against the words of the header.
-    for (const WordBlock& block : kWordBlocks) {
-        const int firstCol = block.wordCol + kFirstWordOffset;
-        std::array<std::string, kWordCount> headers;
-        for (int w = 0; w < kWordCount; ++w)
-            headers[static_cast<std::size_t>(w)] = sheet.Text(0, firstCol + w);
-        for (int r = 1; r <= lastRow; ++r) {
-            const std::string word = sheet.Text(r, block.wordCol);
+        for (std::size_t b = 0; b < kWordBlocks.size(); ++b) {
+            const WordBlock& block = kWordBlocks[b];
+            const int firstCol = block.wordCol + kFirstWordOffset;
+            const std::string_view word = sheet.TextView(r, block.wordCol, digits);
             for (int w = 0; w < kWordCount; ++w) {
-                if (headers[static_cast<std::size_t>(w)] != word) continue;
-                sheet.SetText(r, firstCol + w, word);
+                const std::string& header = headers[b][static_cast<std::size_t>(w)];
+                if (!SameWord(header, word)) continue;
+                sheet.SetText(r, firstCol + w, header);
                 sheet.SetBackColor(r, firstCol + w, block.wordColour);
             }
         }

@@ -82,8 +82,8 @@ void MarkBands(ReportSheet& sheet) {
             sheet.SetText(r, kBandCol, kBandMark);
 }
 
-// Each pair cell is compared with the region headers read back from row 0; the first region it
-// equals shows its text in red. Three digits hold at most one region.
+// Each pair cell is compared with the region headers in row 0; the first region it equals shows
+// its text in red. Three digits hold at most one region.
 void MarkRegions(ReportSheet& sheet) {
     std::array<std::string, kRegions.size()> regions;
     for (std::size_t i = 0; i < regions.size(); ++i)
@@ -91,8 +91,8 @@ void MarkRegions(ReportSheet& sheet) {
     for (int r = 1; r <= sheet.DrawCount(); ++r) {
         for (int c = kFirstPairCol; c <= kLastPairCol; ++c) {
             for (std::size_t i = 0; i < regions.size(); ++i) {
-                if (!sheet.TextIs(r, c, regions[i])) continue;
                 const int col = kFirstRegionCol + static_cast<int>(i);
+                if (!sheet.SameText(r, c, 0, col)) continue;
                 sheet.SetBackColor(r, col, colours::kHit);
                 sheet.SetText(r, col, regions[i]);
                 break;
@@ -116,7 +116,7 @@ void ChartDigits(ReportSheet& sheet) {
 void MarkRepeats(ReportSheet& sheet) {
     for (int r = 1; r <= sheet.DrawCount() - 1; ++r) {
         for (int p = 1; p <= 3; ++p) {
-            if (sheet.Text(r, p) != sheet.Text(r + 1, p)) continue;
+            if (!sheet.SameText(r, p, r + 1, p)) continue;
             sheet.SetBackColor(r, p, colours::kHit);
             sheet.SetBackColor(r + 1, p, colours::kHit);
         }

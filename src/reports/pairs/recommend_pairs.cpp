@@ -74,18 +74,50 @@ void WriteRecommendedPairs(ReportSheet& sheet) {
     }
 }
 
+// A pair cell of a row as the judgement compares it: a pair of two digits from 1 up is kept as a
+// number, one with a 0 as a text. Two numbers hold the same text exactly when their values are
+// alike, which their values as counters tell apart away from the counter's ends; a number and
+// anything else never do; two other cells are left to the sheet.
+struct PairCell {
+    int col;
+    bool exact;  // a number whose value as a counter is its value
+    short value;
+};
+
+PairCell ReadPairCell(const ReportSheet::RowRun& cells, int firstCol, int col) {
+    const int i = col - firstCol;
+    const bool number = i < cells.Count() && cells.HoldsNumber(i);
+    const short value = number ? cells.CellNumber(i) : short{0};
+    return {col, number && value > -32768 && value < 32767, value};
+}
+
+bool SamePair(const ReportSheet& sheet, int row, const PairCell& a, const PairCell& b) {
+    if (a.exact || b.exact) return a.exact && b.exact && a.value == b.value;
+    return sheet.SameText(row, a.col, row, b.col);
+}
+
 // Each pair of the drawing against each recommended pair of its row: a match is red, and the
 // row is marked once however many match. The next drawing's row is never judged.
 void JudgePairs(ReportSheet& sheet) {
     for (int r = kFirstPairRow; r <= sheet.DrawCount(); ++r) {
-        for (int p = kFirstDrawnPairCol; p <= kLastDrawnPairCol; ++p) {
-            for (int c = kFirstPairCol; c <= kLastPairCol; ++c) {
-                if (!sheet.SameText(r, p, r, c)) continue;
-                sheet.SetBackColor(r, c, colours::kHit);
-                sheet.SetBackColor(r, kHitCol, kHitMarkerColour);
-                sheet.SetText(r, kHitCol, kHitMarker);
-            }
+        const ReportSheet::RowRun cells = sheet.Run(r, kFirstPairCol, kLastDrawnPairCol);
+        std::array<PairCell, kLastDrawnPairCol - kFirstDrawnPairCol + 1> drawn;
+        for (int p = kFirstDrawnPairCol; p <= kLastDrawnPairCol; ++p)
+            drawn[static_cast<std::size_t>(p - kFirstDrawnPairCol)] =
+                ReadPairCell(cells, kFirstPairCol, p);
+        bool hit = false;
+        for (int c = kFirstPairCol; c <= kLastPairCol; ++c) {
+            const PairCell recommended = ReadPairCell(cells, kFirstPairCol, c);
+            bool same = false;
+            for (const PairCell& pair : drawn)
+                same |= SamePair(sheet, r, pair, recommended);
+            if (!same) continue;
+            sheet.SetBackColor(r, c, colours::kHit);
+            hit = true;
         }
+        if (!hit) continue;
+        sheet.SetBackColor(r, kHitCol, kHitMarkerColour);
+        sheet.SetText(r, kHitCol, kHitMarker);
     }
 }
 

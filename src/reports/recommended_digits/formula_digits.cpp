@@ -1,6 +1,7 @@
 #include "reports/recommended_digits/formula_digits.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -56,29 +57,59 @@ std::string DecimalText(double value) {
 }
 
 std::string LeadingDigits(double value, int count) {
-    std::string text = DecimalText(value);
-    if (value < 1) text.insert(text.begin(), '0');
-    text = RemoveAll(text, ".");
-    // Every repeat of a character is blanked, so that only first appearances stay.
-    for (std::size_t i = 0; i + 1 < text.size(); ++i)
-        for (std::size_t j = i + 1; j < text.size(); ++j)
-            if (text[i] == text[j]) text[j] = '*';
-    text = RemoveAll(text, "*");
-    if (count < 0) count = 0;
-    return text.substr(0, std::min(text.size(), static_cast<std::size_t>(count)));
+    // One walk over the text, the leading "0" first where the value is below 1: points are
+    // passed over and each character is kept at its first appearance only.
+    const std::string text = DecimalText(value);
+    const std::string_view lead = value < 1 ? "0" : "";
+    std::string out;
+    std::array<bool, 256> seen{};
+    for (std::string_view part : {lead, std::string_view(text)}) {
+        for (char c : part) {
+            if (static_cast<int>(out.size()) >= count) return out;
+            auto& known = seen[static_cast<unsigned char>(c)];
+            if (c == '.' || known) continue;
+            known = true;
+            out += c;
+        }
+    }
+    return out;
 }
 
-std::size_t LeadingDigitsMemo::ValueHash::operator()(double value) const {
-    if (value == 0) value = 0;  // -0 as 0
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &value, sizeof bits);
-    return static_cast<std::size_t>((bits * 0x9E3779B97F4A7C15ull) >> 32);
+namespace {
+
+// The values are often short fractions, whose low bits are all 0: the high half is folded in
+// before the bits are mixed.
+std::size_t SlotOf(std::uint64_t bits, std::size_t mask) {
+    return static_cast<std::size_t>(((bits ^ (bits >> 32)) * 0x9E3779B97F4A7C15ull) >> 32) & mask;
 }
+
+}  // namespace
 
 const std::string& LeadingDigitsMemo::operator()(double value) {
-    auto [it, isNew] = known_.try_emplace(value);
-    if (isNew) it->second = LeadingDigits(value, count_);
-    return it->second;
+    const double key = value == 0 ? 0.0 : value;  // -0 as 0
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &key, sizeof bits);
+    if ((texts_.size() + 1) * 2 > slots_.size()) Grow();
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t i = SlotOf(bits, mask);
+    for (; slots_[i].text != 0; i = (i + 1) & mask)
+        if (slots_[i].bits == bits) return texts_[slots_[i].text - 1];
+    texts_.push_back(LeadingDigits(value, count_));
+    slots_[i] = {bits, static_cast<std::uint32_t>(texts_.size())};
+    return texts_.back();
+}
+
+void LeadingDigitsMemo::Grow() {
+    std::vector<Slot> slots(std::max<std::size_t>(64, slots_.size() * 2));
+    const std::size_t mask = slots.size() - 1;
+    for (const Slot& slot : slots_) {
+        if (slot.text == 0) continue;
+        std::size_t i = SlotOf(slot.bits, mask);
+        while (slots[i].text != 0)
+            i = (i + 1) & mask;
+        slots[i] = slot;
+    }
+    slots_ = std::move(slots);
 }
 
 double DrawnNumber(std::string_view label) {

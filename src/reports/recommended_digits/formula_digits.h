@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 namespace numarel {
 
@@ -23,19 +25,23 @@ std::string DecimalText(double value);
 std::string LeadingDigits(double value, int count);
 
 // LeadingDigits for one count, remembered per value: over a long history the formulas give the
-// same few thousand values again and again.
+// same few thousand values again and again. 0 and -0 are one value, worked out for the first seen.
 class LeadingDigitsMemo {
 public:
     explicit LeadingDigitsMemo(int count) : count_(count) {}
     const std::string& operator()(double value);
 
 private:
-    // A cheap hash of the value's bits; 0 and -0 are one key.
-    struct ValueHash {
-        std::size_t operator()(double value) const;
+    // Open addressing on the value's bits: 0 is a free slot, else the bits and the text's index
+    // + 1 (the bits alone could be 0, for the value 0).
+    struct Slot {
+        std::uint64_t bits = 0;
+        std::uint32_t text = 0;
     };
+    void Grow();
     int count_;
-    std::unordered_map<double, std::string, ValueHash> known_;
+    std::vector<Slot> slots_;
+    std::deque<std::string> texts_;  // never moved: the references handed out stay valid
 };
 
 // The number formed by a drawing's digits: the value of the last three characters of its

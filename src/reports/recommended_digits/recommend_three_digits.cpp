@@ -1,6 +1,7 @@
 // Recommend 3 digits: forecasts of three digits derived from each drawing, written on the row of
 // the drawing they forecast and judged there; the last drawing's forecast is the recommendation.
 #include <array>
+#include <climits>
 #include <span>
 #include <string>
 #include <vector>
@@ -121,22 +122,29 @@ void WriteTriple(ReportSheet& sheet, int row, int firstCol, const DigitTriple& d
         sheet.SetNumber(row, firstCol + i, digits[static_cast<std::size_t>(i)]);
 }
 
-// The digits in the order of their Miss on row `row`, the longest last; of equal Misses the
-// larger digit ranks as the longer, as a stable sort leaves them.
-std::array<short, 10> DigitsByMiss(const ReportSheet& sheet, int row, int chartCol) {
-    std::array<short, 10> misses{};
-    std::array<short, 10> digits{};
-    for (short d = 0; d < 10; ++d) {
-        misses[static_cast<std::size_t>(d)] =
-            sheet.TextIs(row, chartCol + d, "*") ? 0 : sheet.CellNumber(row, chartCol + d);
-        // An insertion sort: a digit moves only past digits with a longer Miss.
-        std::size_t i = static_cast<std::size_t>(d);
-        for (; i > 0 && misses[static_cast<std::size_t>(digits[i - 1])] >
-                            misses[static_cast<std::size_t>(d)];
-             --i)
-            digits[i] = digits[i - 1];
-        digits[i] = d;
+// The three digits missing longest on row `row`, the longest last; of equal Misses the larger
+// digit ranks as the longer, as a stable sort of all ten leaves them.
+DigitTriple LongestMissing(ReportSheet& sheet, int row, int chartCol) {
+    // A digit's rank as one number, its Miss before it and the digit after it; the three largest
+    // are kept in ascending order.
+    std::array<int, 3> top = {INT_MIN, INT_MIN, INT_MIN};
+    const ReportSheet::RowRun chart = sheet.Run(row, chartCol, chartCol + 9);
+    for (int d = 0; d < 10; ++d) {
+        // A cell outside the sheet reads as empty, a Miss of 0.
+        const short miss = d >= chart.Count() || chart.TextIs(d, "*") ? 0 : chart.CellNumber(d);
+        const int rank = miss * 16 + d;
+        if (rank < top[0]) continue;
+        if (rank < top[1]) {
+            top[0] = rank;
+        } else if (rank < top[2]) {
+            top = {top[1], rank, top[2]};
+        } else {
+            top = {top[1], top[2], rank};
+        }
     }
+    DigitTriple digits{};
+    for (std::size_t i = 0; i < 3; ++i)
+        digits[i] = static_cast<short>(top[i] & 15);  // the digit, whatever the sign of the Miss
     return digits;
 }
 
@@ -157,8 +165,7 @@ void Derive(ReportSheet& sheet, const ThreeDigitReport& report, const ThreeDigit
                 break;
             }
             case Derivation::LongestMisses: {
-                const std::array<short, 10> ranked = DigitsByMiss(sheet, r, report.missChartCol);
-                WriteTriple(sheet, r + 1, col, {ranked[7], ranked[8], ranked[9]});
+                WriteTriple(sheet, r + 1, col, LongestMissing(sheet, r, report.missChartCol));
                 break;
             }
         }
@@ -168,12 +175,13 @@ void Derive(ReportSheet& sheet, const ThreeDigitReport& report, const ThreeDigit
 // "Just hit" where every distinct digit of a drawing with two or three of them was forecast.
 void MarkWholeDrawingsForecast(ReportSheet& sheet, const ThreeDigitReport& report) {
     const ForecastBlock& block = report.forecasts.front().block;
+    ReportSheet::NumberDigits distinctDigits;
+    ReportSheet::NumberDigits forecastDigits;
     for (int r = 1; r <= sheet.DrawCount(); ++r) {
-        const std::string distinct = sheet.Text(r, report.distinctCol);
+        const std::string_view distinct = sheet.TextView(r, report.distinctCol, distinctDigits);
         int found = 0;
         for (int c = block.firstCol; c <= block.lastCol; ++c) {
-            const std::string forecast = sheet.Text(r, c);
-            const std::string_view trimmed = Trim(forecast);
+            const std::string_view trimmed = Trim(sheet.TextView(r, c, forecastDigits));
             for (char digit : distinct)
                 if (trimmed == std::string_view(&digit, 1)) ++found;
         }
@@ -201,9 +209,12 @@ void Build(const ThreeDigitReport& report, std::span<const DrawRecord> drawings,
     if (report.missChartCol >= 0) {
         // The cells still empty are those that get a Miss number.
         const int lastCol = report.missChartCol + 9;
-        for (int r = 1; r <= drawCount; ++r)
-            for (int c = report.missChartCol; c <= lastCol; ++c)
-                if (sheet.IsEmpty(r, c)) sheet.SetForeColor(r, c, kMissChartFore);
+        for (int r = 1; r <= drawCount; ++r) {
+            const ReportSheet::RowRun chart = sheet.Run(r, report.missChartCol, lastCol);
+            for (int i = 0; i < chart.Count(); ++i)
+                if (chart.IsEmpty(i))
+                    sheet.SetForeColor(r, report.missChartCol + i, kMissChartFore);
+        }
         FillMissCounters(sheet, report.missChartCol, lastCol);
     }
     for (const ThreeDigitForecast& forecast : report.forecasts)

@@ -112,11 +112,14 @@ struct TraceHeaders {
     int firstCol;
     std::vector<int> values;
     std::vector<std::string> texts;
+    std::vector<char> numbers;  // the header is a plain decimal text, kept as its value
 
     TraceHeaders(const ReportSheet& sheet, int first, int count) : firstCol(first) {
         for (int c = first; c < first + count; ++c) {
             values.push_back(sheet.CellNumber(0, c));
             texts.push_back(sheet.Text(0, c));
+            numbers.push_back(sheet.HoldsNumber(0, c) && values.back() > -32768 &&
+                              values.back() < 32767);
         }
     }
     // Under the header that reads as `value`, its text and the trace colour.
@@ -124,7 +127,10 @@ struct TraceHeaders {
         for (std::size_t i = 0; i < values.size(); ++i) {
             if (values[i] != value) continue;
             const int col = firstCol + static_cast<int>(i);
-            sheet.SetText(row, col, texts[i]);
+            if (numbers[i])
+                sheet.SetNumber(row, col, values[i]);
+            else
+                sheet.SetText(row, col, texts[i]);
             sheet.SetBackColor(row, col, kTrace);
             return;
         }

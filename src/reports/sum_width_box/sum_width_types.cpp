@@ -1,5 +1,6 @@
 // Sum 012 Type & Width 012 Type: each drawing's Sum, Width and the pair of their remainders by
 // 3, traced across the nine possible pairs.
+#include <algorithm>
 #include <charconv>
 #include <span>
 #include <string>
@@ -61,20 +62,23 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         return CurrentDigits{sheet.CellNumber(r, kStoreCol), sheet.CellNumber(r, kStoreCol + 1),
                              sheet.CellNumber(r, kStoreCol + 2)};
     };
+    // Sum, Width, then the two remainders written one after the other; for the digits 0 to 9
+    // each is one digit. Each row needs nothing but itself.
     for (int r = 1; r <= drawCount; ++r) {
         const CurrentDigits digits = storedDigits(r);
         sheet.SetNumber(r, kSumCol, digits[0] + digits[1] + digits[2]);
-    }
-    for (int r = 1; r <= drawCount; ++r) {
         CurrentDigits sorted = storedDigits(r);
         SortDigits(sorted);
         sheet.SetNumber(r, kWidthCol, sorted[2] - sorted[0]);
-    }
-    // The two remainders written one after the other; for the digits 0 to 9 each is one digit.
-    for (int r = 1; r <= drawCount; ++r) {
+        const int sumType = sheet.CellNumber(r, kSumCol) % 3;
+        const int widthType = sheet.CellNumber(r, kWidthCol) % 3;
+        if (sumType > 0 && widthType >= 0) {  // a plain number, which the sheet keeps as one
+            sheet.SetNumber(r, kTypeCol, sumType * 10 + widthType);
+            continue;
+        }
         char text[16];
-        char* end = std::to_chars(text, text + 8, sheet.CellNumber(r, kSumCol) % 3).ptr;
-        end = std::to_chars(end, text + 16, sheet.CellNumber(r, kWidthCol) % 3).ptr;
+        char* end = std::to_chars(text, text + 8, sumType).ptr;
+        end = std::to_chars(end, text + 16, widthType).ptr;
         sheet.SetText(r, kTypeCol, std::string_view(text, static_cast<std::size_t>(end - text)));
     }
 
@@ -85,13 +89,29 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         headers.push_back(sheet.Text(0, kFirstTraceCol + static_cast<int>(i)));
         trimmedHeaders.emplace_back(Trim(headers.back()));
     }
+    // A header that is a plain number is kept as that number, and written as one.
+    std::vector<char> numberHeaders;
+    std::vector<short> headerValues;
+    for (std::size_t i = 0; i < headers.size(); ++i) {
+        const int col = kFirstTraceCol + static_cast<int>(i);
+        const bool number = sheet.HoldsNumber(0, col);
+        headerValues.push_back(number ? sheet.CellNumber(0, col) : short{0});
+        numberHeaders.push_back(number && headerValues.back() > -32768 &&
+                                headerValues.back() < 32767);
+    }
     for (int r = 1; r <= drawCount; ++r) {
-        const std::string text = sheet.Text(r, kTypeCol);
-        const std::string_view type = Trim(text);
+        ReportSheet::NumberDigits digits;
+        const std::string_view type = Trim(sheet.TextView(r, kTypeCol, digits));
         for (std::size_t i = 0; i < headers.size(); ++i) {
-            if (trimmedHeaders[i] != type) continue;
+            const std::string& header = trimmedHeaders[i];
+            if (header.size() != type.size() ||
+                !std::equal(type.begin(), type.end(), header.begin()))
+                continue;
             const int col = kFirstTraceCol + static_cast<int>(i);
-            sheet.SetText(r, col, headers[i]);
+            if (numberHeaders[i])
+                sheet.SetNumber(r, col, headerValues[i]);
+            else
+                sheet.SetText(r, col, headers[i]);
             sheet.SetBackColor(r, col, kTrace);
         }
     }

@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -27,8 +29,10 @@ constexpr Rgb kLabelBack = MakeRgb(192, 192, 0);
 
 enum class Column0 { DateAndDigits, DateAlone };
 
+class ClassHeaders;
+
 // Writes the class found for a drawing with double `d` (0, 11, ..., 99) on row `row`.
-using Classify = void (*)(ReportSheet& sheet, int row, int d);
+using Classify = void (*)(ReportSheet& sheet, const ClassHeaders& headers, int row, int d);
 
 // What sets the two reports apart.
 struct DoublesReport {
@@ -46,18 +50,48 @@ struct DoublesReport {
     std::span<const std::string_view> labels;
 };
 
-// A class cell holds its column's header text.
-void MarkClass(ReportSheet& sheet, int row, int col, Rgb back) {
-    sheet.SetText(row, col, sheet.Text(0, col));
-    sheet.SetBackColor(row, col, back);
-}
+// The header row, read back once the headers are written: a class cell holds its column's
+// header text.
+class ClassHeaders {
+public:
+    ClassHeaders(const ReportSheet& sheet, int cols) {
+        for (int c = 0; c < cols && c < kMaxCols; ++c) {
+            Header& header = headers_[static_cast<std::size_t>(c)];
+            header.number = sheet.HoldsNumber(0, c);
+            if (header.number)
+                header.value = sheet.CellNumber(0, c);
+            else
+                header.text = sheet.Text(0, c);
+        }
+    }
+
+    void Mark(ReportSheet& sheet, int row, int col, Rgb back) const {
+        const Header& header = headers_[static_cast<std::size_t>(col)];
+        // A number header is a short double such as 11, kept as a number whichever way it is
+        // written.
+        if (header.number)
+            sheet.SetNumber(row, col, header.value);
+        else
+            sheet.SetText(row, col, header.text);
+        sheet.SetBackColor(row, col, back);
+    }
+
+private:
+    static constexpr int kMaxCols = 33;
+    struct Header {
+        bool number = false;
+        short value = 0;
+        std::string text;
+    };
+    std::array<Header, kMaxCols> headers_;
+};
 
 bool IsPrimeDouble(int d) {
     return IsPrime(d / 11);
 }
 
 // The double against the third digit: by size, parity and primeness.
-void ClassifyWithThirdDigit(ReportSheet& sheet, int row, int d) {
+void ClassifyWithThirdDigit(ReportSheet& sheet, const ClassHeaders& headers, int row, int d) {
     const short outer = sheet.CellNumber(row, kOuterPairCol);
     const int a = outer / 10;
     const int c = outer % 10;
@@ -70,7 +104,7 @@ void ClassifyWithThirdDigit(ReportSheet& sheet, int row, int d) {
         sizeCol = 21;  // 3S
     else if (d > 44 && a > 4)
         sizeCol = 22;  // 3B
-    if (sizeCol >= 0) MarkClass(sheet, row, sizeCol, colours::kHit);
+    if (sizeCol >= 0) headers.Mark(sheet, row, sizeCol, colours::kHit);
 
     // Parity and primeness look at the digits as drawn.
     bool anyOdd = false;
@@ -92,33 +126,33 @@ void ClassifyWithThirdDigit(ReportSheet& sheet, int row, int d) {
         parityCol = 26;  // 3E
     else if (!anyEven && !evenDouble)
         parityCol = 27;  // 3O
-    if (parityCol >= 0) MarkClass(sheet, row, parityCol, kClassBack);
+    if (parityCol >= 0) headers.Mark(sheet, row, parityCol, kClassBack);
 
     const bool primeDouble = IsPrimeDouble(d);
     if (!primeDouble && anyPrime) {
-        MarkClass(sheet, row, 30, colours::kHit);  // 2C1P
+        headers.Mark(sheet, row, 30, colours::kHit);  // 2C1P
     } else if (primeDouble && anyComposite) {
-        MarkClass(sheet, row, 29, colours::kHit);  // 2P1C
+        headers.Mark(sheet, row, 29, colours::kHit);  // 2P1C
     }
     if (primeDouble && !anyComposite) {
-        MarkClass(sheet, row, 31, colours::kHit);  // 3P
+        headers.Mark(sheet, row, 31, colours::kHit);  // 3P
     } else if (!primeDouble && !anyPrime) {
-        MarkClass(sheet, row, 32, colours::kHit);  // 3C
+        headers.Mark(sheet, row, 32, colours::kHit);  // 3C
     }
 }
 
 // The double on its own; the third digit is not looked at.
-void ClassifyDoubleAlone(ReportSheet& sheet, int row, int d) {
-    MarkClass(sheet, row, d < 55 ? 19 : 20, colours::kHit);  // Small, Big
+void ClassifyDoubleAlone(ReportSheet& sheet, const ClassHeaders& headers, int row, int d) {
+    headers.Mark(sheet, row, d < 55 ? 19 : 20, colours::kHit);  // Small, Big
     const int digit = d / 11;
     int typeCol = 24;  // 2Type
     if (d % 3 == 0)
         typeCol = 22;  // 0Type
     else if (digit % 3 == 1)
         typeCol = 23;  // 1Type
-    MarkClass(sheet, row, typeCol, kClassBack);
-    MarkClass(sheet, row, d % 2 == 0 ? 26 : 27, colours::kHit);     // Even, Odd
-    MarkClass(sheet, row, IsPrimeDouble(d) ? 30 : 29, kClassBack);  // Prime, Composite
+    headers.Mark(sheet, row, typeCol, kClassBack);
+    headers.Mark(sheet, row, d % 2 == 0 ? 26 : 27, colours::kHit);     // Even, Odd
+    headers.Mark(sheet, row, IsPrimeDouble(d) ? 30 : 29, kClassBack);  // Prime, Composite
 }
 
 constexpr std::string_view kTypeHeaders[] = {
@@ -162,8 +196,38 @@ constexpr DoublesReport kTrend = {
     .labels = kTrendLabels,
 };
 
-std::string DigitPair(int first, int second) {
-    return std::to_string(first) + std::to_string(second);
+// Two digits side by side, such as "07" or "38".
+void SetDigitPair(ReportSheet& sheet, int row, int col, int first, int second) {
+    if (first >= 1 && first <= 9 && second >= 0 && second <= 9) {
+        sheet.SetNumber(row, col, first * 10 + second);  // as the sheet keeps such a text
+        return;
+    }
+    char text[16];
+    char* end = std::to_chars(text, text + sizeof text, first).ptr;
+    end = std::to_chars(end, text + sizeof text, second).ptr;
+    sheet.SetText(row, col, std::string_view(text, static_cast<std::size_t>(end - text)));
+}
+
+// Column 0 in the report's own form, written over the label FillSheet wrote.
+void RewriteLabel(ReportSheet& sheet, int row, Column0 form) {
+    ReportSheet::NumberDigits digits;
+    const std::string_view label = sheet.TextView(row, 0, digits);
+    char text[64];
+    std::size_t size = 0;
+    if (label.size() > sizeof text) {  // no drawing's label is this long
+        const std::string copy(label);
+        sheet.SetText(row, 0,
+                      form == Column0::DateAlone ? DateOfLabel(copy) : CompactLabel(copy, ':'));
+        return;
+    }
+    if (form == Column0::DateAlone) {
+        size = std::min(label.find(':'), label.size());
+        std::copy_n(label.data(), size, text);
+    } else {
+        for (char c : label)
+            if (c != ' ') text[size++] = c;
+    }
+    sheet.SetText(row, 0, std::string_view(text, size));
 }
 
 void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
@@ -185,24 +249,22 @@ void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, Re
     const int maxMissRow = drawCount + 4;
     ResetSheet(sheet, drawCount, drawCount + 5);
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        const std::string label = sheet.Text(row, 0);
-        sheet.SetText(
-            row, 0,
-            report.column0 == Column0::DateAlone ? DateOfLabel(label) : CompactLabel(label, ':'));
+        RewriteLabel(sheet, row, report.column0);
         SortDigits(digits);
-        sheet.SetText(row, kLowPairCol, DigitPair(digits[0], digits[1]));
-        sheet.SetText(row, kHighPairCol, DigitPair(digits[1], digits[2]));
-        sheet.SetText(row, kOuterPairCol, DigitPair(digits[0], digits[2]));
+        SetDigitPair(sheet, row, kLowPairCol, digits[0], digits[1]);
+        SetDigitPair(sheet, row, kHighPairCol, digits[1], digits[2]);
+        SetDigitPair(sheet, row, kOuterPairCol, digits[0], digits[2]);
     });
 
     HeadDigitColumns(sheet);
     for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c)
-        sheet.SetText(0, c, DigitPair(c - kFirstDoubleCol, c - kFirstDoubleCol));
+        SetDigitPair(sheet, 0, c, c - kFirstDoubleCol, c - kFirstDoubleCol);
     for (std::size_t i = 0; i < report.classHeaders.size(); ++i)
         sheet.SetText(0, kFirstClassCol + static_cast<int>(i), report.classHeaders[i]);
 
     // Classifying: the double is found by number among the working pairs; a triple's outer pair
     // is a multiple of 11 too, which is how it is told apart.
+    const ClassHeaders headers(sheet, report.cols);
     std::array<short, kLastDoubleCol + 1> doubles{};
     for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c)
         doubles[c] = sheet.CellNumber(0, c);
@@ -213,26 +275,25 @@ void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, Re
         for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
             const int d = doubles[c];
             if (low != d && high != d) continue;
-            MarkClass(sheet, r, c, colours::kHit);
+            headers.Mark(sheet, r, c, colours::kHit);
             sheet.SetText(r, kBoxMarkCol, "-Y-");
-            report.classify(sheet, r, d);
+            report.classify(sheet, headers, r, d);
         }
     }
 
     FillMissCounters(sheet, kFirstDoubleCol, kLastDoubleCol);
-    for (int r = 1; r <= drawCount; ++r)
-        for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c)
-            if (sheet.BackColor(r, c) != colours::kHit) sheet.SetForeColor(r, c, kMissFore);
 
-    // A run counts only once it is closed, which the back colours tell: a non-hit row whose
-    // colour differs from the row after it.
+    // Non-hit cells are greyed. A run counts only once it is closed, which the back colours
+    // tell: a non-hit row whose colour differs from the row after it.
     // Row by row, the order in which the cells are stored.
     sheet.SetText(maxMissRow, 0, "Max Miss");
     std::array<short, kLastDoubleCol + 1> maxMiss{};
-    for (int r = 1; r <= drawCount - 1; ++r)
+    for (int r = 1; r <= drawCount; ++r)
         for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
             const Rgb back = sheet.BackColor(r, c);
-            if (back == colours::kHit || back == sheet.BackColor(r + 1, c)) continue;
+            if (back == colours::kHit) continue;
+            sheet.SetForeColor(r, c, kMissFore);
+            if (r == drawCount || back == sheet.BackColor(r + 1, c)) continue;
             maxMiss[c] = std::max(maxMiss[c], sheet.CellNumber(r, c));
         }
     for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
