@@ -126,6 +126,18 @@ public:
         std::string_view text;
     };
     TextKey KeyOf(std::string_view text) const;
+    // A text made ready once for a pass that writes it into many cells, such as a hit marker:
+    // each SetText with the key is then a store. `text` must outlive the key, and the key is
+    // valid until DropUnusedTexts.
+    TextKey Prepare(std::string_view text) { return {TextHandle(text), text}; }
+    void SetText(int row, int col, const TextKey& text) {
+        if (!Contains(row, col)) return;
+        std::uint32_t& cell = cells_[Index(row, col)].text;
+        // Labels, and texts written over others, take the general way.
+        if ((col == 0 && row > 0) || (cell != 0 && cell != text.handle && !(cell & kNumberTag)))
+            return SetText(row, col, text.text);
+        cell = text.handle;
+    }
 
     // A run of cells of one row, for passes that walk many cells: the row and the columns are
     // checked once, when the run is taken, not at every cell. Cell i is column firstCol + i;

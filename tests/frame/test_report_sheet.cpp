@@ -114,6 +114,25 @@ TEST(ReportSheet, ColumnTalliesReadCellsAsTheCellCallsDo) {
     EXPECT_EQ(maxOthers[1], 0);
 }
 
+// A prepared text writes as the text itself would: over an empty cell, a number, another text
+// and a label, and as a plain number when it reads as one.
+TEST(ReportSheet, PreparedTextsWriteAsTheirText) {
+    ReportSheet sheet(3, 3);
+    sheet.SetNumber(1, 1, 4);
+    sheet.SetText(1, 2, "x");
+    sheet.SetText(2, 0, " 1000001:123");
+    const ReportSheet::TextKey marker = sheet.Prepare("***");
+    for (int c = 0; c < 3; ++c)
+        sheet.SetText(1, c, marker);
+    sheet.SetText(2, 0, marker);
+    sheet.SetText(2, 1, sheet.Prepare("12"));
+    for (int c = 0; c < 3; ++c)
+        EXPECT_TRUE(sheet.SameText(1, c, 2, 0)) << c;
+    EXPECT_TRUE(sheet.HoldsNumber(2, 1));
+    EXPECT_EQ(sheet.CellNumber(2, 1), 12);
+    sheet.SetText(5, 5, marker);  // outside: nothing
+}
+
 TEST(ReportSheet, ResizingKeepsWhatFits) {
     ReportSheet sheet(3, 3);
     sheet.SetText(1, 1, "a");
