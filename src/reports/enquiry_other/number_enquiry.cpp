@@ -1,5 +1,6 @@
 #include "reports/enquiry_other/number_enquiry.h"
 
+#include <algorithm>
 #include <charconv>
 #include <span>
 #include <unordered_map>
@@ -40,13 +41,20 @@ constexpr NumberEnquiry kBox = {
 
 constexpr const NumberEnquiry* kEnquiries[] = {&kStraight, &kBox};
 
-// The three digits written one after the other, each as the number it was read as.
-std::string KeyText(const CurrentDigits& digits) {
+// The three digits written one after the other, each as the number it was read as, into the
+// key cell.
+void SetKey(ReportSheet& sheet, int row, const CurrentDigits& digits) {
+    const bool singleDigits =
+        std::all_of(digits.begin(), digits.end(), [](short d) { return d >= 0 && d <= 9; });
+    if (singleDigits && digits[0] != 0) {  // a plain number, which the sheet keeps as one
+        sheet.SetNumber(row, kKeyCol, digits[0] * 100 + digits[1] * 10 + digits[2]);
+        return;
+    }
     char buffer[24];
     char* end = buffer;
     for (short d : digits)
         end = std::to_chars(end, buffer + sizeof buffer, d).ptr;
-    return std::string(buffer, end);
+    sheet.SetText(row, kKeyCol, std::string_view(buffer, static_cast<std::size_t>(end - buffer)));
 }
 
 // The window as it opens: the history with each drawing's key, no ticket columns yet.
@@ -63,7 +71,7 @@ void LoadHistory(const NumberEnquiry& enquiry, std::span<const DrawRecord> drawi
     // The digits are in the sheet before the Box key sorts the digits in hand.
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         if (enquiry.boxKey) SortDigits(digits);
-        sheet.SetText(row, kKeyCol, KeyText(digits));
+        SetKey(sheet, row, digits);
     });
     HeadDigitColumns(sheet);
     FinishLoad(sheet);
@@ -85,12 +93,13 @@ void MarkHits(ReportSheet& sheet, int gatherCol) {
         }
     }
     const int drawCount = sheet.DrawCount();
+    const ReportSheet::TextKey marker = sheet.Prepare(kHitMarker);
     for (int r = 1; r <= drawCount; ++r) {
         auto it = firstOfNumber.find(sheet.CellNumber(r, kKeyCol));
         if (it == firstOfNumber.end()) continue;
         for (int c = it->second; c != kNone; c = nextOfNumber[static_cast<std::size_t>(c)])
-            sheet.SetText(r, c, kHitMarker);
-        sheet.SetText(r, gatherCol, kHitMarker);
+            sheet.SetText(r, c, marker);
+        sheet.SetText(r, gatherCol, marker);
     }
 }
 
