@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "frame/report_sheet.h"
 
@@ -36,9 +37,23 @@ struct ForecastBlock {
     int firstPairRow = 0;
 };
 
-// Judges each block on its rows `firstJudgedRow` to DrawCount: a forecast cell whose text equals
-// the text of a drawn digit (columns 1 to 3) gets the hit colour and its row the marker; then the
-// pair colour.
-void JudgeForecasts(ReportSheet& sheet, std::span<const ForecastBlock> blocks);
+// Judges forecast blocks row by row, so that a report judges each row while it is at hand: on the
+// rows `firstJudgedRow` to DrawCount, a forecast cell whose text equals the text of a drawn digit
+// (columns 1 to 3) gets the hit colour and its row the marker; then the pair colour.
+class ForecastJudge {
+public:
+    ForecastJudge(ReportSheet& sheet, std::span<const ForecastBlock> blocks);
+    // Judges the blocks on `row`, whose drawn digits and forecasts are written.
+    void JudgeRow(int row);
+
+private:
+    ReportSheet& sheet_;
+    std::span<const ForecastBlock> blocks_;
+    ReportSheet::TextKey marker_;
+    int lastCol_ = 0;              // the last column a block reads or marks
+    std::vector<int> hitCols_;     // room for the hit cells of one row
+    std::vector<int> markerCols_;  // room for the markers of one row
+    std::vector<int> blockHits_;   // the hits of each block in one row
+};
 
 }  // namespace numarel

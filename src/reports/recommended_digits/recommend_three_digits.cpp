@@ -1,5 +1,6 @@
 // Recommend 3 digits: forecasts of three digits derived from each drawing, written on the row of
 // the drawing they forecast and judged there; the last drawing's forecast is the recommendation.
+#include <algorithm>
 #include <array>
 #include <climits>
 #include <span>
@@ -131,16 +132,15 @@ DigitTriple LongestMissing(ReportSheet& sheet, int row, int chartCol) {
     const ReportSheet::RowRun chart = sheet.Run(row, chartCol, chartCol + 9);
     for (int d = 0; d < 10; ++d) {
         // A cell outside the sheet reads as empty, a Miss of 0.
-        const short miss = d >= chart.Count() || chart.TextIs(d, "*") ? 0 : chart.CellNumber(d);
+        short miss = 0;
+        if (d < chart.Count())
+            miss = chart.HoldsNumber(d) || !chart.TextIs(d, "*") ? chart.CellNumber(d) : 0;
+        // The rank goes in at its place and the smallest drops out, without a branch: which
+        // digits were drawn is random. No two ranks are equal, as their digits differ.
         const int rank = miss * 16 + d;
-        if (rank < top[0]) continue;
-        if (rank < top[1]) {
-            top[0] = rank;
-        } else if (rank < top[2]) {
-            top = {top[1], rank, top[2]};
-        } else {
-            top = {top[1], top[2], rank};
-        }
+        const int below2 = std::min(top[2], rank);
+        const int below1 = std::min(top[1], below2);
+        top = {std::max(top[0], below1), std::max(top[1], below2), std::max(top[2], rank)};
     }
     DigitTriple digits{};
     for (std::size_t i = 0; i < 3; ++i)
@@ -148,86 +148,121 @@ DigitTriple LongestMissing(ReportSheet& sheet, int row, int chartCol) {
     return digits;
 }
 
-void Derive(ReportSheet& sheet, const ThreeDigitReport& report, const ThreeDigitForecast& f) {
-    const int drawCount = sheet.DrawCount();
+// Writes the forecast derived from the drawing of row `row` into row `row` + 1.
+void Derive(ReportSheet& sheet, const ThreeDigitReport& report, const ThreeDigitForecast& f,
+            int row) {
     const int col = f.block.firstCol;
-    for (int r = f.firstSourceRow; r <= drawCount; ++r) {
-        switch (f.derivation) {
-            case Derivation::ByUnits:
-            case Derivation::BySum: {
-                // A value without a line of the table leaves the next row without a forecast.
-                const int value =
-                    f.derivation == Derivation::ByUnits
-                        ? sheet.CellNumber(r, 3)
-                        : sheet.CellNumber(r, 1) + sheet.CellNumber(r, 2) + sheet.CellNumber(r, 3);
-                if (value >= 0 && value < static_cast<int>(f.table.size()))
-                    WriteTriple(sheet, r + 1, col, f.table[static_cast<std::size_t>(value)]);
-                break;
-            }
-            case Derivation::LongestMisses: {
-                WriteTriple(sheet, r + 1, col, LongestMissing(sheet, r, report.missChartCol));
-                break;
-            }
+    switch (f.derivation) {
+        case Derivation::ByUnits:
+        case Derivation::BySum: {
+            // A value without a line of the table leaves the next row without a forecast.
+            const int value = f.derivation == Derivation::ByUnits
+                                  ? sheet.CellNumber(row, 3)
+                                  : sheet.CellNumber(row, 1) + sheet.CellNumber(row, 2) +
+                                        sheet.CellNumber(row, 3);
+            if (value >= 0 && value < static_cast<int>(f.table.size()))
+                WriteTriple(sheet, row + 1, col, f.table[static_cast<std::size_t>(value)]);
+            break;
+        }
+        case Derivation::LongestMisses: {
+            WriteTriple(sheet, row + 1, col, LongestMissing(sheet, row, report.missChartCol));
+            break;
         }
     }
 }
 
-// "Just hit" where every distinct digit of a drawing with two or three of them was forecast.
-void MarkWholeDrawingsForecast(ReportSheet& sheet, const ThreeDigitReport& report) {
+// The miss chart of a drawing's row: "*" where a digit was drawn, and in each cell still empty
+// the number of drawings since the digit's last hit, counting this one, in its own fore colour.
+class MissChart {
+public:
+    MissChart(ReportSheet& sheet, int firstCol) : sheet_(sheet), firstCol_(firstCol) {
+        if (firstCol >= 0) star_ = sheet.Prepare("*");
+    }
+
+    // A digit outside 0 to 9 puts its star outside the chart, where it may meet a forecast
+    // cell: the forecast, which the row before gave already, stays there, as it would be written
+    // over the star if the forecasts came after the whole chart.
+    void WriteRow(int row, const CurrentDigits& digits, std::span<const ForecastBlock> blocks) {
+        for (short d : digits) {
+            const int col = firstCol_ + d;
+            if ((d < 0 || d > 9) && HoldsForecast(row, col, blocks)) continue;
+            sheet_.SetText(row, col, star_);
+        }
+        ReportSheet::RowRun chart = sheet_.Run(row, firstCol_, firstCol_ + 9);
+        for (int i = 0; i < chart.Count(); ++i) {
+            short& counter = counters_[static_cast<std::size_t>(i)];
+            if (!chart.IsEmpty(i)) {
+                counter = 1;
+                continue;
+            }
+            sheet_.SetForeColor(row, firstCol_ + i, kMissChartFore);
+            chart.SetNumber(i, counter);
+            ++counter;
+        }
+    }
+
+private:
+    bool HoldsForecast(int row, int col, std::span<const ForecastBlock> blocks) const {
+        for (const ForecastBlock& block : blocks)
+            if (col >= block.firstCol && col <= block.lastCol && !sheet_.IsEmpty(row, col))
+                return true;
+        return false;
+    }
+
+    ReportSheet& sheet_;
+    int firstCol_;
+    ReportSheet::TextKey star_;
+    std::array<short, 10> counters_ = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
+};
+
+// "Just hit" on row `row` where every distinct digit of a drawing with two or three of them was
+// forecast.
+void MarkWholeDrawingForecast(ReportSheet& sheet, const ThreeDigitReport& report, int row) {
     const ForecastBlock& block = report.forecasts.front().block;
     ReportSheet::NumberDigits distinctDigits;
     ReportSheet::NumberDigits forecastDigits;
-    for (int r = 1; r <= sheet.DrawCount(); ++r) {
-        const std::string_view distinct = sheet.TextView(r, report.distinctCol, distinctDigits);
-        int found = 0;
-        for (int c = block.firstCol; c <= block.lastCol; ++c) {
-            const std::string_view trimmed = Trim(sheet.TextView(r, c, forecastDigits));
-            for (char digit : distinct)
-                if (trimmed == std::string_view(&digit, 1)) ++found;
-        }
-        if (found == 3 || (found == 2 && distinct.size() == 2)) {
-            sheet.SetText(r, report.noteCol, "Just hit");
-            sheet.SetBackColor(r, report.noteCol, colours::kHit);
-        }
+    const std::string_view distinct = sheet.TextView(row, report.distinctCol, distinctDigits);
+    int found = 0;
+    for (int c = block.firstCol; c <= block.lastCol; ++c) {
+        const std::string_view trimmed = Trim(sheet.TextView(row, c, forecastDigits));
+        for (char digit : distinct)
+            if (trimmed == std::string_view(&digit, 1)) ++found;
+    }
+    if (found == 3 || (found == 2 && distinct.size() == 2)) {
+        sheet.SetText(row, report.noteCol, "Just hit");
+        sheet.SetBackColor(row, report.noteCol, colours::kHit);
     }
 }
 
+// The drawings' rows are worked one after the other while each is at hand: its miss chart and
+// distinct digits, the forecasts it gives the next row, then the judgement of the forecasts the
+// row before gave it.
 void Build(const ThreeDigitReport& report, std::span<const DrawRecord> drawings,
            ReportSheet& sheet) {
     SetColumns(sheet, report.columns);
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
-    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        if (report.missChartCol >= 0)
-            for (short d : digits)
-                sheet.SetText(row, report.missChartCol + d, "*");
-        if (report.distinctCol >= 0) {
-            SortDigits(digits);
-            sheet.SetText(row, report.distinctCol, DistinctDigits(digits));
-        }
-    });
-    if (report.missChartCol >= 0) {
-        // The cells still empty are those that get a Miss number.
-        const int lastCol = report.missChartCol + 9;
-        for (int r = 1; r <= drawCount; ++r) {
-            const ReportSheet::RowRun chart = sheet.Run(r, report.missChartCol, lastCol);
-            for (int i = 0; i < chart.Count(); ++i)
-                if (chart.IsEmpty(i))
-                    sheet.SetForeColor(r, report.missChartCol + i, kMissChartFore);
-        }
-        FillMissCounters(sheet, report.missChartCol, lastCol);
-    }
-    for (const ThreeDigitForecast& forecast : report.forecasts)
-        Derive(sheet, report, forecast);
-
-    WriteHeaders(sheet, report.columns);
-    FinishLoad(sheet);
 
     std::vector<ForecastBlock> blocks;
     for (const ThreeDigitForecast& forecast : report.forecasts)
         blocks.push_back(forecast.block);
-    JudgeForecasts(sheet, blocks);
-    if (report.noteCol >= 0) MarkWholeDrawingsForecast(sheet, report);
+    ForecastJudge judge(sheet, blocks);
+    MissChart missChart(sheet, report.missChartCol);
+
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        if (report.missChartCol >= 0) missChart.WriteRow(row, digits, blocks);
+        if (report.distinctCol >= 0) {
+            SortDigits(digits);
+            sheet.SetText(row, report.distinctCol, DistinctDigits(digits));
+        }
+        for (const ThreeDigitForecast& forecast : report.forecasts)
+            if (row >= forecast.firstSourceRow) Derive(sheet, report, forecast, row);
+        judge.JudgeRow(row);
+        if (report.noteCol >= 0) MarkWholeDrawingForecast(sheet, report, row);
+    });
+
+    WriteHeaders(sheet, report.columns);
+    FinishLoad(sheet);
 }
 
 }  // namespace
