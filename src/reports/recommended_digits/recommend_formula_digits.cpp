@@ -83,65 +83,106 @@ private:
     bool allDigits_ = true;  // every one-character drawn text is a digit
 };
 
-// The group texts of each drawn number, each worked out once: the numbers of a history are those
-// of 000 to 999, drawn again and again. nullptr where the formula fails.
+// The group texts of each drawn number, each worked out once and made ready for the sheet: the
+// numbers of a history are those of 000 to 999, drawn again and again. No key where the formula
+// fails.
 class GroupTexts {
 public:
-    using Texts = std::array<const std::string*, std::size(kGroups)>;
-    const Texts& operator()(double n) {
+    using Keys = std::array<std::optional<ReportSheet::TextKey>, std::size(kGroups)>;
+    explicit GroupTexts(ReportSheet& sheet) : sheet_(sheet) {}
+    const Keys& operator()(double n) {
         const bool common = n >= 0 && n < static_cast<double>(kCommonNumbers) && n == std::floor(n);
-        Texts& texts = common ? byNumber_[static_cast<std::size_t>(n)] : other_;
-        if (common && known_[static_cast<std::size_t>(n)]) return texts;
+        Keys& keys = common ? byNumber_[static_cast<std::size_t>(n)] : other_;
+        if (common && known_[static_cast<std::size_t>(n)]) return keys;
         for (std::size_t g = 0; g < std::size(kGroups); ++g) {
             const std::optional<double> value = kGroups[g].formula(n);
-            texts[g] = value ? &leadingThree_(*value) : nullptr;
+            keys[g] = value ? std::optional(sheet_.Prepare(leadingThree_(*value))) : std::nullopt;
         }
         if (common) known_[static_cast<std::size_t>(n)] = true;
-        return texts;
+        return keys;
     }
 
 private:
     static constexpr std::size_t kCommonNumbers = 1000;
-    LeadingDigitsMemo leadingThree_{3};  // keeps the texts the pointers name
-    std::array<Texts, kCommonNumbers> byNumber_{};
+    ReportSheet& sheet_;
+    LeadingDigitsMemo leadingThree_{3};  // keeps the texts the keys name
+    std::array<Keys, kCommonNumbers> byNumber_{};
     std::array<bool, kCommonNumbers> known_{};
-    Texts other_{};
+    Keys other_{};
 };
 
+// The texts of the results, made ready for the sheet.
+class ResultTexts {
+public:
+    explicit ResultTexts(ReportSheet& sheet) : none_(sheet.Prepare("  -N-")) {
+        for (std::size_t k = 0; k < found_.size(); ++k)
+            found_[k] = sheet.Prepare(kFoundTexts[k]);
+    }
+    const ReportSheet::TextKey& Of(int found) const {
+        return found > 0 ? found_[static_cast<std::size_t>(std::min(found, 3))] : none_;
+    }
+
+private:
+    std::array<ReportSheet::TextKey, std::size(kFoundTexts)> found_;
+    ReportSheet::TextKey none_;
+};
+
+// The text of a group cell. A group of three digits without a leading 0 is held as a number:
+// its characters are written here straight from the number.
+std::string_view GroupText(const ReportSheet& sheet, int row, int col,
+                           ReportSheet::NumberDigits& digits) {
+    if (sheet.HoldsNumber(row, col)) {
+        const int value = sheet.CellNumber(row, col);
+        if (value >= 100 && value <= 999) {
+            digits[0] = static_cast<char>('0' + value / 100);
+            digits[1] = static_cast<char>('0' + value / 10 % 10);
+            digits[2] = static_cast<char>('0' + value % 10);
+            return {digits.data(), 3};
+        }
+    }
+    return sheet.TextView(row, col, digits);
+}
+
+// Judges the groups that stand on row `row` against its drawing. How many digits are found is
+// random: the cells with more than one are gathered and coloured together.
+void JudgeGroups(ReportSheet& sheet, int row, const ResultTexts& results) {
+    ReportSheet::NumberDigits digitText[3];
+    ReportSheet::NumberDigits groupText;
+    const std::string_view drawn[3] = {sheet.TextView(row, 1, digitText[0]),
+                                       sheet.TextView(row, 2, digitText[1]),
+                                       sheet.TextView(row, 3, digitText[2])};
+    const DrawnCharacters drawnCharacters(drawn);
+    std::array<int, std::size(kGroups)> severalCols;
+    std::size_t several = 0;
+    for (const DigitGroup& group : kGroups) {
+        const int found = drawnCharacters.FoundIn(GroupText(sheet, row, group.col, groupText));
+        sheet.SetText(row, group.col + 1, results.Of(found));
+        severalCols[several] = group.col + 1;
+        several += found > 1;
+    }
+    sheet.SetBackColor(row, std::span(severalCols).first(several), kSeveralHits);
+}
+
+// Each drawing's row is worked while it is at hand: the groups that stand on it are judged, then
+// its number gives the groups of the next row.
 void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     SetColumns(sheet, kColumns);
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
-    FillSheet(sheet, drawings);
 
-    auto groupTexts = std::make_unique<GroupTexts>();
-    ReportSheet::NumberDigits labelDigits;
-    for (int r = 1; r <= drawCount; ++r) {
-        const double n = DrawnNumber(sheet.TextView(r, 0, labelDigits));
-        const GroupTexts::Texts& texts = (*groupTexts)(n);
+    auto groupTexts = std::make_unique<GroupTexts>(sheet);
+    const ResultTexts results(sheet);
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits&) {
+        if (row >= 2) JudgeGroups(sheet, row, results);
+        ReportSheet::NumberDigits labelDigits;
+        const double n = DrawnNumber(sheet.TextView(row, 0, labelDigits));
+        const GroupTexts::Keys& keys = (*groupTexts)(n);
         for (std::size_t g = 0; g < std::size(kGroups); ++g)
-            if (texts[g]) sheet.SetText(r + 1, kGroups[g].col, *texts[g]);
-    }
+            if (keys[g]) sheet.SetText(row + 1, kGroups[g].col, *keys[g]);
+    });
 
     WriteHeaders(sheet, kColumns);
     FinishLoad(sheet);
-
-    ReportSheet::NumberDigits digitText[3];
-    ReportSheet::NumberDigits groupText;
-    for (int r = 2; r <= drawCount; ++r) {
-        const std::string_view drawn[3] = {sheet.TextView(r, 1, digitText[0]),
-                                           sheet.TextView(r, 2, digitText[1]),
-                                           sheet.TextView(r, 3, digitText[2])};
-        const DrawnCharacters drawnCharacters(drawn);
-        for (const DigitGroup& group : kGroups) {
-            const int found = drawnCharacters.FoundIn(sheet.TextView(r, group.col, groupText));
-            if (found > 0)
-                sheet.SetText(r, group.col + 1, kFoundTexts[std::min(found, 3)]);
-            else
-                sheet.SetText(r, group.col + 1, "  -N-");
-            if (found > 1) sheet.SetBackColor(r, group.col + 1, kSeveralHits);
-        }
-    }
 }
 
 }  // namespace
