@@ -42,9 +42,10 @@ constexpr SheetColumn kColumns[] = {
     {860, "  Y/N"},
 };
 
-// A count of found digits followed by two blanks. A group holds each digit once and a drawn
-// digit is one character, so no more than three are found.
-constexpr std::string_view kFoundTexts[] = {"0  ", "1  ", "2  ", "3  "};
+// A result by the count of found digits: "  -N-" for none, else the count followed by two
+// blanks. A group holds each digit once and a drawn digit is one character, so no more than
+// three are found.
+constexpr std::string_view kResultTexts[] = {"  -N-", "1  ", "2  ", "3  "};
 
 // The drawn digits of a row (columns 1 to 3) as a group's characters are compared with them: how
 // often each digit character was drawn, four bits per digit. A drawn text longer than one
@@ -67,7 +68,7 @@ public:
         if (allDigits_) {
             // A character that is no digit was not drawn.
             for (char c : group)
-                if (IsDigit(c)) found += static_cast<int>((counts_ >> (4 * (c - '0'))) & 15);
+                if (IsDigit(c)) found += static_cast<int>(CountOf(c));
             return found;
         }
         for (std::string_view digit : drawn_)
@@ -76,8 +77,18 @@ public:
         return found;
     }
 
+    // FoundIn for a group held as a number from 100 to 999, whose text is its three digits.
+    int FoundInNumber(int value) const {
+        const char text[3] = {static_cast<char>('0' + value / 100),
+                              static_cast<char>('0' + value / 10 % 10),
+                              static_cast<char>('0' + value % 10)};
+        if (!allDigits_) return FoundIn({text, 3});
+        return static_cast<int>(CountOf(text[0]) + CountOf(text[1]) + CountOf(text[2]));
+    }
+
 private:
     static bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+    std::uint64_t CountOf(char digit) const { return (counts_ >> (4 * (digit - '0'))) & 15; }
     const std::string_view (&drawn_)[3];
     std::uint64_t counts_ = 0;
     bool allDigits_ = true;  // every one-character drawn text is a digit
@@ -111,37 +122,20 @@ private:
     Keys other_{};
 };
 
-// The texts of the results, made ready for the sheet.
+// The texts of the results, made ready for the sheet, by the count found.
 class ResultTexts {
 public:
-    explicit ResultTexts(ReportSheet& sheet) : none_(sheet.Prepare("  -N-")) {
-        for (std::size_t k = 0; k < found_.size(); ++k)
-            found_[k] = sheet.Prepare(kFoundTexts[k]);
+    explicit ResultTexts(ReportSheet& sheet) {
+        for (std::size_t k = 0; k < texts_.size(); ++k)
+            texts_[k] = sheet.Prepare(kResultTexts[k]);
     }
     const ReportSheet::TextKey& Of(int found) const {
-        return found > 0 ? found_[static_cast<std::size_t>(std::min(found, 3))] : none_;
+        return texts_[static_cast<std::size_t>(std::min(found, 3))];
     }
 
 private:
-    std::array<ReportSheet::TextKey, std::size(kFoundTexts)> found_;
-    ReportSheet::TextKey none_;
+    std::array<ReportSheet::TextKey, std::size(kResultTexts)> texts_;
 };
-
-// The text of a group cell. A group of three digits without a leading 0 is held as a number:
-// its characters are written here straight from the number.
-std::string_view GroupText(const ReportSheet& sheet, int row, int col,
-                           ReportSheet::NumberDigits& digits) {
-    if (sheet.HoldsNumber(row, col)) {
-        const int value = sheet.CellNumber(row, col);
-        if (value >= 100 && value <= 999) {
-            digits[0] = static_cast<char>('0' + value / 100);
-            digits[1] = static_cast<char>('0' + value / 10 % 10);
-            digits[2] = static_cast<char>('0' + value % 10);
-            return {digits.data(), 3};
-        }
-    }
-    return sheet.TextView(row, col, digits);
-}
 
 // Judges the groups that stand on row `row` against its drawing. How many digits are found is
 // random: the cells with more than one are gathered and coloured together.
@@ -155,7 +149,11 @@ void JudgeGroups(ReportSheet& sheet, int row, const ResultTexts& results) {
     std::array<int, std::size(kGroups)> severalCols;
     std::size_t several = 0;
     for (const DigitGroup& group : kGroups) {
-        const int found = drawnCharacters.FoundIn(GroupText(sheet, row, group.col, groupText));
+        // A group of three digits without a leading 0 is held as a number.
+        const int value = sheet.HoldsNumber(row, group.col) ? sheet.CellNumber(row, group.col) : 0;
+        const int found = value >= 100 && value <= 999
+                              ? drawnCharacters.FoundInNumber(value)
+                              : drawnCharacters.FoundIn(sheet.TextView(row, group.col, groupText));
         sheet.SetText(row, group.col + 1, results.Of(found));
         severalCols[several] = group.col + 1;
         several += found > 1;
@@ -163,8 +161,17 @@ void JudgeGroups(ReportSheet& sheet, int row, const ResultTexts& results) {
     sheet.SetBackColor(row, std::span(severalCols).first(several), kSeveralHits);
 }
 
-// Each drawing's row is worked while it is at hand: the groups that stand on it are judged, then
-// its number gives the groups of the next row.
+// The groups that the number of the drawing of row `row` gives the next row.
+void WriteGroups(ReportSheet& sheet, int row, GroupTexts& groupTexts) {
+    ReportSheet::NumberDigits labelDigits;
+    const double n = DrawnNumber(sheet.TextView(row, 0, labelDigits));
+    const GroupTexts::Keys& keys = groupTexts(n);
+    for (std::size_t g = 0; g < std::size(kGroups); ++g)
+        if (keys[g]) sheet.SetText(row + 1, kGroups[g].col, *keys[g]);
+}
+
+// Each drawing's row is worked while it is at hand, and with it the row before, still at hand
+// too: the groups from the drawing before, then their judgement.
 void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     SetColumns(sheet, kColumns);
     const int drawCount = CountDrawings(drawings);
@@ -173,13 +180,11 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     auto groupTexts = std::make_unique<GroupTexts>(sheet);
     const ResultTexts results(sheet);
     FillSheet(sheet, drawings, [&](int row, CurrentDigits&) {
-        if (row >= 2) JudgeGroups(sheet, row, results);
-        ReportSheet::NumberDigits labelDigits;
-        const double n = DrawnNumber(sheet.TextView(row, 0, labelDigits));
-        const GroupTexts::Keys& keys = (*groupTexts)(n);
-        for (std::size_t g = 0; g < std::size(kGroups); ++g)
-            if (keys[g]) sheet.SetText(row + 1, kGroups[g].col, *keys[g]);
+        if (row < 2) return;
+        WriteGroups(sheet, row - 1, *groupTexts);
+        JudgeGroups(sheet, row, results);
     });
+    if (drawCount >= 1) WriteGroups(sheet, drawCount, *groupTexts);
 
     WriteHeaders(sheet, kColumns);
     FinishLoad(sheet);

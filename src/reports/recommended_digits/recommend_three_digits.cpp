@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <climits>
+#include <deque>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -215,6 +217,36 @@ private:
     std::array<short, 10> counters_ = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
 };
 
+// The texts of DistinctDigits made ready for the sheet as they are first met: the drawings of
+// the digits 0 to 9, sorted, take 220 forms.
+class DistinctDigitTexts {
+public:
+    explicit DistinctDigitTexts(ReportSheet& sheet) : sheet_(sheet) {}
+
+    void Write(int row, int col, const CurrentDigits& sorted) {
+        const bool plain =
+            std::all_of(sorted.begin(), sorted.end(), [](short d) { return d >= 0 && d <= 9; });
+        if (!plain) return sheet_.SetText(row, col, DistinctDigits(sorted));
+        const auto index = static_cast<std::size_t>(sorted[0] * 100 + sorted[1] * 10 + sorted[2]);
+        Known& known = known_[index];
+        if (!known.text) {
+            texts_.push_back(DistinctDigits(sorted));
+            known.text = &texts_.back();
+            known.key = sheet_.Prepare(*known.text);
+        }
+        sheet_.SetText(row, col, known.key);
+    }
+
+private:
+    struct Known {
+        const std::string* text = nullptr;
+        ReportSheet::TextKey key;
+    };
+    ReportSheet& sheet_;
+    std::deque<std::string> texts_;  // never moved: the keys name them
+    std::array<Known, 1000> known_{};
+};
+
 // "Just hit" on row `row` where every distinct digit of a drawing with two or three of them was
 // forecast.
 void MarkWholeDrawingForecast(ReportSheet& sheet, const ThreeDigitReport& report, int row) {
@@ -222,12 +254,28 @@ void MarkWholeDrawingForecast(ReportSheet& sheet, const ThreeDigitReport& report
     ReportSheet::NumberDigits distinctDigits;
     ReportSheet::NumberDigits forecastDigits;
     const std::string_view distinct = sheet.TextView(row, report.distinctCol, distinctDigits);
-    int found = 0;
-    for (int c = block.firstCol; c <= block.lastCol; ++c) {
-        const std::string_view trimmed = Trim(sheet.TextView(row, c, forecastDigits));
-        for (char digit : distinct)
-            if (trimmed == std::string_view(&digit, 1)) ++found;
+    // Each of the three forecast cells' trimmed text as one character, or none where it is
+    // longer or empty. The forecasts are digits: a number's text is one character from 0 to 9.
+    const ReportSheet::RowRun cells = sheet.Run(row, block.firstCol, block.firstCol + 2);
+    std::array<char, 3> forecast{};
+    std::array<bool, 3> single{};
+    for (std::size_t i = 0; i < forecast.size(); ++i) {
+        const int c = block.firstCol + static_cast<int>(i);
+        if (static_cast<int>(i) < cells.Count() && cells.HoldsNumber(static_cast<int>(i))) {
+            const int value = cells.CellNumber(static_cast<int>(i));
+            single[i] = value >= 0 && value <= 9;
+            forecast[i] = static_cast<char>('0' + value);
+        } else {
+            const std::string_view trimmed = Trim(sheet.TextView(row, c, forecastDigits));
+            single[i] = trimmed.size() == 1;
+            forecast[i] = single[i] ? trimmed[0] : '\0';
+        }
     }
+    // The drawings are random: the characters are compared without a branch on each.
+    int found = 0;
+    for (char digit : distinct)
+        for (std::size_t i = 0; i < forecast.size(); ++i)
+            found += single[i] && forecast[i] == digit;
     if (found == 3 || (found == 2 && distinct.size() == 2)) {
         sheet.SetText(row, report.noteCol, "Just hit");
         sheet.SetBackColor(row, report.noteCol, colours::kHit);
@@ -248,12 +296,13 @@ void Build(const ThreeDigitReport& report, std::span<const DrawRecord> drawings,
         blocks.push_back(forecast.block);
     ForecastJudge judge(sheet, blocks);
     MissChart missChart(sheet, report.missChartCol);
+    auto distinctTexts = std::make_unique<DistinctDigitTexts>(sheet);
 
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         if (report.missChartCol >= 0) missChart.WriteRow(row, digits, blocks);
         if (report.distinctCol >= 0) {
             SortDigits(digits);
-            sheet.SetText(row, report.distinctCol, DistinctDigits(digits));
+            distinctTexts->Write(row, report.distinctCol, digits);
         }
         for (const ThreeDigitForecast& forecast : report.forecasts)
             if (row >= forecast.firstSourceRow) Derive(sheet, report, forecast, row);
