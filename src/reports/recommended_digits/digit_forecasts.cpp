@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 
 namespace numarel {
 
@@ -50,7 +51,7 @@ private:
     static constexpr int kNoValue = -32768;
     const ReportSheet& sheet_;
     int row_;
-    const ReportSheet::RowRun& cells_;
+    ReportSheet::RowRun cells_;
     std::array<int, 3> values_{};
 };
 
@@ -63,9 +64,8 @@ ForecastJudge::ForecastJudge(ReportSheet& sheet, std::span<const ForecastBlock> 
         lastCol_ = std::max({lastCol_, block.lastCol, block.markerCol});
         cells += static_cast<std::size_t>(std::max(0, block.lastCol - block.firstCol + 1));
     }
-    hitCols_.resize(cells);
-    markerCols_.resize(blocks.size());
-    blockHits_.resize(blocks.size());
+    if (blocks.size() > kMaxBlocks || cells > kMaxCells)
+        throw std::length_error("more forecast cells than a row's judgement holds");
 }
 
 // Which forecast digits were drawn is random: rather than branch on each comparison, the row's
@@ -75,34 +75,38 @@ void ForecastJudge::JudgeRow(int row) {
     if (row > sheet_.DrawCount()) return;  // the next drawing's row is never judged
     const ReportSheet::RowRun cells = sheet_.Run(row, 0, lastCol_);
     const DrawnDigits drawn(sheet_, row, cells);
+    std::array<int, kMaxCells> hitCols;
+    std::array<int, kMaxBlocks> markerCols;
+    std::array<int, kMaxBlocks> blockHits{};
     std::size_t hits = 0;
     std::size_t marked = 0;
     for (std::size_t b = 0; b < blocks_.size(); ++b) {
         const ForecastBlock& block = blocks_[b];
-        blockHits_[b] = 0;
         if (row >= block.firstJudgedRow) {
+            int found = 0;
             for (int c = block.firstCol; c <= block.lastCol; ++c) {
                 const bool holds = drawn.Holds(c);
-                hitCols_[hits] = c;
+                hitCols[hits] = c;
                 hits += holds;
-                blockHits_[b] += holds;
+                found += holds;
             }
-            markerCols_[marked] = block.markerCol;
-            marked += blockHits_[b] > 0;
+            blockHits[b] = found;
+            markerCols[marked] = block.markerCol;
+            marked += found > 0;
         }
         if (b + 1 == blocks_.size() || blocks_[b + 1].hitColour != block.hitColour) {
-            sheet_.SetBackColor(row, std::span(hitCols_).first(hits), block.hitColour);
+            sheet_.SetBackColor(row, std::span(hitCols).first(hits), block.hitColour);
             hits = 0;
         }
     }
     for (std::size_t i = 0; i < marked; ++i)
-        sheet_.SetText(row, markerCols_[i], marker_);
+        sheet_.SetText(row, markerCols[i], marker_);
 
     // The hits are counted from the colours the cells now show, in the blocks with two cells
     // found: no other block can show two.
     for (std::size_t b = 0; b < blocks_.size(); ++b) {
         const ForecastBlock& block = blocks_[b];
-        if (block.pairColour == kDefaultColour || row < block.firstPairRow || blockHits_[b] < 2)
+        if (block.pairColour == kDefaultColour || row < block.firstPairRow || blockHits[b] < 2)
             continue;
         int colouredHits = 0;
         for (int c = block.firstCol; c <= block.lastCol; ++c)

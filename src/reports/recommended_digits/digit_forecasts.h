@@ -3,7 +3,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "frame/report_sheet.h"
 
@@ -47,13 +46,13 @@ public:
     void JudgeRow(int row);
 
 private:
+    // The most blocks, and forecast cells in all, that a judge takes.
+    static constexpr std::size_t kMaxBlocks = 8;
+    static constexpr std::size_t kMaxCells = 24;
     ReportSheet& sheet_;
     std::span<const ForecastBlock> blocks_;
     ReportSheet::TextKey marker_;
-    int lastCol_ = 0;              // the last column a block reads or marks
-    std::vector<int> hitCols_;     // room for the hit cells of one row
-    std::vector<int> markerCols_;  // room for the markers of one row
-    std::vector<int> blockHits_;   // the hits of each block in one row
+    int lastCol_ = 0;  // the last column a block reads or marks
 };
 
 }  // namespace numarel
