@@ -190,16 +190,23 @@ public:
             if ((d < 0 || d > 9) && HoldsForecast(row, col, blocks)) continue;
             sheet_.SetText(row, col, star_);
         }
+        // Which cells are empty is random: they are gathered with their Miss numbers first, and
+        // the counters move on, without a branch; then the gathered cells are written.
         ReportSheet::RowRun chart = sheet_.Run(row, firstCol_, firstCol_ + 9);
+        std::array<int, 10> emptyCells;
+        std::array<short, 10> misses;
+        std::size_t empty = 0;
         for (int i = 0; i < chart.Count(); ++i) {
             short& counter = counters_[static_cast<std::size_t>(i)];
-            if (!chart.IsEmpty(i)) {
-                counter = 1;
-                continue;
-            }
-            sheet_.SetForeColor(row, firstCol_ + i, kMissChartFore);
-            chart.SetNumber(i, counter);
-            ++counter;
+            const bool isEmpty = chart.IsEmpty(i);
+            emptyCells[empty] = i;
+            misses[empty] = counter;
+            empty += isEmpty;
+            counter = isEmpty ? static_cast<short>(counter + 1) : short{1};
+        }
+        for (std::size_t k = 0; k < empty; ++k) {
+            sheet_.SetForeColor(row, firstCol_ + emptyCells[k], kMissChartFore);
+            chart.SetNumber(emptyCells[k], misses[k]);
         }
     }
 
