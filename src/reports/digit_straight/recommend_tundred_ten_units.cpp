@@ -2,7 +2,6 @@
 #include <array>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "data/basic_text.h"
 #include "frame/frame_passes.h"
@@ -78,15 +77,33 @@ public:
                     masks_[k][static_cast<std::size_t>(d - '0')][hit] =
                         std::string(MaskOf(kCarried[k], {&d, 1}, hit, buffer));
     }
-    std::string_view Mask(std::size_t k, std::string_view digit, bool hit,
-                          MaskBuffer& buffer) const {
-        if (digit.size() == 1 && IsDigit(digit[0]))
-            return masks_[k][static_cast<std::size_t>(digit[0] - '0')][hit];
-        return MaskOf(kCarried[k], digit, hit, buffer);
+    // The mask as text, for a digit of the table.
+    const std::string& Mask(std::size_t k, int digit, bool hit) const {
+        return masks_[k][static_cast<std::size_t>(digit)][hit];
     }
 
 private:
     std::array<std::array<std::array<std::string, 2>, 10>, kCarried.size()> masks_;
+};
+
+// The masks of the table made ready for one sheet, so that writing one is a store.
+class MaskKeys {
+public:
+    MaskKeys(ReportSheet& sheet, const MaskTable& masks) {
+        for (std::size_t k = 0; k < kCarried.size(); ++k)
+            for (int d = 0; d <= 9; ++d)
+                for (bool hit : {false, true})
+                    keys_[k][static_cast<std::size_t>(d)][hit] =
+                        sheet.Prepare(masks.Mask(k, d, hit));
+    }
+    // The key of the mask of `digit`, or nullptr for a digit the table lacks.
+    const ReportSheet::TextKey* Find(std::size_t k, std::string_view digit, bool hit) const {
+        if (digit.size() != 1 || !IsDigit(digit[0])) return nullptr;
+        return &keys_[k][static_cast<std::size_t>(digit[0] - '0')][hit];
+    }
+
+private:
+    std::array<std::array<std::array<ReportSheet::TextKey, 2>, 10>, kCarried.size()> keys_;
 };
 
 // Column 0's date: the number-to-text rule, which writes a date of plain digits without a leading
@@ -104,17 +121,53 @@ void WriteDate(ReportSheet& sheet, int row, const std::string& date) {
     }
 }
 
-// The second pass over the drawings, as the frame's fill makes it, but with the date alone in
-// column 0: writing each whole drawing label only to replace it would cost as much again.
-void FillDatesAndDigits(ReportSheet& sheet, std::span<const DrawRecord> drawings) {
-    sheet.ReserveLabels(drawings.size());
-    ReadDrawings(drawings, [&](int row, const DrawRecord& record, CurrentDigits& digits) {
-        WriteDate(sheet, row, record.date);
-        for (std::size_t i = 0; i < 3; ++i)
-            sheet.SetNumber(row, static_cast<int>(i) + 1, digits[i]);
-    });
+// The masks of row `row`, each compared with the digit of its position in the row. Compared as
+// texts: both cells hold numbers, alike exactly when their texts are.
+void MaskRow(ReportSheet& sheet, int row, const MaskKeys& keys) {
+    ReportSheet::NumberDigits digitText;
+    MaskBuffer mask;
+    std::array<int, kCarried.size()> hitCols;
+    std::size_t hits = 0;
+    for (std::size_t k = 0; k < kCarried.size(); ++k) {
+        const CarriedDigit& carried = kCarried[k];
+        const std::string_view digit = sheet.TextView(row, carried.col, digitText);
+        const bool hit = sheet.SameText(row, carried.col, row, carried.positionCol);
+        if (const ReportSheet::TextKey* key = keys.Find(k, digit, hit))
+            sheet.SetText(row, carried.col, *key);
+        else
+            sheet.SetText(row, carried.col, MaskOf(carried, digit, hit, mask));
+        // Which digits come back is random: the hit cells are gathered and coloured together.
+        hitCols[hits] = carried.col;
+        hits += hit;
+    }
+    sheet.SetBackColor(row, std::span(hitCols).first(hits), colours::kHit);
 }
 
+// The group texts of row `row`, by the colours its masks now show.
+struct GroupTexts {
+    ReportSheet::TextKey first;
+    ReportSheet::TextKey second;
+    ReportSheet::TextKey either;
+};
+
+void MarkGroups(ReportSheet& sheet, int row, const GroupTexts& texts) {
+    int first = 0;
+    int second = 0;
+    for (int c = kFirstCarriedCol; c <= kLastCarriedCol; ++c) {
+        const bool hit = sheet.BackColor(row, c) == colours::kHit;
+        if (c <= kLastFirstGroupCarriedCol)
+            first += hit;
+        else
+            second += hit;
+    }
+    if (first > 0) sheet.SetText(row, kFirstGroupCol, texts.first);
+    if (second > 0) sheet.SetText(row, kSecondGroupCol, texts.second);
+    if (first > 0 || second > 0) sheet.SetText(row, kEitherGroupCol, texts.either);
+}
+
+// The drawings as the frame's fill reads them, but with the date alone in column 0: writing each
+// whole drawing label only to replace it would cost as much again. Each row is worked while it
+// is at hand: its digits carried to the next row, then its own masks and groups.
 void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.SetCols(kCols);
     sheet.SetColWidth(0, 860);
@@ -125,65 +178,40 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 5, 4);
-    FillDatesAndDigits(sheet, drawings.first(static_cast<std::size_t>(drawCount)));
+
+    static const MaskTable masks;
+    const MaskKeys keys(sheet, masks);
+    const GroupTexts groupTexts{.first = sheet.Prepare("(1)+(2)+(3)YES"),
+                                .second = sheet.Prepare("(4)+(5)+(6)YES"),
+                                .either = sheet.Prepare("(1)-----(6)YES")};
+    drawings = drawings.first(static_cast<std::size_t>(drawCount));
+    sheet.ReserveLabels(drawings.size());
+    ReadDrawings(drawings, [&](int row, const DrawRecord& record, CurrentDigits& digits) {
+        WriteDate(sheet, row, record.date);
+        for (std::size_t i = 0; i < 3; ++i)
+            sheet.SetNumber(row, static_cast<int>(i) + 1, digits[i]);
+        // Each drawing's digits go to the row after it, the last drawing's to the next drawing's
+        // row.
+        for (const CarriedDigit& carried : kCarried)
+            sheet.SetNumber(row + 1, carried.col, sheet.CellNumber(row, carried.fromCol));
+        if (row < 2) return;
+        MaskRow(sheet, row, keys);
+        MarkGroups(sheet, row, groupTexts);
+    });
 
     HeadDigitColumns(sheet);
     for (const CarriedDigit& carried : kCarried)
         sheet.SetText(0, carried.col, carried.header);
     sheet.SetCurrentCell(drawCount + 1, 1);
 
-    // Each drawing's digits go to the row after it, the last drawing's to the next drawing's row.
-    for (int r = 1; r <= drawCount; ++r)
-        for (const CarriedDigit& carried : kCarried)
-            sheet.SetNumber(r + 1, carried.col, sheet.CellNumber(r, carried.fromCol));
-
-    static const MaskTable masks;
-    ReportSheet::NumberDigits digitText;
-    MaskBuffer mask;
-    for (int r = 2; r <= drawCount; ++r) {
-        for (std::size_t k = 0; k < kCarried.size(); ++k) {
-            const CarriedDigit& carried = kCarried[k];
-            const std::string_view digit = sheet.TextView(r, carried.col, digitText);
-            // Compared as texts: both cells hold numbers, alike exactly when their texts are.
-            const bool hit = sheet.SameText(r, carried.col, r, carried.positionCol);
-            sheet.SetText(r, carried.col, masks.Mask(k, digit, hit, mask));
-            if (hit) sheet.SetBackColor(r, carried.col, colours::kHit);
-        }
-    }
-
     // The next drawing's row always gets its masks; with no drawing nothing was carried there, so
     // they are masks of empty digits, the stars alone.
     const int next = drawCount + 1;
+    ReportSheet::NumberDigits digitText;
+    MaskBuffer mask;
     for (const CarriedDigit& carried : kCarried)
         sheet.SetText(next, carried.col,
                       MaskOf(carried, sheet.TextView(next, carried.col, digitText), false, mask));
-
-    // Which groups hit in each row, from the cells' colours; the texts are then written a column
-    // at a time, one text over and over.
-    enum : unsigned char { kFirstHit = 1, kSecondHit = 2 };
-    std::vector<unsigned char> groups(static_cast<std::size_t>(std::max(drawCount + 1, 0)), 0);
-    for (int r = 2; r <= drawCount; ++r) {
-        short first = 0;
-        short second = 0;
-        for (int c = kFirstCarriedCol; c <= kLastCarriedCol; ++c) {
-            if (sheet.BackColor(r, c) != colours::kHit) continue;
-            if (c <= kLastFirstGroupCarriedCol)
-                ++first;
-            else
-                ++second;
-        }
-        groups[static_cast<std::size_t>(r)] =
-            static_cast<unsigned char>((first > 0 ? kFirstHit : 0) | (second > 0 ? kSecondHit : 0));
-    }
-    for (int r = 2; r <= drawCount; ++r)
-        if (groups[static_cast<std::size_t>(r)] & kFirstHit)
-            sheet.SetText(r, kFirstGroupCol, "(1)+(2)+(3)YES");
-    for (int r = 2; r <= drawCount; ++r)
-        if (groups[static_cast<std::size_t>(r)] & kSecondHit)
-            sheet.SetText(r, kSecondGroupCol, "(4)+(5)+(6)YES");
-    for (int r = 2; r <= drawCount; ++r)
-        if (groups[static_cast<std::size_t>(r)] != 0)
-            sheet.SetText(r, kEitherGroupCol, "(1)-----(6)YES");
 
     sheet.SetTopRow(sheet.Rows() - 1);
 }

@@ -1,6 +1,8 @@
 #include "reports/recommended_digits/digit_forecasts.h"
 
+#include <algorithm>
 #include <array>
+#include <stdexcept>
 
 namespace numarel {
 
@@ -22,19 +24,20 @@ namespace {
 // values as counters tell apart away from the counter's ends; any other cell is left to the sheet.
 class DrawnDigits {
 public:
-    DrawnDigits(ReportSheet& sheet, int row) : sheet_(sheet), row_(row) {
-        const ReportSheet::RowRun drawn = sheet.Run(row, 1, 3);
-        for (int p = 0; p < 3; ++p) {
+    // `cells` is the row from column 0 on.
+    DrawnDigits(const ReportSheet& sheet, int row, const ReportSheet::RowRun& cells)
+        : sheet_(sheet), row_(row), cells_(cells) {
+        for (int p = 1; p <= 3; ++p) {
             // A text, or a number at a counter's end, never matches by value.
-            const bool number = p < drawn.Count() && drawn.HoldsNumber(p);
-            values_[static_cast<std::size_t>(p)] = number ? drawn.CellNumber(p) : kNoValue;
+            const bool number = p < cells.Count() && cells.HoldsNumber(p);
+            values_[static_cast<std::size_t>(p - 1)] = number ? cells.CellNumber(p) : kNoValue;
         }
     }
 
     // True when the cell in column `col` holds the text of at least one drawn digit.
     bool Holds(int col) const {
-        if (sheet_.HoldsNumber(row_, col)) {
-            const int value = sheet_.CellNumber(row_, col);
+        if (col < cells_.Count() && cells_.HoldsNumber(col)) {
+            const int value = cells_.CellNumber(col);
             // Drawn digits are random: no branch to mispredict.
             if (value != kNoValue && value != 32767)
                 return (value == values_[0]) | (value == values_[1]) | (value == values_[2]);
@@ -48,31 +51,67 @@ private:
     static constexpr int kNoValue = -32768;
     const ReportSheet& sheet_;
     int row_;
+    ReportSheet::RowRun cells_;
     std::array<int, 3> values_{};
 };
 
 }  // namespace
 
-void JudgeForecasts(ReportSheet& sheet, std::span<const ForecastBlock> blocks) {
-    const int drawCount = sheet.DrawCount();
-    for (int r = 1; r <= drawCount; ++r) {
-        const DrawnDigits drawn(sheet, r);
-        for (const ForecastBlock& block : blocks) {
-            if (r < block.firstJudgedRow) continue;
-            bool hit = false;
+ForecastJudge::ForecastJudge(ReportSheet& sheet, std::span<const ForecastBlock> blocks)
+    : sheet_(sheet), blocks_(blocks), marker_(sheet.Prepare("-Y-")) {
+    std::size_t cells = 0;
+    for (const ForecastBlock& block : blocks) {
+        lastCol_ = std::max({lastCol_, block.lastCol, block.markerCol});
+        cells += static_cast<std::size_t>(std::max(0, block.lastCol - block.firstCol + 1));
+    }
+    if (blocks.size() > kMaxBlocks || cells > kMaxCells)
+        throw std::length_error("more forecast cells than a row's judgement holds");
+}
+
+// Which forecast digits were drawn is random: rather than branch on each comparison, the row's
+// hit cells and markers are gathered first, and each colour is then written over the cells
+// gathered for it, consecutive blocks of one colour together.
+void ForecastJudge::JudgeRow(int row) {
+    if (row > sheet_.DrawCount()) return;  // the next drawing's row is never judged
+    const ReportSheet::RowRun cells = sheet_.Run(row, 0, lastCol_);
+    const DrawnDigits drawn(sheet_, row, cells);
+    std::array<int, kMaxCells> hitCols;
+    std::array<int, kMaxBlocks> markerCols;
+    std::array<int, kMaxBlocks> blockHits{};
+    std::size_t hits = 0;
+    std::size_t marked = 0;
+    for (std::size_t b = 0; b < blocks_.size(); ++b) {
+        const ForecastBlock& block = blocks_[b];
+        if (row >= block.firstJudgedRow) {
+            int found = 0;
             for (int c = block.firstCol; c <= block.lastCol; ++c) {
-                if (!drawn.Holds(c)) continue;
-                sheet.SetBackColor(r, c, block.hitColour);
-                hit = true;
+                const bool holds = drawn.Holds(c);
+                hitCols[hits] = c;
+                hits += holds;
+                found += holds;
             }
-            if (hit) sheet.SetText(r, block.markerCol, "-Y-");
-            if (block.pairColour == kDefaultColour || r < block.firstPairRow) continue;
-            // The hits are counted from the colours the cells now show.
-            int hits = 0;
-            for (int c = block.firstCol; c <= block.lastCol; ++c)
-                if (sheet.BackColor(r, c) == block.hitColour) ++hits;
-            if (hits >= 2) sheet.SetBackColor(r, block.markerCol, block.pairColour);
+            blockHits[b] = found;
+            markerCols[marked] = block.markerCol;
+            marked += found > 0;
         }
+        if (b + 1 == blocks_.size() || blocks_[b + 1].hitColour != block.hitColour) {
+            sheet_.SetBackColor(row, std::span(hitCols).first(hits), block.hitColour);
+            hits = 0;
+        }
+    }
+    for (std::size_t i = 0; i < marked; ++i)
+        sheet_.SetText(row, markerCols[i], marker_);
+
+    // The hits are counted from the colours the cells now show, in the blocks with two cells
+    // found: no other block can show two.
+    for (std::size_t b = 0; b < blocks_.size(); ++b) {
+        const ForecastBlock& block = blocks_[b];
+        if (block.pairColour == kDefaultColour || row < block.firstPairRow || blockHits[b] < 2)
+            continue;
+        int colouredHits = 0;
+        for (int c = block.firstCol; c <= block.lastCol; ++c)
+            colouredHits += sheet_.BackColor(row, c) == block.hitColour;
+        if (colouredHits >= 2) sheet_.SetBackColor(row, block.markerCol, block.pairColour);
     }
 }
 

@@ -36,9 +36,23 @@ struct ForecastBlock {
     int firstPairRow = 0;
 };
 
-// Judges each block on its rows `firstJudgedRow` to DrawCount: a forecast cell whose text equals
-// the text of a drawn digit (columns 1 to 3) gets the hit colour and its row the marker; then the
-// pair colour.
-void JudgeForecasts(ReportSheet& sheet, std::span<const ForecastBlock> blocks);
+// Judges forecast blocks row by row, so that a report judges each row while it is at hand: on the
+// rows `firstJudgedRow` to DrawCount, a forecast cell whose text equals the text of a drawn digit
+// (columns 1 to 3) gets the hit colour and its row the marker; then the pair colour.
+class ForecastJudge {
+public:
+    ForecastJudge(ReportSheet& sheet, std::span<const ForecastBlock> blocks);
+    // Judges the blocks on `row`, whose drawn digits and forecasts are written.
+    void JudgeRow(int row);
+
+private:
+    // The most blocks, and forecast cells in all, that a judge takes.
+    static constexpr std::size_t kMaxBlocks = 8;
+    static constexpr std::size_t kMaxCells = 24;
+    ReportSheet& sheet_;
+    std::span<const ForecastBlock> blocks_;
+    ReportSheet::TextKey marker_;
+    int lastCol_ = 0;  // the last column a block reads or marks
+};
 
 }  // namespace numarel

@@ -42,9 +42,10 @@ constexpr SheetColumn kColumns[] = {
     {860, "  Y/N"},
 };
 
-// A count of found digits followed by two blanks. A group holds each digit once and a drawn
-// digit is one character, so no more than three are found.
-constexpr std::string_view kFoundTexts[] = {"0  ", "1  ", "2  ", "3  "};
+// A result by the count of found digits: "  -N-" for none, else the count followed by two
+// blanks. A group holds each digit once and a drawn digit is one character, so no more than
+// three are found.
+constexpr std::string_view kResultTexts[] = {"  -N-", "1  ", "2  ", "3  "};
 
 // The drawn digits of a row (columns 1 to 3) as a group's characters are compared with them: how
 // often each digit character was drawn, four bits per digit. A drawn text longer than one
@@ -67,7 +68,7 @@ public:
         if (allDigits_) {
             // A character that is no digit was not drawn.
             for (char c : group)
-                if (IsDigit(c)) found += static_cast<int>((counts_ >> (4 * (c - '0'))) & 15);
+                if (IsDigit(c)) found += static_cast<int>(CountOf(c));
             return found;
         }
         for (std::string_view digit : drawn_)
@@ -76,72 +77,117 @@ public:
         return found;
     }
 
+    // FoundIn for a group held as a number from 100 to 999, whose text is its three digits.
+    int FoundInNumber(int value) const {
+        const char text[3] = {static_cast<char>('0' + value / 100),
+                              static_cast<char>('0' + value / 10 % 10),
+                              static_cast<char>('0' + value % 10)};
+        if (!allDigits_) return FoundIn({text, 3});
+        return static_cast<int>(CountOf(text[0]) + CountOf(text[1]) + CountOf(text[2]));
+    }
+
 private:
     static bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+    std::uint64_t CountOf(char digit) const { return (counts_ >> (4 * (digit - '0'))) & 15; }
     const std::string_view (&drawn_)[3];
     std::uint64_t counts_ = 0;
     bool allDigits_ = true;  // every one-character drawn text is a digit
 };
 
-// The group texts of each drawn number, each worked out once: the numbers of a history are those
-// of 000 to 999, drawn again and again. nullptr where the formula fails.
+// The group texts of each drawn number, each worked out once and made ready for the sheet: the
+// numbers of a history are those of 000 to 999, drawn again and again. No key where the formula
+// fails.
 class GroupTexts {
 public:
-    using Texts = std::array<const std::string*, std::size(kGroups)>;
-    const Texts& operator()(double n) {
+    using Keys = std::array<std::optional<ReportSheet::TextKey>, std::size(kGroups)>;
+    explicit GroupTexts(ReportSheet& sheet) : sheet_(sheet) {}
+    const Keys& operator()(double n) {
         const bool common = n >= 0 && n < static_cast<double>(kCommonNumbers) && n == std::floor(n);
-        Texts& texts = common ? byNumber_[static_cast<std::size_t>(n)] : other_;
-        if (common && known_[static_cast<std::size_t>(n)]) return texts;
+        Keys& keys = common ? byNumber_[static_cast<std::size_t>(n)] : other_;
+        if (common && known_[static_cast<std::size_t>(n)]) return keys;
         for (std::size_t g = 0; g < std::size(kGroups); ++g) {
             const std::optional<double> value = kGroups[g].formula(n);
-            texts[g] = value ? &leadingThree_(*value) : nullptr;
+            keys[g] = value ? std::optional(sheet_.Prepare(leadingThree_(*value))) : std::nullopt;
         }
         if (common) known_[static_cast<std::size_t>(n)] = true;
-        return texts;
+        return keys;
     }
 
 private:
     static constexpr std::size_t kCommonNumbers = 1000;
-    LeadingDigitsMemo leadingThree_{3};  // keeps the texts the pointers name
-    std::array<Texts, kCommonNumbers> byNumber_{};
+    ReportSheet& sheet_;
+    LeadingDigitsMemo leadingThree_{3};  // keeps the texts the keys name
+    std::array<Keys, kCommonNumbers> byNumber_{};
     std::array<bool, kCommonNumbers> known_{};
-    Texts other_{};
+    Keys other_{};
 };
 
+// The texts of the results, made ready for the sheet, by the count found.
+class ResultTexts {
+public:
+    explicit ResultTexts(ReportSheet& sheet) {
+        for (std::size_t k = 0; k < texts_.size(); ++k)
+            texts_[k] = sheet.Prepare(kResultTexts[k]);
+    }
+    const ReportSheet::TextKey& Of(int found) const {
+        return texts_[static_cast<std::size_t>(std::min(found, 3))];
+    }
+
+private:
+    std::array<ReportSheet::TextKey, std::size(kResultTexts)> texts_;
+};
+
+// Judges the groups that stand on row `row` against its drawing. How many digits are found is
+// random: the cells with more than one are gathered and coloured together.
+void JudgeGroups(ReportSheet& sheet, int row, const ResultTexts& results) {
+    ReportSheet::NumberDigits digitText[3];
+    ReportSheet::NumberDigits groupText;
+    const std::string_view drawn[3] = {sheet.TextView(row, 1, digitText[0]),
+                                       sheet.TextView(row, 2, digitText[1]),
+                                       sheet.TextView(row, 3, digitText[2])};
+    const DrawnCharacters drawnCharacters(drawn);
+    std::array<int, std::size(kGroups)> severalCols;
+    std::size_t several = 0;
+    for (const DigitGroup& group : kGroups) {
+        // A group of three digits without a leading 0 is held as a number.
+        const int value = sheet.HoldsNumber(row, group.col) ? sheet.CellNumber(row, group.col) : 0;
+        const int found = value >= 100 && value <= 999
+                              ? drawnCharacters.FoundInNumber(value)
+                              : drawnCharacters.FoundIn(sheet.TextView(row, group.col, groupText));
+        sheet.SetText(row, group.col + 1, results.Of(found));
+        severalCols[several] = group.col + 1;
+        several += found > 1;
+    }
+    sheet.SetBackColor(row, std::span(severalCols).first(several), kSeveralHits);
+}
+
+// The groups that the number of the drawing of row `row` gives the next row.
+void WriteGroups(ReportSheet& sheet, int row, GroupTexts& groupTexts) {
+    ReportSheet::NumberDigits labelDigits;
+    const double n = DrawnNumber(sheet.TextView(row, 0, labelDigits));
+    const GroupTexts::Keys& keys = groupTexts(n);
+    for (std::size_t g = 0; g < std::size(kGroups); ++g)
+        if (keys[g]) sheet.SetText(row + 1, kGroups[g].col, *keys[g]);
+}
+
+// Each drawing's row is worked while it is at hand, and with it the row before, still at hand
+// too: the groups from the drawing before, then their judgement.
 void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     SetColumns(sheet, kColumns);
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
-    FillSheet(sheet, drawings);
 
-    auto groupTexts = std::make_unique<GroupTexts>();
-    ReportSheet::NumberDigits labelDigits;
-    for (int r = 1; r <= drawCount; ++r) {
-        const double n = DrawnNumber(sheet.TextView(r, 0, labelDigits));
-        const GroupTexts::Texts& texts = (*groupTexts)(n);
-        for (std::size_t g = 0; g < std::size(kGroups); ++g)
-            if (texts[g]) sheet.SetText(r + 1, kGroups[g].col, *texts[g]);
-    }
+    auto groupTexts = std::make_unique<GroupTexts>(sheet);
+    const ResultTexts results(sheet);
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits&) {
+        if (row < 2) return;
+        WriteGroups(sheet, row - 1, *groupTexts);
+        JudgeGroups(sheet, row, results);
+    });
+    if (drawCount >= 1) WriteGroups(sheet, drawCount, *groupTexts);
 
     WriteHeaders(sheet, kColumns);
     FinishLoad(sheet);
-
-    ReportSheet::NumberDigits digitText[3];
-    ReportSheet::NumberDigits groupText;
-    for (int r = 2; r <= drawCount; ++r) {
-        const std::string_view drawn[3] = {sheet.TextView(r, 1, digitText[0]),
-                                           sheet.TextView(r, 2, digitText[1]),
-                                           sheet.TextView(r, 3, digitText[2])};
-        const DrawnCharacters drawnCharacters(drawn);
-        for (const DigitGroup& group : kGroups) {
-            const int found = drawnCharacters.FoundIn(sheet.TextView(r, group.col, groupText));
-            if (found > 0)
-                sheet.SetText(r, group.col + 1, kFoundTexts[std::min(found, 3)]);
-            else
-                sheet.SetText(r, group.col + 1, "  -N-");
-            if (found > 1) sheet.SetBackColor(r, group.col + 1, kSeveralHits);
-        }
-    }
 }
 
 }  // namespace

@@ -44,50 +44,83 @@ std::optional<short> WeightedSum(int a, int b, int c) {
     return static_cast<short>(sum);
 }
 
-// The forecast runs over the rows that the drawings file still holds when read again, which are
-// the drawings in the sheet. A sum that overflows leaves the forecast of the row before.
-void ForecastByWeightedSum(ReportSheet& sheet, std::span<const DrawRecord> drawings) {
-    const int drawCount = sheet.DrawCount();
-    const int rowsRead = std::min(drawCount, static_cast<int>(ReportDrawCount(drawings)));
-    short x = 0;
-    for (int r = 1; r <= rowsRead; ++r) {
-        if (auto sum =
-                WeightedSum(sheet.CellNumber(r, 1), sheet.CellNumber(r, 2), sheet.CellNumber(r, 3)))
-            x = static_cast<short>(*sum % 10);
-        sheet.SetNumber(r + 1, kForecastCol, x);
-        if (r + 1 > drawCount) continue;
-        int drawn = 0;
-        for (int p = 1; p <= 3; ++p)
-            if (sheet.CellNumber(r + 1, p) == x) ++drawn;
-        sheet.SetText(r + 1, kJudgementCol, kDrawnCounts[static_cast<std::size_t>(drawn)]);
-    }
-    for (int r = 1; r <= drawCount; ++r) {
-        if (sheet.CellNumber(r, kJudgementCol) > 0) {
-            sheet.SetText(r, kJudgementCol, "-Y-");
-            sheet.SetBackColor(r, kJudgementCol, colours::kHit);
-        } else {
-            sheet.SetText(r, kJudgementCol, "-N-");
-        }
-    }
+// A date of plain digits that starts with a digit other than 0 reads as a number other than 0:
+// the common case is told without reading the date as a number.
+bool IsEndOfDrawings(const DrawRecord& record) {
+    const std::string& date = record.date;
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (!date.empty() && date[0] != '0' && std::all_of(date.begin(), date.end(), isDigit))
+        return false;
+    return IsEndMarker(record);
 }
 
-// An H outside 0 to 9 has no line in the table and leaves the next row without a forecast.
-void ForecastByHundredsTable(ReportSheet& sheet) {
-    const int drawCount = sheet.DrawCount();
-    for (int r = 1; r <= drawCount; ++r) {
-        const short h = sheet.CellNumber(r, 1);
-        if (h >= 0 && h <= 9)
-            sheet.SetNumber(r + 1, kForecastCol, kDigitForHundreds[static_cast<std::size_t>(h)]);
+// The forecast by weighted sum, worked on each drawing's row while it is at hand: the count of
+// the forecast the row before gave, its judgement, and the forecast for the next row.
+//
+// The forecast runs over the rows that the drawings file still holds when read again, which are
+// the drawings before the first end marker. A sum that overflows leaves the forecast of the row
+// before.
+class WeightedSumForecast {
+public:
+    WeightedSumForecast(ReportSheet& sheet, std::span<const DrawRecord> drawings)
+        : sheet_(sheet),
+          drawings_(drawings),
+          yes_(sheet.Prepare("-Y-")),
+          no_(sheet.Prepare("-N-")) {
+        for (std::size_t i = 0; i < counts_.size(); ++i)
+            counts_[i] = sheet.Prepare(kDrawnCounts[i]);
     }
-    for (int r = 2; r <= drawCount; ++r) {
-        const std::string forecast = sheet.Text(r, kForecastCol);
+
+    void WorkRow(int r) {
+        const bool forecastBefore = r >= 2 && !ended_;
+        ended_ = ended_ || IsEndOfDrawings(drawings_[static_cast<std::size_t>(r - 1)]);
+        // How many digits of this row are the forecast the row before gave.
+        if (forecastBefore) {
+            int drawn = 0;
+            for (int p = 1; p <= 3; ++p)
+                if (sheet_.CellNumber(r, p) == x_) ++drawn;
+            sheet_.SetText(r, kJudgementCol, counts_[static_cast<std::size_t>(drawn)]);
+        }
+        if (!ended_) {
+            if (auto sum = WeightedSum(sheet_.CellNumber(r, 1), sheet_.CellNumber(r, 2),
+                                       sheet_.CellNumber(r, 3)))
+                x_ = static_cast<short>(*sum % 10);
+            sheet_.SetNumber(r + 1, kForecastCol, x_);
+        }
+        // The judgement reads the count back and writes over it.
+        if (sheet_.CellNumber(r, kJudgementCol) > 0) {
+            sheet_.SetText(r, kJudgementCol, yes_);
+            sheet_.SetBackColor(r, kJudgementCol, colours::kHit);
+        } else {
+            sheet_.SetText(r, kJudgementCol, no_);
+        }
+    }
+
+private:
+    ReportSheet& sheet_;
+    std::span<const DrawRecord> drawings_;
+    bool ended_ = false;  // an end marker was read
+    short x_ = 0;
+    ReportSheet::TextKey yes_;
+    ReportSheet::TextKey no_;
+    std::array<ReportSheet::TextKey, std::size(kDrawnCounts)> counts_;
+};
+
+// The forecast by the table, worked on each drawing's row: the judgement of the forecast the row
+// before gave, then the forecast for the next row. An H outside 0 to 9 has no line in the table
+// and leaves the next row without a forecast.
+void WorkRowByHundredsTable(ReportSheet& sheet, int r, const ReportSheet::TextKey& yes) {
+    if (r >= 2) {
         for (int p = 1; p <= 3; ++p) {
-            if (sheet.TextIs(r, p, forecast)) {
-                sheet.SetText(r, kJudgementCol, "-Y-");
+            if (sheet.SameText(r, p, r, kForecastCol)) {
+                sheet.SetText(r, kJudgementCol, yes);
                 sheet.SetBackColor(r, kJudgementCol, colours::kHit);
             }
         }
     }
+    const short h = sheet.CellNumber(r, 1);
+    if (h >= 0 && h <= 9)
+        sheet.SetNumber(r + 1, kForecastCol, kDigitForHundreds[static_cast<std::size_t>(h)]);
 }
 
 void Build(Method method, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
@@ -101,17 +134,19 @@ void Build(Method method, std::span<const DrawRecord> drawings, ReportSheet& she
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
-    FillSheet(sheet, drawings);
+    if (method == Method::WeightedSum) {
+        WeightedSumForecast forecast(sheet, drawings);
+        FillSheet(sheet, drawings, [&](int row, CurrentDigits&) { forecast.WorkRow(row); });
+    } else {
+        const ReportSheet::TextKey yes = sheet.Prepare("-Y-");
+        FillSheet(sheet, drawings,
+                  [&](int row, CurrentDigits&) { WorkRowByHundredsTable(sheet, row, yes); });
+    }
 
     HeadDigitColumns(sheet);
     sheet.SetText(0, kForecastCol, "1 digit");
     sheet.SetText(0, kJudgementCol, "Y/N");
     FinishLoad(sheet);
-
-    if (method == Method::WeightedSum)
-        ForecastByWeightedSum(sheet, drawings);
-    else
-        ForecastByHundredsTable(sheet);
 }
 
 }  // namespace

@@ -1,7 +1,10 @@
 // Recommend 3 digits: forecasts of three digits derived from each drawing, written on the row of
 // the drawing they forecast and judged there; the last drawing's forecast is the recommendation.
+#include <algorithm>
 #include <array>
 #include <climits>
+#include <deque>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -131,16 +134,15 @@ DigitTriple LongestMissing(ReportSheet& sheet, int row, int chartCol) {
     const ReportSheet::RowRun chart = sheet.Run(row, chartCol, chartCol + 9);
     for (int d = 0; d < 10; ++d) {
         // A cell outside the sheet reads as empty, a Miss of 0.
-        const short miss = d >= chart.Count() || chart.TextIs(d, "*") ? 0 : chart.CellNumber(d);
+        short miss = 0;
+        if (d < chart.Count())
+            miss = chart.HoldsNumber(d) || !chart.TextIs(d, "*") ? chart.CellNumber(d) : 0;
+        // The rank goes in at its place and the smallest drops out, without a branch: which
+        // digits were drawn is random. No two ranks are equal, as their digits differ.
         const int rank = miss * 16 + d;
-        if (rank < top[0]) continue;
-        if (rank < top[1]) {
-            top[0] = rank;
-        } else if (rank < top[2]) {
-            top = {top[1], rank, top[2]};
-        } else {
-            top = {top[1], top[2], rank};
-        }
+        const int below2 = std::min(top[2], rank);
+        const int below1 = std::min(top[1], below2);
+        top = {std::max(top[0], below1), std::max(top[1], below2), std::max(top[2], rank)};
     }
     DigitTriple digits{};
     for (std::size_t i = 0; i < 3; ++i)
@@ -148,86 +150,175 @@ DigitTriple LongestMissing(ReportSheet& sheet, int row, int chartCol) {
     return digits;
 }
 
-void Derive(ReportSheet& sheet, const ThreeDigitReport& report, const ThreeDigitForecast& f) {
-    const int drawCount = sheet.DrawCount();
+// Writes the forecast derived from the drawing of row `row` into row `row` + 1.
+void Derive(ReportSheet& sheet, const ThreeDigitReport& report, const ThreeDigitForecast& f,
+            int row) {
     const int col = f.block.firstCol;
-    for (int r = f.firstSourceRow; r <= drawCount; ++r) {
-        switch (f.derivation) {
-            case Derivation::ByUnits:
-            case Derivation::BySum: {
-                // A value without a line of the table leaves the next row without a forecast.
-                const int value =
-                    f.derivation == Derivation::ByUnits
-                        ? sheet.CellNumber(r, 3)
-                        : sheet.CellNumber(r, 1) + sheet.CellNumber(r, 2) + sheet.CellNumber(r, 3);
-                if (value >= 0 && value < static_cast<int>(f.table.size()))
-                    WriteTriple(sheet, r + 1, col, f.table[static_cast<std::size_t>(value)]);
-                break;
-            }
-            case Derivation::LongestMisses: {
-                WriteTriple(sheet, r + 1, col, LongestMissing(sheet, r, report.missChartCol));
-                break;
-            }
+    switch (f.derivation) {
+        case Derivation::ByUnits:
+        case Derivation::BySum: {
+            // A value without a line of the table leaves the next row without a forecast.
+            const int value = f.derivation == Derivation::ByUnits
+                                  ? sheet.CellNumber(row, 3)
+                                  : sheet.CellNumber(row, 1) + sheet.CellNumber(row, 2) +
+                                        sheet.CellNumber(row, 3);
+            if (value >= 0 && value < static_cast<int>(f.table.size()))
+                WriteTriple(sheet, row + 1, col, f.table[static_cast<std::size_t>(value)]);
+            break;
+        }
+        case Derivation::LongestMisses: {
+            WriteTriple(sheet, row + 1, col, LongestMissing(sheet, row, report.missChartCol));
+            break;
         }
     }
 }
 
-// "Just hit" where every distinct digit of a drawing with two or three of them was forecast.
-void MarkWholeDrawingsForecast(ReportSheet& sheet, const ThreeDigitReport& report) {
+// The miss chart of a drawing's row: "*" where a digit was drawn, and in each cell still empty
+// the number of drawings since the digit's last hit, counting this one, in its own fore colour.
+class MissChart {
+public:
+    MissChart(ReportSheet& sheet, int firstCol) : sheet_(sheet), firstCol_(firstCol) {
+        if (firstCol >= 0) star_ = sheet.Prepare("*");
+    }
+
+    // A digit outside 0 to 9 puts its star outside the chart, where it may meet a forecast
+    // cell: the forecast, which the row before gave already, stays there, as it would be written
+    // over the star if the forecasts came after the whole chart.
+    void WriteRow(int row, const CurrentDigits& digits, std::span<const ForecastBlock> blocks) {
+        for (short d : digits) {
+            const int col = firstCol_ + d;
+            if ((d < 0 || d > 9) && HoldsForecast(row, col, blocks)) continue;
+            sheet_.SetText(row, col, star_);
+        }
+        // Which cells are empty is random: they are gathered with their Miss numbers first, and
+        // the counters move on, without a branch; then the gathered cells are written.
+        ReportSheet::RowRun chart = sheet_.Run(row, firstCol_, firstCol_ + 9);
+        std::array<int, 10> emptyCells;
+        std::array<short, 10> misses;
+        std::size_t empty = 0;
+        for (int i = 0; i < chart.Count(); ++i) {
+            short& counter = counters_[static_cast<std::size_t>(i)];
+            const bool isEmpty = chart.IsEmpty(i);
+            emptyCells[empty] = i;
+            misses[empty] = counter;
+            empty += isEmpty;
+            counter = isEmpty ? static_cast<short>(counter + 1) : short{1};
+        }
+        for (std::size_t k = 0; k < empty; ++k) {
+            sheet_.SetForeColor(row, firstCol_ + emptyCells[k], kMissChartFore);
+            chart.SetNumber(emptyCells[k], misses[k]);
+        }
+    }
+
+private:
+    bool HoldsForecast(int row, int col, std::span<const ForecastBlock> blocks) const {
+        for (const ForecastBlock& block : blocks)
+            if (col >= block.firstCol && col <= block.lastCol && !sheet_.IsEmpty(row, col))
+                return true;
+        return false;
+    }
+
+    ReportSheet& sheet_;
+    int firstCol_;
+    ReportSheet::TextKey star_;
+    std::array<short, 10> counters_ = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
+};
+
+// The texts of DistinctDigits made ready for the sheet as they are first met: the drawings of
+// the digits 0 to 9, sorted, take 220 forms.
+class DistinctDigitTexts {
+public:
+    explicit DistinctDigitTexts(ReportSheet& sheet) : sheet_(sheet) {}
+
+    void Write(int row, int col, const CurrentDigits& sorted) {
+        const bool plain =
+            std::all_of(sorted.begin(), sorted.end(), [](short d) { return d >= 0 && d <= 9; });
+        if (!plain) return sheet_.SetText(row, col, DistinctDigits(sorted));
+        const auto index = static_cast<std::size_t>(sorted[0] * 100 + sorted[1] * 10 + sorted[2]);
+        Known& known = known_[index];
+        if (!known.text) {
+            texts_.push_back(DistinctDigits(sorted));
+            known.text = &texts_.back();
+            known.key = sheet_.Prepare(*known.text);
+        }
+        sheet_.SetText(row, col, known.key);
+    }
+
+private:
+    struct Known {
+        const std::string* text = nullptr;
+        ReportSheet::TextKey key;
+    };
+    ReportSheet& sheet_;
+    std::deque<std::string> texts_;  // never moved: the keys name them
+    std::array<Known, 1000> known_{};
+};
+
+// "Just hit" on row `row` where every distinct digit of a drawing with two or three of them was
+// forecast.
+void MarkWholeDrawingForecast(ReportSheet& sheet, const ThreeDigitReport& report, int row) {
     const ForecastBlock& block = report.forecasts.front().block;
     ReportSheet::NumberDigits distinctDigits;
     ReportSheet::NumberDigits forecastDigits;
-    for (int r = 1; r <= sheet.DrawCount(); ++r) {
-        const std::string_view distinct = sheet.TextView(r, report.distinctCol, distinctDigits);
-        int found = 0;
-        for (int c = block.firstCol; c <= block.lastCol; ++c) {
-            const std::string_view trimmed = Trim(sheet.TextView(r, c, forecastDigits));
-            for (char digit : distinct)
-                if (trimmed == std::string_view(&digit, 1)) ++found;
+    const std::string_view distinct = sheet.TextView(row, report.distinctCol, distinctDigits);
+    // Each of the three forecast cells' trimmed text as one character, or none where it is
+    // longer or empty. The forecasts are digits: a number's text is one character from 0 to 9.
+    const ReportSheet::RowRun cells = sheet.Run(row, block.firstCol, block.firstCol + 2);
+    std::array<char, 3> forecast{};
+    std::array<bool, 3> single{};
+    for (std::size_t i = 0; i < forecast.size(); ++i) {
+        const int c = block.firstCol + static_cast<int>(i);
+        if (static_cast<int>(i) < cells.Count() && cells.HoldsNumber(static_cast<int>(i))) {
+            const int value = cells.CellNumber(static_cast<int>(i));
+            single[i] = value >= 0 && value <= 9;
+            forecast[i] = static_cast<char>('0' + value);
+        } else {
+            const std::string_view trimmed = Trim(sheet.TextView(row, c, forecastDigits));
+            single[i] = trimmed.size() == 1;
+            forecast[i] = single[i] ? trimmed[0] : '\0';
         }
-        if (found == 3 || (found == 2 && distinct.size() == 2)) {
-            sheet.SetText(r, report.noteCol, "Just hit");
-            sheet.SetBackColor(r, report.noteCol, colours::kHit);
-        }
+    }
+    // The drawings are random: the characters are compared without a branch on each.
+    int found = 0;
+    for (char digit : distinct)
+        for (std::size_t i = 0; i < forecast.size(); ++i)
+            found += single[i] && forecast[i] == digit;
+    if (found == 3 || (found == 2 && distinct.size() == 2)) {
+        sheet.SetText(row, report.noteCol, "Just hit");
+        sheet.SetBackColor(row, report.noteCol, colours::kHit);
     }
 }
 
+// The drawings' rows are worked one after the other while each is at hand: its miss chart and
+// distinct digits, the forecasts it gives the next row, then the judgement of the forecasts the
+// row before gave it.
 void Build(const ThreeDigitReport& report, std::span<const DrawRecord> drawings,
            ReportSheet& sheet) {
     SetColumns(sheet, report.columns);
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
-    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        if (report.missChartCol >= 0)
-            for (short d : digits)
-                sheet.SetText(row, report.missChartCol + d, "*");
-        if (report.distinctCol >= 0) {
-            SortDigits(digits);
-            sheet.SetText(row, report.distinctCol, DistinctDigits(digits));
-        }
-    });
-    if (report.missChartCol >= 0) {
-        // The cells still empty are those that get a Miss number.
-        const int lastCol = report.missChartCol + 9;
-        for (int r = 1; r <= drawCount; ++r) {
-            const ReportSheet::RowRun chart = sheet.Run(r, report.missChartCol, lastCol);
-            for (int i = 0; i < chart.Count(); ++i)
-                if (chart.IsEmpty(i))
-                    sheet.SetForeColor(r, report.missChartCol + i, kMissChartFore);
-        }
-        FillMissCounters(sheet, report.missChartCol, lastCol);
-    }
-    for (const ThreeDigitForecast& forecast : report.forecasts)
-        Derive(sheet, report, forecast);
-
-    WriteHeaders(sheet, report.columns);
-    FinishLoad(sheet);
 
     std::vector<ForecastBlock> blocks;
     for (const ThreeDigitForecast& forecast : report.forecasts)
         blocks.push_back(forecast.block);
-    JudgeForecasts(sheet, blocks);
-    if (report.noteCol >= 0) MarkWholeDrawingsForecast(sheet, report);
+    ForecastJudge judge(sheet, blocks);
+    MissChart missChart(sheet, report.missChartCol);
+    auto distinctTexts = std::make_unique<DistinctDigitTexts>(sheet);
+
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        if (report.missChartCol >= 0) missChart.WriteRow(row, digits, blocks);
+        if (report.distinctCol >= 0) {
+            SortDigits(digits);
+            distinctTexts->Write(row, report.distinctCol, digits);
+        }
+        for (const ThreeDigitForecast& forecast : report.forecasts)
+            if (row >= forecast.firstSourceRow) Derive(sheet, report, forecast, row);
+        judge.JudgeRow(row);
+        if (report.noteCol >= 0) MarkWholeDrawingForecast(sheet, report, row);
+    });
+
+    WriteHeaders(sheet, report.columns);
+    FinishLoad(sheet);
 }
 
 }  // namespace

@@ -1,11 +1,14 @@
 // Recommend 2 digits: six formulas, each giving two digits for the next drawing from a drawing's
 // number, Sum, Width or date, side by side with their track record.
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/basic_text.h"
 #include "frame/frame_passes.h"
@@ -156,48 +159,99 @@ char NextDateDigit(const ReportSheet& sheet) {
     return next.back();
 }
 
+// X1 and X2 of the value forecasts for a drawn number N and Sum S, worked out once: the drawings
+// of a long history have the numbers 000 to 999 and the Sums 0 to 27 over and over.
+class ValueForecastDigits {
+public:
+    ValueForecastDigits() : known_(kNumbers * kSums * std::size(kForecasts)) {}
+
+    // The digits of `forecast` for the drawing; empty where its formula fails.
+    std::string_view operator()(const TwoDigitForecast& forecast, const DrawingValues& values) {
+        const bool common = values.n >= 0 && values.n < kNumbers &&
+                            values.n == std::floor(values.n) && values.s >= 0 && values.s < kSums;
+        if (!common) return Work(forecast, values);
+        const auto index =
+            (static_cast<std::size_t>(values.n) * kSums + static_cast<std::size_t>(values.s)) *
+                std::size(kForecasts) +
+            static_cast<std::size_t>(&forecast - kForecasts);
+        Known& known = known_[index];
+        if (!known.worked) {
+            const std::string_view digits = Work(forecast, values);
+            known.worked = true;
+            known.size = static_cast<char>(digits.size());
+            std::copy(digits.begin(), digits.end(), known.digits.begin());
+        }
+        return {known.digits.data(), static_cast<std::size_t>(known.size)};
+    }
+
+private:
+    static constexpr int kNumbers = 1000;
+    static constexpr int kSums = 28;
+    // X1 is the first of the value's leading digits, X2 the last: the same one where there is
+    // one.
+    std::string_view Work(const TwoDigitForecast& forecast, const DrawingValues& values) {
+        const FormulaValue value = forecast.value(values);
+        if (!value) return {};
+        const std::string& digits = leadingTwo_(*value);
+        pair_ = {digits.front(), digits.back()};
+        return {pair_.data(), pair_.size()};
+    }
+    struct Known {
+        bool worked = false;
+        char size = 0;
+        std::array<char, 2> digits{};
+    };
+    LeadingDigitsMemo leadingTwo_{2};
+    std::vector<Known> known_;
+    std::array<char, 2> pair_{};
+};
+
+// The forecasts that the drawing of row `row` gives: on the next row, F on its own.
+void WriteForecasts(ReportSheet& sheet, int row, ValueForecastDigits& valueDigits) {
+    ReportSheet::NumberDigits labelDigits;
+    const std::string_view label = sheet.TextView(row, 0, labelDigits);
+    const DrawingValues values{
+        .n = DrawnNumber(label),
+        .s = sheet.CellNumber(row, kSumCol),
+        .w = sheet.CellNumber(row, kWidthCol),
+        .label = Trim(label),
+    };
+    for (const TwoDigitForecast& forecast : kForecasts) {
+        const int forecastRow = row + forecast.rowOffset;
+        if (forecast.pair) {
+            WritePair(sheet, forecastRow, forecast.firstCol, forecast.pair(values));
+        } else if (const std::string_view digits = valueDigits(forecast, values); !digits.empty()) {
+            WriteCharacter(sheet, forecastRow, forecast.firstCol, digits.front());
+            WriteCharacter(sheet, forecastRow, forecast.firstCol + 1, digits.back());
+        }
+    }
+}
+
+// Each drawing's row is worked while it is at hand: its Sum and Width, the forecasts it gives,
+// then the judgement of the forecasts that stand on it.
 void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     SetColumns(sheet, kColumns);
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
+
+    std::array<ForecastBlock, std::size(kForecasts)> blocks;
+    for (std::size_t i = 0; i < blocks.size(); ++i)
+        blocks[i] = BlockOf(kForecasts[i]);
+    ForecastJudge judge(sheet, blocks);
+    ValueForecastDigits valueDigits;
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         sheet.SetNumber(row, kSumCol, SumOf(digits));
         sheet.SetBackColor(row, kSumCol, colours::kSumWidth);
         SortDigits(digits);
         sheet.SetNumber(row, kWidthCol, WidthOf(digits));
         sheet.SetBackColor(row, kWidthCol, colours::kSumWidth);
+        WriteForecasts(sheet, row, valueDigits);
+        judge.JudgeRow(row);
     });
-
-    LeadingDigitsMemo leadingTwo(2);
-    for (int r = 1; r <= drawCount; ++r) {
-        const std::string label = sheet.Text(r, 0);
-        const DrawingValues values{
-            .n = DrawnNumber(label),
-            .s = sheet.CellNumber(r, kSumCol),
-            .w = sheet.CellNumber(r, kWidthCol),
-            .label = Trim(label),
-        };
-        for (const TwoDigitForecast& forecast : kForecasts) {
-            const int row = r + forecast.rowOffset;
-            if (forecast.pair) {
-                WritePair(sheet, row, forecast.firstCol, forecast.pair(values));
-            } else if (FormulaValue value = forecast.value(values)) {
-                // X1 is the first of the digits, X2 the last: the same one where there is one.
-                const std::string& digits = leadingTwo(*value);
-                WriteCharacter(sheet, row, forecast.firstCol, digits.front());
-                WriteCharacter(sheet, row, forecast.firstCol + 1, digits.back());
-            }
-        }
-    }
     WritePair(sheet, drawCount + 1, kDateForecastCol, PairForDateDigit(NextDateDigit(sheet)));
 
     WriteHeaders(sheet, kColumns);
     FinishLoad(sheet);
-
-    std::array<ForecastBlock, std::size(kForecasts)> blocks;
-    for (std::size_t i = 0; i < blocks.size(); ++i)
-        blocks[i] = BlockOf(kForecasts[i]);
-    JudgeForecasts(sheet, blocks);
 }
 
 }  // namespace
