@@ -42,15 +42,23 @@ DigitCounts CountDigits(std::span<const short> digits);
 // a place, a digit with count 0 included.
 std::array<short, 10> RankDigits(const DigitCounts& counts);
 
-// The back colour of a count cell.
-Rgb CountColour(short count);
+// The ranking as it slides down the sheet, for a report that works each row while it is at hand
+// (inside FillSheet's work): Rank is given the rows in order from row 1, each once its digits
+// are written.
+class SevenDrawingRanking {
+public:
+    // Takes the digits of columns 34..36 of row - 1, read back from the sheet, into the seven and
+    // lets the oldest go; from row 8 on writes the counts of the seven into columns 1..10 of
+    // `row`, colours those count cells, and writes the ranked digits into columns 12..21. Rows 1
+    // to 7 get nothing.
+    void Rank(ReportSheet& sheet, int row);
 
-// For every row t from 8 to DrawCount + 1: counts the digits of columns 34..36 in rows t - 7 to
-// t - 1 into columns 1..10 of row t, colours those count cells, and writes the ranked digits into
-// columns 12..21 of row t. Rows 1 to 7 get nothing. The digits are read back from the sheet.
-void FillSevenDrawingRanking(ReportSheet& sheet);
+private:
+    std::array<std::array<short, 3>, kRankingDrawings> window_{};
+    DigitCounts counts_{};
+};
 
-// Bands the four middle ranks, columns 15..18, of every row under the header, ranked or not.
-void ShadeMiddleRanks(ReportSheet& sheet);
+// Bands the four middle ranks, columns 15..18, of a row, ranked or not.
+void ShadeMiddleRanks(ReportSheet& sheet, int row);
 
 }  // namespace numarel

@@ -64,61 +64,56 @@ void LayOut(ReportSheet& sheet) {
     sheet.SetColWidth(kHitCol, 560);
 }
 
-void WriteRecommendedPairs(ReportSheet& sheet) {
-    for (int r = kFirstPairRow; r <= sheet.DrawCount() + 1; ++r) {
-        for (std::size_t i = 0; i < kRankPairs.size(); ++i) {
-            SetPairText(sheet, r, kFirstPairCol + static_cast<int>(i),
-                        sheet.CellNumber(r, kRankPairs[i].first),
-                        sheet.CellNumber(r, kRankPairs[i].second));
-        }
+// The pair columns of a row from the digits of their rank columns, read back from the row.
+void WriteRecommendedPairs(ReportSheet& sheet, PairTextWriter& pairs, int r) {
+    for (std::size_t i = 0; i < kRankPairs.size(); ++i) {
+        pairs.Set(r, kFirstPairCol + static_cast<int>(i), sheet.CellNumber(r, kRankPairs[i].first),
+                  sheet.CellNumber(r, kRankPairs[i].second));
     }
 }
 
 // A pair cell of a row as the judgement compares it: a pair of two digits from 1 up is kept as a
 // number, one with a 0 as a text. Two numbers hold the same text exactly when their values are
-// alike, which their values as counters tell apart away from the counter's ends; a number and
-// anything else never do; two other cells are left to the sheet.
-struct PairCell {
-    int col;
-    bool exact;  // a number whose value as a counter is its value
-    short value;
-};
+// alike, which their values as counters tell apart away from the counter's ends, so such a cell
+// is keyed by its value; any other cell gets a key of its own, at or above kOtherKey, and is
+// compared by the sheet with the other cells of its kind.
+constexpr int kOtherKey = 1 << 20;
 
-PairCell ReadPairCell(const ReportSheet::RowRun& cells, int firstCol, int col) {
-    const int i = col - firstCol;
-    const bool number = i < cells.Count() && cells.HoldsNumber(i);
-    const short value = number ? cells.CellNumber(i) : short{0};
-    return {col, number && value > -32768 && value < 32767, value};
-}
-
-bool SamePair(const ReportSheet& sheet, int row, const PairCell& a, const PairCell& b) {
-    if (a.exact || b.exact) return a.exact && b.exact && a.value == b.value;
-    return sheet.SameText(row, a.col, row, b.col);
+int PairKey(const ReportSheet::RowRun& cells, int i) {
+    if (cells.HoldsNumber(i)) {
+        const short value = cells.CellNumber(i);
+        if (value > -32768 && value < 32767) return value;
+    }
+    return kOtherKey + i;
 }
 
 // Each pair of the drawing against each recommended pair of its row: a match is red, and the
-// row is marked once however many match. The next drawing's row is never judged.
-void JudgePairs(ReportSheet& sheet) {
-    for (int r = kFirstPairRow; r <= sheet.DrawCount(); ++r) {
-        const ReportSheet::RowRun cells = sheet.Run(r, kFirstPairCol, kLastDrawnPairCol);
-        std::array<PairCell, kLastDrawnPairCol - kFirstDrawnPairCol + 1> drawn;
-        for (int p = kFirstDrawnPairCol; p <= kLastDrawnPairCol; ++p)
-            drawn[static_cast<std::size_t>(p - kFirstDrawnPairCol)] =
-                ReadPairCell(cells, kFirstPairCol, p);
-        bool hit = false;
-        for (int c = kFirstPairCol; c <= kLastPairCol; ++c) {
-            const PairCell recommended = ReadPairCell(cells, kFirstPairCol, c);
-            bool same = false;
-            for (const PairCell& pair : drawn)
-                same |= SamePair(sheet, r, pair, recommended);
-            if (!same) continue;
-            sheet.SetBackColor(r, c, colours::kHit);
-            hit = true;
+// row is marked once however many match.
+void JudgePairs(ReportSheet& sheet, const ReportSheet::TextKey& hitMarker, int r) {
+    constexpr int kCount = kLastDrawnPairCol - kFirstPairCol + 1;
+    const ReportSheet::RowRun cells = sheet.Run(r, kFirstPairCol, kLastDrawnPairCol);
+    if (cells.Count() < kCount) return;
+    std::array<int, kCount> keys;
+    for (int i = 0; i < kCount; ++i)
+        keys[static_cast<std::size_t>(i)] = PairKey(cells, i);
+    constexpr auto kFirstDrawn = static_cast<std::size_t>(kFirstDrawnPairCol - kFirstPairCol);
+    const std::array<int, 3> drawn{keys[kFirstDrawn], keys[kFirstDrawn + 1], keys[kFirstDrawn + 2]};
+    bool hit = false;
+    for (int c = kFirstPairCol; c <= kLastPairCol; ++c) {
+        const int recommended = keys[static_cast<std::size_t>(c - kFirstPairCol)];
+        bool same = false;
+        for (std::size_t p = 0; p < drawn.size(); ++p) {
+            same |= drawn[p] == recommended;
+            if (recommended >= kOtherKey && drawn[p] >= kOtherKey)
+                same |= sheet.SameText(r, kFirstDrawnPairCol + static_cast<int>(p), r, c);
         }
-        if (!hit) continue;
-        sheet.SetBackColor(r, kHitCol, kHitMarkerColour);
-        sheet.SetText(r, kHitCol, kHitMarker);
+        if (!same) continue;
+        sheet.SetBackColor(r, c, colours::kHit);
+        hit = true;
     }
+    if (!hit) return;
+    sheet.SetBackColor(r, kHitCol, kHitMarkerColour);
+    sheet.SetText(r, kHitCol, hitMarker);
 }
 
 void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
@@ -128,22 +123,32 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
+    PairTextWriter pairs(sheet);
+    const ReportSheet::TextKey hitMarker = sheet.Prepare(kHitMarker);
+    SevenDrawingRanking ranking;
+    // A row's ranking rests on the rows above it only, so each row is worked whole while it is at
+    // hand: its ranking, its recommended pairs and, for a drawing, their judgement.
+    auto recommend = [&](int r) {
+        ranking.Rank(sheet, r);
+        ShadeMiddleRanks(sheet, r);
+        if (r >= kFirstPairRow) WriteRecommendedPairs(sheet, pairs, r);
+    };
     FillSheet(
         sheet, drawings,
-        [&sheet](int r, CurrentDigits& digits) {
+        [&](int r, CurrentDigits& digits) {
             SortDigits(digits);
             const auto [a, b, c] = digits;
-            SetPairText(sheet, r, kFirstDrawnPairCol, a, b);
-            SetPairText(sheet, r, kFirstDrawnPairCol + 1, a, c);
-            SetPairText(sheet, r, kLastDrawnPairCol, b, c);
+            pairs.Set(r, kFirstDrawnPairCol, a, b);
+            pairs.Set(r, kFirstDrawnPairCol + 1, a, c);
+            pairs.Set(r, kLastDrawnPairCol, b, c);
+            recommend(r);
+            if (r >= kFirstPairRow) JudgePairs(sheet, hitMarker, r);
         },
         DigitColumns{ranking_cols::kFirstDigit, ranking_cols::kFirstDigit + 1,
                      ranking_cols::kFirstDigit + 2});
-
-    FillSevenDrawingRanking(sheet);
-    ShadeMiddleRanks(sheet);
-    WriteRecommendedPairs(sheet);
-    JudgePairs(sheet);
+    // The next drawing's row is recommended for and never judged; the last row is only banded.
+    recommend(drawCount + 1);
+    ShadeMiddleRanks(sheet, drawCount + 2);
 
     for (int r = 1; r <= kCollapsedRows && r < sheet.Rows(); ++r)
         sheet.SetRowHeight(r, 2);
