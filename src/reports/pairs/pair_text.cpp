@@ -1,5 +1,7 @@
 #include "reports/pairs/pair_text.h"
 
+#include <algorithm>
+
 #include "data/basic_text.h"
 
 namespace numarel {
@@ -45,8 +47,12 @@ PairTextWriter::PairTextWriter(ReportSheet& sheet) : sheet_(sheet) {
             texts[i] = {static_cast<char>('0' + i / 10), static_cast<char>('0' + i % 10)};
         return texts;
     }();
-    for (std::size_t i = 0; i < pairs_.size(); ++i)
-        pairs_[i] = sheet.Prepare(std::string_view(kTexts[i].data(), kTexts[i].size()));
+    for (std::size_t first = 0; first <= 9; ++first) {
+        for (std::size_t second = 0; second <= 9; ++second) {
+            const auto& text = kTexts[std::min(first, second) * 10 + std::max(first, second)];
+            pairs_[first * 10 + second] = sheet.Prepare(std::string_view(text.data(), text.size()));
+        }
+    }
 }
 
 HeaderColumns::HeaderColumns(const ReportSheet& sheet, int firstCol, int lastCol, bool trim)

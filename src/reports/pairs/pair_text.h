@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
@@ -18,24 +17,23 @@ std::string PairText(int first, int second);
 // kept as one by the sheet whichever way it is written; it is written as one here, which is faster.
 void SetPairText(ReportSheet& sheet, int row, int col, int first, int second);
 
-// SetPairText for a pass that writes pairs into many cells: the hundred pairs of digits 0 to 9
-// are made ready once, so that each is written as a store, with no branch on the digits.
+// SetPairText for a pass that writes pairs into many cells: the pair texts of digits 0 to 9 are
+// made ready once, by the two digits in either order, so that each is written as a store with
+// no branch on which digit is the smaller.
 class PairTextWriter {
 public:
     explicit PairTextWriter(ReportSheet& sheet);
     // Writes PairText(first, second) into a cell.
     void Set(int row, int col, int first, int second) {
-        const int low = std::min(first, second);
-        const int high = std::max(first, second);
-        if (static_cast<unsigned>(low) <= 9 && static_cast<unsigned>(high) <= 9)
-            sheet_.SetText(row, col, pairs_[static_cast<std::size_t>(low * 10 + high)]);
+        if (static_cast<unsigned>(first) <= 9 && static_cast<unsigned>(second) <= 9)
+            sheet_.SetText(row, col, pairs_[static_cast<std::size_t>(first * 10 + second)]);
         else
-            sheet_.SetText(row, col, PairText(low, high));
+            sheet_.SetText(row, col, PairText(first, second));
     }
 
 private:
     ReportSheet& sheet_;
-    std::array<ReportSheet::TextKey, 100> pairs_;  // by the value of the pair's two digits
+    std::array<ReportSheet::TextKey, 100> pairs_;  // by first * 10 + second
 };
 
 // The columns of a header row range, looked up by their header text.

@@ -1,4 +1,6 @@
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -64,54 +66,102 @@ void LayOut(ReportSheet& sheet) {
     sheet.SetColWidth(kHitCol, 560);
 }
 
-// The pair columns of a row from the digits of their rank columns, read back from the row.
+// The pair columns of a row from the digits of their rank columns, read back from the row once.
 void WriteRecommendedPairs(ReportSheet& sheet, PairTextWriter& pairs, int r) {
+    using ranking_cols::kFirstRank;
+    using ranking_cols::kLastRank;
+    const ReportSheet::RowRun ranks = sheet.Run(r, kFirstRank, kLastRank);
+    std::array<short, kLastRank - kFirstRank + 1> digits{};
+    for (int i = 0; i < ranks.Count(); ++i)
+        digits[static_cast<std::size_t>(i)] = ranks.CellNumber(i);
     for (std::size_t i = 0; i < kRankPairs.size(); ++i) {
-        pairs.Set(r, kFirstPairCol + static_cast<int>(i), sheet.CellNumber(r, kRankPairs[i].first),
-                  sheet.CellNumber(r, kRankPairs[i].second));
+        pairs.Set(r, kFirstPairCol + static_cast<int>(i),
+                  digits[static_cast<std::size_t>(kRankPairs[i].first - kFirstRank)],
+                  digits[static_cast<std::size_t>(kRankPairs[i].second - kFirstRank)]);
     }
 }
 
-// A pair cell of a row as the judgement compares it: a pair of two digits from 1 up is kept as a
-// number, one with a 0 as a text. Two numbers hold the same text exactly when their values are
-// alike, which their values as counters tell apart away from the counter's ends, so such a cell
-// is keyed by its value; any other cell gets a key of its own, at or above kOtherKey, and is
-// compared by the sheet with the other cells of its kind.
-constexpr int kOtherKey = 1 << 20;
+// A pair cell of a row as the judgement compares it, as one number that is alike for two cells
+// exactly when they hold the same text. A pair of two digits from 1 up is kept as a number and
+// keyed by its value, which tells numbers apart away from the counter's ends; a pair with a 0 is
+// a text and keyed by its characters, with the top bit set, as a number cell and a text cell never
+// hold the same text. A cell of neither kind gets a key of its own and is left to the sheet.
+constexpr std::uint64_t kTextKey = std::uint64_t{1} << 63;
+constexpr std::uint64_t kOtherKey = std::uint64_t{1} << 62;
 
-int PairKey(const ReportSheet::RowRun& cells, int i) {
-    if (cells.HoldsNumber(i)) {
+constexpr int kJudgedCount = kLastDrawnPairCol - kFirstPairCol + 1;  // the run 22 to 39
+constexpr auto kFirstDrawn = static_cast<std::size_t>(kFirstDrawnPairCol - kFirstPairCol);
+// The cells of the run that are judged: the recommended pairs and the drawing's pairs.
+constexpr unsigned kJudgedCells =
+    ((1u << (kLastPairCol - kFirstPairCol + 1)) - 1) | (7u << kFirstDrawn);
+
+// The keys of the judged cells of row r, and the cells left to the sheet as bits. Which pairs
+// hold a 0 is anybody's guess, so the cells are sorted by kind first, without a branch, and each
+// kind is then read by a loop of its own.
+struct PairKeys {
+    std::array<std::uint64_t, kJudgedCount> keys{};
+    unsigned others = 0;
+};
+
+PairKeys ReadPairKeys(const ReportSheet& sheet, const ReportSheet::RowRun& cells, int r) {
+    PairKeys read;
+    unsigned numbers = 0;
+    for (int i = 0; i < kJudgedCount; ++i)
+        numbers |= (cells.HoldsNumber(i) ? 1u : 0u) << i;
+    numbers &= kJudgedCells;
+    for (unsigned m = numbers; m != 0; m &= m - 1) {
+        const int i = std::countr_zero(m);
         const short value = cells.CellNumber(i);
-        if (value > -32768 && value < 32767) return value;
+        auto& key = read.keys[static_cast<std::size_t>(i)];
+        if (value > -32768 && value < 32767) {
+            key = static_cast<std::uint64_t>(value + 32768);
+        } else {
+            key = kOtherKey + static_cast<std::uint64_t>(i);
+            read.others |= 1u << i;
+        }
     }
-    return kOtherKey + i;
+    for (unsigned m = ~numbers & kJudgedCells; m != 0; m &= m - 1) {
+        const int i = std::countr_zero(m);
+        ReportSheet::NumberDigits digits;
+        const std::string_view text = sheet.TextView(r, kFirstPairCol + i, digits);
+        auto& key = read.keys[static_cast<std::size_t>(i)];
+        if (text.size() < 8) {
+            key = kTextKey | text.size();
+            for (std::size_t k = 0; k < text.size(); ++k)
+                key |= static_cast<std::uint64_t>(static_cast<unsigned char>(text[k]))
+                       << (8 * k + 8);
+        } else {
+            key = kOtherKey + static_cast<std::uint64_t>(i);
+            read.others |= 1u << i;
+        }
+    }
+    return read;
 }
 
 // Each pair of the drawing against each recommended pair of its row: a match is red, and the
 // row is marked once however many match.
 void JudgePairs(ReportSheet& sheet, const ReportSheet::TextKey& hitMarker, int r) {
-    constexpr int kCount = kLastDrawnPairCol - kFirstPairCol + 1;
     const ReportSheet::RowRun cells = sheet.Run(r, kFirstPairCol, kLastDrawnPairCol);
-    if (cells.Count() < kCount) return;
-    std::array<int, kCount> keys;
-    for (int i = 0; i < kCount; ++i)
-        keys[static_cast<std::size_t>(i)] = PairKey(cells, i);
-    constexpr auto kFirstDrawn = static_cast<std::size_t>(kFirstDrawnPairCol - kFirstPairCol);
-    const std::array<int, 3> drawn{keys[kFirstDrawn], keys[kFirstDrawn + 1], keys[kFirstDrawn + 2]};
-    bool hit = false;
+    if (cells.Count() < kJudgedCount) return;
+    const PairKeys read = ReadPairKeys(sheet, cells, r);
+    const auto& keys = read.keys;
+    std::array<int, kLastPairCol - kFirstPairCol + 1> hitCols;
+    std::size_t hitCount = 0;
     for (int c = kFirstPairCol; c <= kLastPairCol; ++c) {
-        const int recommended = keys[static_cast<std::size_t>(c - kFirstPairCol)];
-        bool same = false;
-        for (std::size_t p = 0; p < drawn.size(); ++p) {
-            same |= drawn[p] == recommended;
-            if (recommended >= kOtherKey && drawn[p] >= kOtherKey)
-                same |= sheet.SameText(r, kFirstDrawnPairCol + static_cast<int>(p), r, c);
+        const int i = c - kFirstPairCol;
+        const std::uint64_t recommended = keys[static_cast<std::size_t>(i)];
+        bool same = (recommended == keys[kFirstDrawn]) | (recommended == keys[kFirstDrawn + 1]) |
+                    (recommended == keys[kFirstDrawn + 2]);
+        if ((read.others >> i) & 1u) {
+            for (int p = kFirstDrawnPairCol; p <= kLastDrawnPairCol; ++p)
+                if ((read.others >> (p - kFirstPairCol)) & 1u) same |= sheet.SameText(r, p, r, c);
         }
-        if (!same) continue;
-        sheet.SetBackColor(r, c, colours::kHit);
-        hit = true;
+        // Each column takes the next place of the list, which only a match keeps.
+        hitCols[hitCount] = c;
+        hitCount += same ? 1 : 0;
     }
-    if (!hit) return;
+    if (hitCount == 0) return;
+    sheet.SetBackColor(r, std::span<const int>(hitCols.data(), hitCount), colours::kHit);
     sheet.SetBackColor(r, kHitCol, kHitMarkerColour);
     sheet.SetText(r, kHitCol, hitMarker);
 }
