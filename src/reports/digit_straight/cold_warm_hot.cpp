@@ -100,29 +100,34 @@ private:
     std::array<ReportSheet::TextKey, kCount> keys_;
 };
 
+// The colours of the list cells, written a batch at a time: the hit colours of the Hot, Warm and
+// Cold lists, and the band of a middle rank no digit hit (kBand), which a hit covers.
+using HitColours = ColourBatch<kClasses.size() + 1>;
+constexpr std::size_t kBand = kClasses.size();
+
 // Compares a drawing from row 8 on with the lists of its own row, which rest on the seven
 // drawings before it: paints the list cells its digits hit and marks its pattern. A digit drawn
 // twice counts twice; its list cell is painted once.
-void MarkPattern(ReportSheet& sheet, const PatternColumns& patterns, int r) {
+void MarkPattern(ReportSheet& sheet, const PatternColumns& patterns, HitColours& hitColours,
+                 int r) {
     std::array<short, 3> digits{};
     for (int i = 0; i < 3; ++i)
         digits[static_cast<std::size_t>(i)] = sheet.CellNumber(r, ranking_cols::kFirstDigit + i);
     std::array<int, 3> counts{};
     for (std::size_t k = 0; k < kClasses.size(); ++k) {
         const DigitClass& cls = kClasses[k];
-        // Counted and listed without a branch: which digits were drawn is anybody's guess. Each
-        // column takes the next place in the list of hit cells, which only a hit keeps.
-        std::array<int, 4> hitCols;
-        std::size_t hitCount = 0;
         for (int c = cls.firstCol; c < cls.firstCol + cls.size; ++c) {
             const short listed = sheet.CellNumber(r, c);
+            // Counted and gathered without a branch: which digits were drawn is anybody's guess.
             const int hits = (digits[0] == listed ? 1 : 0) + (digits[1] == listed ? 1 : 0) +
                              (digits[2] == listed ? 1 : 0);
             counts[k] += hits;
-            hitCols[hitCount] = c;
-            hitCount += hits > 0 ? 1 : 0;
+            // A cell no digit hit keeps its colour: the band of the middle ranks, or none.
+            const bool banded =
+                c >= ranking_cols::kFirstMiddleRank && c <= ranking_cols::kLastMiddleRank;
+            const std::size_t missed = banded ? kBand : kBand + 1;
+            hitColours.Add(sheet, hits > 0 ? k : missed, r, c);
         }
-        sheet.SetBackColor(r, std::span<const int>(hitCols.data(), hitCount), cls.hitColour);
     }
     patterns.Mark(sheet, r, counts);
 }
@@ -264,19 +269,26 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
     const PatternColumns patterns(sheet);
     SevenDrawingRanking ranking;
+    HitColours hitColours(
+        {kHot.hitColour, kWarm.hitColour, kCold.hitColour, ranking_colours::kMiddleRanks});
     // A row's lists rest on the rows above it only, so each row is worked whole while it is at
     // hand: its lists, the Warm band, and for a drawing with lists its pattern.
     FillSheet(
         sheet, drawings,
         [&](int r, CurrentDigits&) {
             ranking.Rank(sheet, r);
-            ShadeMiddleRanks(sheet, r);  // the Warm digits
-            if (r > kRankingDrawings) MarkPattern(sheet, patterns, r);
+            // The Warm digits are banded; a row with a pattern bands them with its hits.
+            if (r > kRankingDrawings)
+                MarkPattern(sheet, patterns, hitColours, r);
+            else
+                ShadeMiddleRanks(sheet, r);
         },
         DigitColumns{ranking_cols::kFirstDigit, ranking_cols::kFirstDigit + 1,
                      ranking_cols::kFirstDigit + 2});
     // The next drawing's row gets lists and no pattern; the last row is only banded.
     ranking.Rank(sheet, drawCount + 1);
+    ranking.Finish(sheet);
+    hitColours.Flush(sheet);
     ShadeMiddleRanks(sheet, drawCount + 1);
     ShadeMiddleRanks(sheet, drawCount + 2);
 

@@ -64,38 +64,23 @@ void SevenDrawingRanking::Rank(ReportSheet& sheet, int row) {
 
     ReportSheet::RowRun cells = sheet.Run(row, kFirstCount, kLastRank);
     if (cells.Count() <= kLastRank - kFirstCount) return;
-    // The count cells are coloured a colour at a time. Which of the three a count gets is
-    // anybody's guess, so no branch decides it: each column goes to the end of every colour's
-    // list, and only its own list grows. The three lengths are kept a byte each in one number, so
-    // that the colour picks the length to grow by a shift.
-    std::array<int, 10> seldom;
-    std::array<int, 10> twice;
-    std::array<int, 10> often;
-    unsigned lengths = 0;
-    // By count (never below 0), the growth of its colour's length; 3 and above are often.
-    static constexpr std::array<unsigned, 4> kGrowth{1, 1, 1u << 8, 1u << 16};
     for (int d = 0; d <= 9; ++d) {
         const short n = counts_[static_cast<std::size_t>(d)];
         cells.SetNumber(d, n);
-        seldom[lengths & 0xFF] = twice[(lengths >> 8) & 0xFF] = often[lengths >> 16] =
-            kFirstCount + d;
-        lengths += kGrowth[std::min(static_cast<std::size_t>(n), kGrowth.size() - 1)];
+        // By count, never below 0: which colour is anybody's guess, so a table tells it.
+        static constexpr std::array<std::size_t, 4> kColour{0, 0, 1, 2};
+        countColours_.Add(sheet, kColour[std::min(static_cast<std::size_t>(n), kColour.size() - 1)],
+                          row, kFirstCount + d);
     }
-    sheet.SetBackColor(row, std::span<const int>(seldom.data(), lengths & 0xFF),
-                       ranking_colours::kSeldom);
-    sheet.SetBackColor(row, std::span<const int>(twice.data(), (lengths >> 8) & 0xFF),
-                       ranking_colours::kTwice);
-    sheet.SetBackColor(row, std::span<const int>(often.data(), lengths >> 16),
-                       ranking_colours::kOften);
     const auto order = RankDigits(counts_);
     for (int i = 0; i < 10; ++i)
         cells.SetNumber(kFirstRank - kFirstCount + i, order[static_cast<std::size_t>(i)]);
 }
 
 void ShadeMiddleRanks(ReportSheet& sheet, int row) {
-    constexpr int kFirstMiddle = ranking_cols::kFirstRank + 3;
-    static constexpr std::array<int, 4> kMiddle{kFirstMiddle, kFirstMiddle + 1, kFirstMiddle + 2,
-                                                kFirstMiddle + 3};
+    using ranking_cols::kFirstMiddleRank;
+    static constexpr std::array<int, 4> kMiddle{kFirstMiddleRank, kFirstMiddleRank + 1,
+                                                kFirstMiddleRank + 2, kFirstMiddleRank + 3};
     sheet.SetBackColor(row, kMiddle, ranking_colours::kMiddleRanks);
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <span>
 
 #include "frame/report_sheet.h"
@@ -19,6 +21,8 @@ namespace ranking_cols {
 inline constexpr int kFirstCount = 1;  // columns 1..10: how often digit 0..9 came up
 inline constexpr int kFirstRank = 12;  // columns 12..21: the digits, most frequent first
 inline constexpr int kLastRank = 21;
+inline constexpr int kFirstMiddleRank = 15;  // columns 15..18: the four middle ranks
+inline constexpr int kLastMiddleRank = 18;
 inline constexpr int kFirstDigit = 34;  // columns 34..36: H, T, U of the drawing
 }  // namespace ranking_cols
 
@@ -42,6 +46,52 @@ DigitCounts CountDigits(std::span<const short> digits);
 // a place, a digit with count 0 included.
 std::array<short, 10> RankDigits(const DigitCounts& counts);
 
+// Back colours gathered over many rows and written a colour at a time, for a pass that gives
+// cells one of a few colours with no telling which: the sheet then looks a colour up once per
+// batch, not at every change of colour. Gathering takes no branch on the colour.
+template <std::size_t N>
+class ColourBatch {
+public:
+    static_assert(N >= 1 && N <= 4, "a length of 16 bits per colour");
+    explicit ColourBatch(const std::array<Rgb, N>& colours) : colours_(colours) {}
+
+    // Gathers cell (row, col) for colour `index`; an index of N gathers nothing. A batch that
+    // is full is written.
+    void Add(ReportSheet& sheet, std::size_t index, int row, int col) {
+        // The cell goes to the end of every list, and only the list of its colour grows.
+        for (std::size_t k = 0; k < N; ++k)
+            cells_[k][Length(k)] = {row, col};
+        lengths_ += index < N ? std::uint64_t{1} << (16 * index) : 0;
+        if ((lengths_ & kFull) != 0) Flush(sheet);
+    }
+    // Writes the gathered colours; to be called after the last row.
+    void Flush(ReportSheet& sheet) {
+        for (std::size_t k = 0; k < N; ++k)
+            for (std::size_t i = 0; i < Length(k); ++i)
+                sheet.SetBackColor(cells_[k][i].row, cells_[k][i].col, colours_[k]);
+        lengths_ = 0;
+    }
+
+private:
+    static constexpr std::size_t kCapacity = 1024;  // cells per colour in a batch
+    // A bit of every length that is set when its list is full.
+    static constexpr std::uint64_t kFull = [] {
+        std::uint64_t full = 0;
+        for (std::size_t k = 0; k < N; ++k)
+            full |= std::uint64_t{kCapacity} << (16 * k);
+        return full;
+    }();
+    struct Cell {
+        int row;
+        int col;
+    };
+    std::size_t Length(std::size_t k) const { return (lengths_ >> (16 * k)) & 0xFFFF; }
+
+    std::array<Rgb, N> colours_;
+    std::array<std::array<Cell, kCapacity>, N> cells_;
+    std::uint64_t lengths_ = 0;  // 16 bits per colour
+};
+
 // The ranking as it slides down the sheet, for a report that works each row while it is at hand
 // (inside FillSheet's work): Rank is given the rows in order from row 1, each once its digits
 // are written.
@@ -52,10 +102,15 @@ public:
     // `row`, colours those count cells, and writes the ranked digits into columns 12..21. Rows 1
     // to 7 get nothing.
     void Rank(ReportSheet& sheet, int row);
+    // Writes the colours of the count cells still gathered; to be called after the last row.
+    void Finish(ReportSheet& sheet) { countColours_.Flush(sheet); }
 
 private:
     std::array<std::array<short, 3>, kRankingDrawings> window_{};
     DigitCounts counts_{};
+    // By count: below 2, exactly 2, above 2.
+    ColourBatch<3> countColours_{
+        {ranking_colours::kSeldom, ranking_colours::kTwice, ranking_colours::kOften}};
 };
 
 // Bands the four middle ranks, columns 15..18, of a row, ranked or not.

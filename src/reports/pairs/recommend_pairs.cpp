@@ -176,11 +176,17 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     PairTextWriter pairs(sheet);
     const ReportSheet::TextKey hitMarker = sheet.Prepare(kHitMarker);
     SevenDrawingRanking ranking;
+    // The band of the middle ranks, written a batch of rows at a time.
+    ColourBatch<1> band({ranking_colours::kMiddleRanks});
+    auto shade = [&](int r) {
+        for (int c = ranking_cols::kFirstMiddleRank; c <= ranking_cols::kLastMiddleRank; ++c)
+            band.Add(sheet, 0, r, c);
+    };
     // A row's ranking rests on the rows above it only, so each row is worked whole while it is at
     // hand: its ranking, its recommended pairs and, for a drawing, their judgement.
     auto recommend = [&](int r) {
         ranking.Rank(sheet, r);
-        ShadeMiddleRanks(sheet, r);
+        shade(r);
         if (r >= kFirstPairRow) WriteRecommendedPairs(sheet, pairs, r);
     };
     FillSheet(
@@ -198,7 +204,9 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
                      ranking_cols::kFirstDigit + 2});
     // The next drawing's row is recommended for and never judged; the last row is only banded.
     recommend(drawCount + 1);
-    ShadeMiddleRanks(sheet, drawCount + 2);
+    shade(drawCount + 2);
+    ranking.Finish(sheet);
+    band.Flush(sheet);
 
     for (int r = 1; r <= kCollapsedRows && r < sheet.Rows(); ++r)
         sheet.SetRowHeight(r, 2);
