@@ -114,11 +114,13 @@ void MarkPattern(ReportSheet& sheet, const PatternColumns& patterns, HitColours&
     for (int i = 0; i < 3; ++i)
         digits[static_cast<std::size_t>(i)] = sheet.CellNumber(r, ranking_cols::kFirstDigit + i);
     std::array<int, 3> counts{};
+    // The colour of each list cell, from column 12 on: gathered without a branch, as which
+    // digits were drawn is anybody's guess.
+    std::array<std::uint8_t, ranking_cols::kLastRank - ranking_cols::kFirstRank + 1> colours;
     for (std::size_t k = 0; k < kClasses.size(); ++k) {
         const DigitClass& cls = kClasses[k];
         for (int c = cls.firstCol; c < cls.firstCol + cls.size; ++c) {
             const short listed = sheet.CellNumber(r, c);
-            // Counted and gathered without a branch: which digits were drawn is anybody's guess.
             const int hits = (digits[0] == listed ? 1 : 0) + (digits[1] == listed ? 1 : 0) +
                              (digits[2] == listed ? 1 : 0);
             counts[k] += hits;
@@ -126,9 +128,11 @@ void MarkPattern(ReportSheet& sheet, const PatternColumns& patterns, HitColours&
             const bool banded =
                 c >= ranking_cols::kFirstMiddleRank && c <= ranking_cols::kLastMiddleRank;
             const std::size_t missed = banded ? kBand : kBand + 1;
-            hitColours.Add(sheet, hits > 0 ? k : missed, r, c);
+            colours[static_cast<std::size_t>(c - ranking_cols::kFirstRank)] =
+                static_cast<std::uint8_t>(hits > 0 ? k : missed);
         }
     }
+    hitColours.Add(sheet, r, ranking_cols::kFirstRank, colours);
     patterns.Mark(sheet, r, counts);
 }
 

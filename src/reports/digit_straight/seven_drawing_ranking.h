@@ -55,14 +55,20 @@ public:
     static_assert(N >= 1 && N <= 4, "a length of 16 bits per colour");
     explicit ColourBatch(const std::array<Rgb, N>& colours) : colours_(colours) {}
 
-    // Gathers cell (row, col) for colour `index`; an index of N gathers nothing. A batch that
-    // is full is written.
-    void Add(ReportSheet& sheet, std::size_t index, int row, int col) {
-        // The cell goes to the end of every list, and only the list of its colour grows.
+    // Gathers the cells of row `row` from column `firstCol` on, cell i for colour `indices[i]`;
+    // an index of N gathers nothing. A batch near full is written.
+    void Add(ReportSheet& sheet, int row, int firstCol, std::span<const std::uint8_t> indices) {
+        std::uint64_t lengths = lengths_;  // kept at hand while the row is gathered
+        for (std::size_t i = 0; i < indices.size() && i < kMaxRun; ++i) {
+            // The cell goes to the end of every list, and only the list of its colour grows.
+            const Cell cell{row, firstCol + static_cast<int>(i)};
+            for (std::size_t k = 0; k < N; ++k)
+                cells_[k][(lengths >> (16 * k)) & 0xFFFF] = cell;
+            lengths += indices[i] < N ? std::uint64_t{1} << (16 * indices[i]) : 0;
+        }
+        lengths_ = lengths;
         for (std::size_t k = 0; k < N; ++k)
-            cells_[k][Length(k)] = {row, col};
-        lengths_ += index < N ? std::uint64_t{1} << (16 * index) : 0;
-        if ((lengths_ & kFull) != 0) Flush(sheet);
+            if (Length(k) > kCapacity - kMaxRun) return Flush(sheet);
     }
     // Writes the gathered colours; to be called after the last row.
     void Flush(ReportSheet& sheet) {
@@ -74,13 +80,7 @@ public:
 
 private:
     static constexpr std::size_t kCapacity = 1024;  // cells per colour in a batch
-    // A bit of every length that is set when its list is full.
-    static constexpr std::uint64_t kFull = [] {
-        std::uint64_t full = 0;
-        for (std::size_t k = 0; k < N; ++k)
-            full |= std::uint64_t{kCapacity} << (16 * k);
-        return full;
-    }();
+    static constexpr std::size_t kMaxRun = 16;      // cells gathered at a time
     struct Cell {
         int row;
         int col;

@@ -99,7 +99,7 @@ constexpr unsigned kJudgedCells =
 // hold a 0 is anybody's guess, so the cells are sorted by kind first, without a branch, and each
 // kind is then read by a loop of its own.
 struct PairKeys {
-    std::array<std::uint64_t, kJudgedCount> keys{};
+    std::array<std::uint64_t, kJudgedCount> keys;  // of the judged cells only
     unsigned others = 0;
 };
 
@@ -179,8 +179,8 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     // The band of the middle ranks, written a batch of rows at a time.
     ColourBatch<1> band({ranking_colours::kMiddleRanks});
     auto shade = [&](int r) {
-        for (int c = ranking_cols::kFirstMiddleRank; c <= ranking_cols::kLastMiddleRank; ++c)
-            band.Add(sheet, 0, r, c);
+        static constexpr std::array<std::uint8_t, 4> kBand{0, 0, 0, 0};
+        band.Add(sheet, r, ranking_cols::kFirstMiddleRank, kBand);
     };
     // A row's ranking rests on the rows above it only, so each row is worked whole while it is at
     // hand: its ranking, its recommended pairs and, for a drawing, their judgement.
