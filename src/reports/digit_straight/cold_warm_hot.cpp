@@ -62,10 +62,12 @@ void LayOut(ReportSheet& sheet) {
 // The pattern columns as their headers read back from row 0, found by the counts h, w, c.
 class PatternColumns {
 public:
-    explicit PatternColumns(const ReportSheet& sheet) {
+    // Reads the headers and makes them ready to be written as markers.
+    explicit PatternColumns(ReportSheet& sheet) {
         cols_.fill(-1);
         for (int c = kFirstPatternCol; c <= kLastPatternCol; ++c) {
-            std::string header = sheet.Text(0, c);
+            std::string& header = headers_[static_cast<std::size_t>(c - kFirstPatternCol)];
+            header = sheet.Text(0, c);
             int key = 0;
             bool valid = header.size() == 3;
             for (char ch : header) {
@@ -74,9 +76,12 @@ public:
             }
             if (!valid) continue;
             cols_[static_cast<std::size_t>(key)] = c;
-            headers_[static_cast<std::size_t>(c - kFirstPatternCol)] = std::move(header);
+            keys_[static_cast<std::size_t>(c - kFirstPatternCol)] = sheet.Prepare(header);
         }
     }
+    PatternColumns(const PatternColumns&) = delete;  // the keys view the headers held here
+    PatternColumns& operator=(const PatternColumns&) = delete;
+
     // Writes the header of the column for these counts into row r; counts that no header names
     // (digits outside 0..9) mark nothing.
     void Mark(ReportSheet& sheet, int r, const std::array<int, 3>& counts) const {
@@ -84,39 +89,51 @@ public:
             if (n > 3) return;
         const int col = cols_[static_cast<std::size_t>(counts[0] * 16 + counts[1] * 4 + counts[2])];
         if (col < 0) return;
-        sheet.SetText(r, col, headers_[static_cast<std::size_t>(col - kFirstPatternCol)]);
+        sheet.SetText(r, col, keys_[static_cast<std::size_t>(col - kFirstPatternCol)]);
         sheet.SetBackColor(r, col, kPatternColour);
     }
 
 private:
+    static constexpr std::size_t kCount = kLastPatternCol - kFirstPatternCol + 1;
     std::array<int, 64> cols_;
-    std::array<std::string, kLastPatternCol - kFirstPatternCol + 1> headers_;
+    std::array<std::string, kCount> headers_;
+    std::array<ReportSheet::TextKey, kCount> keys_;
 };
 
-// Compares each drawing from row 8 on with the lists of its own row, which rest on the seven
+// The colours of the list cells, written a batch at a time: the hit colours of the Hot, Warm and
+// Cold lists, and the band of a middle rank no digit hit (kBand), which a hit covers.
+using HitColours = ColourBatch<kClasses.size() + 1>;
+constexpr std::size_t kBand = kClasses.size();
+
+// Compares a drawing from row 8 on with the lists of its own row, which rest on the seven
 // drawings before it: paints the list cells its digits hit and marks its pattern. A digit drawn
 // twice counts twice; its list cell is painted once.
-void MarkPatterns(ReportSheet& sheet) {
-    const PatternColumns patterns(sheet);
-    for (int r = kRankingDrawings + 1; r <= sheet.DrawCount(); ++r) {
-        std::array<short, 3> digits{};
-        for (int i = 0; i < 3; ++i)
-            digits[static_cast<std::size_t>(i)] =
-                sheet.CellNumber(r, ranking_cols::kFirstDigit + i);
-        std::array<int, 3> counts{};
-        for (std::size_t k = 0; k < kClasses.size(); ++k) {
-            const DigitClass& cls = kClasses[k];
-            for (int c = cls.firstCol; c < cls.firstCol + cls.size; ++c) {
-                const short listed = sheet.CellNumber(r, c);
-                // Counted without a branch: which digits were drawn is anybody's guess.
-                const int hits = (digits[0] == listed ? 1 : 0) + (digits[1] == listed ? 1 : 0) +
-                                 (digits[2] == listed ? 1 : 0);
-                counts[k] += hits;
-                if (hits > 0) sheet.SetBackColor(r, c, cls.hitColour);
-            }
+void MarkPattern(ReportSheet& sheet, const PatternColumns& patterns, HitColours& hitColours,
+                 int r) {
+    std::array<short, 3> digits{};
+    for (int i = 0; i < 3; ++i)
+        digits[static_cast<std::size_t>(i)] = sheet.CellNumber(r, ranking_cols::kFirstDigit + i);
+    std::array<int, 3> counts{};
+    // The colour of each list cell, from column 12 on: gathered without a branch, as which
+    // digits were drawn is anybody's guess.
+    std::array<std::uint8_t, ranking_cols::kLastRank - ranking_cols::kFirstRank + 1> colours;
+    for (std::size_t k = 0; k < kClasses.size(); ++k) {
+        const DigitClass& cls = kClasses[k];
+        for (int c = cls.firstCol; c < cls.firstCol + cls.size; ++c) {
+            const short listed = sheet.CellNumber(r, c);
+            const int hits = (digits[0] == listed ? 1 : 0) + (digits[1] == listed ? 1 : 0) +
+                             (digits[2] == listed ? 1 : 0);
+            counts[k] += hits;
+            // A cell no digit hit keeps its colour: the band of the middle ranks, or none.
+            const bool banded =
+                c >= ranking_cols::kFirstMiddleRank && c <= ranking_cols::kLastMiddleRank;
+            const std::size_t missed = banded ? kBand : kBand + 1;
+            colours[static_cast<std::size_t>(c - ranking_cols::kFirstRank)] =
+                static_cast<std::uint8_t>(hits > 0 ? k : missed);
         }
-        patterns.Mark(sheet, r, counts);
     }
+    hitColours.Add(sheet, r, ranking_cols::kFirstRank, colours);
+    patterns.Mark(sheet, r, counts);
 }
 
 // --- Next Box numbers ----------------------------------------------------------------------
@@ -254,13 +271,30 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
-    FillSheet(sheet, drawings, {},
-              DigitColumns{ranking_cols::kFirstDigit, ranking_cols::kFirstDigit + 1,
-                           ranking_cols::kFirstDigit + 2});
-
-    FillSevenDrawingRanking(sheet);
-    ShadeMiddleRanks(sheet);  // the Warm digits
-    MarkPatterns(sheet);
+    const PatternColumns patterns(sheet);
+    SevenDrawingRanking ranking;
+    HitColours hitColours(
+        {kHot.hitColour, kWarm.hitColour, kCold.hitColour, ranking_colours::kMiddleRanks});
+    // A row's lists rest on the rows above it only, so each row is worked whole while it is at
+    // hand: its lists, the Warm band, and for a drawing with lists its pattern.
+    FillSheet(
+        sheet, drawings,
+        [&](int r, CurrentDigits&) {
+            ranking.Rank(sheet, r);
+            // The Warm digits are banded; a row with a pattern bands them with its hits.
+            if (r > kRankingDrawings)
+                MarkPattern(sheet, patterns, hitColours, r);
+            else
+                ShadeMiddleRanks(sheet, r);
+        },
+        DigitColumns{ranking_cols::kFirstDigit, ranking_cols::kFirstDigit + 1,
+                     ranking_cols::kFirstDigit + 2});
+    // The next drawing's row gets lists and no pattern; the last row is only banded.
+    ranking.Rank(sheet, drawCount + 1);
+    ranking.Finish(sheet);
+    hitColours.Flush(sheet);
+    ShadeMiddleRanks(sheet, drawCount + 1);
+    ShadeMiddleRanks(sheet, drawCount + 2);
 
     for (int r = 1; r <= kCollapsedRows && r < sheet.Rows(); ++r)
         sheet.SetRowHeight(r, 2);

@@ -1,5 +1,6 @@
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -87,23 +88,45 @@ constexpr RegionsChart kFourRegions{
     {51, kFourRegionTypes},
 };
 
+// A text of up to seven characters as one number, its length in the top byte; any longer text
+// is kLongText. Two short texts are alike exactly when their numbers are.
+constexpr std::uint64_t kLongText = ~std::uint64_t{0};
+std::uint64_t PackedText(std::string_view text) {
+    if (text.size() > 7) return kLongText;
+    std::uint64_t packed = static_cast<std::uint64_t>(text.size()) << 56;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        packed |= static_cast<std::uint64_t>(static_cast<unsigned char>(text[i])) << (8 * i);
+    return packed;
+}
+
 // A header run read back from row 0. A drawing's value is shown by writing, in the column
 // headed by the value, the header's own text.
 class HeadedColumns {
 public:
-    HeadedColumns(const ReportSheet& sheet, const HeaderRun& run) : firstCol_(run.firstCol) {
+    HeadedColumns(ReportSheet& sheet, const HeaderRun& run) : firstCol_(run.firstCol) {
         for (int i = 0; i < static_cast<int>(run.headers.size()); ++i) {
             const int col = run.firstCol + i;
             Header& header = headers_.emplace_back();
             header.text = sheet.Text(0, col);
+            header.packed = PackedText(header.text);
             header.number = sheet.HoldsNumber(0, col);
             if (header.number) header.value = sheet.CellNumber(0, col);
         }
+        // Made ready once the texts stand still: the keys view them.
+        for (Header& header : headers_)
+            header.key = sheet.Prepare(header.text);
     }
+    HeadedColumns(const HeadedColumns&) = delete;
+    HeadedColumns& operator=(const HeadedColumns&) = delete;
+
     // Marks the columns headed `value`; nothing when no column has that header.
     void Mark(ReportSheet& sheet, int r, std::string_view value, Rgb colour) const {
-        for (std::size_t i = 0; i < headers_.size(); ++i)
-            if (headers_[i].text == value) MarkAt(sheet, r, static_cast<int>(i), colour);
+        const std::uint64_t packed = PackedText(value);
+        for (std::size_t i = 0; i < headers_.size(); ++i) {
+            const bool same =
+                packed == kLongText ? headers_[i].text == value : headers_[i].packed == packed;
+            if (same) MarkAt(sheet, r, static_cast<int>(i), colour);
+        }
     }
     // Marks the columns headed by the plain decimal text of `value`.
     void MarkNumber(ReportSheet& sheet, int r, int value, Rgb colour) const {
@@ -120,19 +143,17 @@ public:
     }
     // Marks the run's column `index`, counted from 0.
     void MarkAt(ReportSheet& sheet, int r, int index, Rgb colour) const {
-        const Header& header = headers_[static_cast<std::size_t>(index)];
-        if (header.number)
-            sheet.SetNumber(r, firstCol_ + index, header.value);
-        else
-            sheet.SetText(r, firstCol_ + index, header.text);
+        sheet.SetText(r, firstCol_ + index, headers_[static_cast<std::size_t>(index)].key);
         sheet.SetBackColor(r, firstCol_ + index, colour);
     }
 
 private:
     struct Header {
         std::string text;
-        bool number = false;  // a plain decimal text, kept by the sheet as `value`
+        std::uint64_t packed = 0;  // PackedText of the text
+        bool number = false;       // a plain decimal text, kept by the sheet as `value`
         short value = 0;
+        ReportSheet::TextKey key;  // the text made ready to be written
     };
     int firstCol_;
     std::vector<Header> headers_;
@@ -167,41 +188,45 @@ std::array<short, 3> DrawnDigits(const ReportSheet& sheet, int r) {
     return {sheet.CellNumber(r, 1), sheet.CellNumber(r, 2), sheet.CellNumber(r, 3)};
 }
 
-// How many of the drawing's digits the region digit at (r, col) equals.
-int TimesDrawn(const ReportSheet& sheet, int r, int col, const std::array<short, 3>& drawn) {
-    const short d = sheet.CellNumber(r, col);
-    return (d == drawn[0]) + (d == drawn[1]) + (d == drawn[2]);
-}
-
 int LastCol(const RegionBlock& region) {
     return region.firstCol + static_cast<int>(region.digits.size()) - 1;
 }
 
-void MarkDrawnDigits(ReportSheet& sheet, const RegionsChart& chart, int r) {
+// Colours the region digits of row r that the drawing holds, and gives how many drawn digits
+// each region holds: a digit drawn twice counts twice in its region.
+std::array<int, 4> MarkDrawnDigits(ReportSheet& sheet, const RegionsChart& chart, int r) {
     const auto drawn = DrawnDigits(sheet, r);
-    for (const RegionBlock& region : chart.regions)
-        for (int c = region.firstCol; c <= LastCol(region); ++c)
-            if (TimesDrawn(sheet, r, c, drawn) > 0) sheet.SetBackColor(r, c, colours::kFoundDigit);
+    std::array<int, 4> counts{};
+    // Which digits were drawn is anybody's guess: each column goes to the end of the list of
+    // found digits and only a found one stays there, with no branch.
+    std::array<int, 16> found;
+    std::size_t foundCount = 0;
+    for (std::size_t k = 0; k < chart.regions.size(); ++k) {
+        const RegionBlock& region = chart.regions[k];
+        for (int c = region.firstCol; c <= LastCol(region); ++c) {
+            const short d = sheet.CellNumber(r, c);
+            const int times = (d == drawn[0]) + (d == drawn[1]) + (d == drawn[2]);
+            counts[k] += times;
+            found[foundCount] = c;
+            foundCount += times > 0 ? 1 : 0;
+        }
+    }
+    sheet.SetBackColor(r, std::span<const int>(found.data(), foundCount), colours::kFoundDigit);
+    return counts;
 }
 
-// A digit drawn twice counts twice in its region.
+// The counts of the regions, in region order, are the pattern.
 void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart, const HeadedColumns& patterns,
-                      int r) {
-    const auto drawn = DrawnDigits(sheet, r);
+                      const std::array<int, 4>& counts, int r) {
     char key[8];
-    std::size_t length = 0;
-    for (const RegionBlock& region : chart.regions) {
-        int count = 0;
-        for (int c = region.firstCol; c <= LastCol(region); ++c)
-            count += TimesDrawn(sheet, r, c, drawn);
-        key[length++] = static_cast<char>('0' + count);
-    }
-    patterns.Mark(sheet, r, std::string_view(key, length), kPatternColour);
+    for (std::size_t k = 0; k < chart.regions.size(); ++k)
+        key[k] = static_cast<char>('0' + counts[k]);
+    patterns.Mark(sheet, r, std::string_view(key, chart.regions.size()), kPatternColour);
 }
 
 // The header runs of the sorted-codes rule, read back from row 0.
 struct SortedCodeColumns {
-    SortedCodeColumns(const ReportSheet& sheet, const RegionsChart& chart)
+    SortedCodeColumns(ReportSheet& sheet, const RegionsChart& chart)
         : patterns(sheet, chart.patterns), sums(sheet, chart.sums), types(sheet, chart.types) {}
     HeadedColumns patterns;
     HeadedColumns sums;
@@ -261,8 +286,8 @@ void Build(const RegionsChart& chart, std::span<const DrawRecord> drawings, Repo
         const HeadedColumns patterns(sheet, chart.patterns);
         FillSheet(sheet, drawings, [&](int r, CurrentDigits&) {
             WriteRegionDigits(sheet, chart, r);
-            MarkDrawnDigits(sheet, chart, r);
-            MarkRegionCounts(sheet, chart, patterns, r);
+            const auto counts = MarkDrawnDigits(sheet, chart, r);
+            MarkRegionCounts(sheet, chart, patterns, counts, r);
         });
     } else {
         const SortedCodeColumns columns(sheet, chart);

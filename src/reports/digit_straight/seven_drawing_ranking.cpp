@@ -1,5 +1,6 @@
 #include "reports/digit_straight/seven_drawing_ranking.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 
@@ -44,55 +45,45 @@ std::array<short, 10> RankDigits(const DigitCounts& counts) {
     return order;
 }
 
-Rgb CountColour(short count) {
-    if (count > 2) return ranking_colours::kOften;
-    if (count == 2) return ranking_colours::kTwice;
-    return ranking_colours::kSeldom;
-}
-
-void FillSevenDrawingRanking(ReportSheet& sheet) {
+void SevenDrawingRanking::Rank(ReportSheet& sheet, int row) {
     using namespace ranking_cols;
-    const int drawCount = sheet.DrawCount();
-    if (drawCount < kRankingDrawings) return;
+    if (row < 2) return;
     // The counts slide down the sheet: each row's digits are read back once, counted when the
-    // row enters the seven and taken off when it leaves.
-    auto digitsOf = [&](int r) {
-        return std::array<short, 3>{sheet.CellNumber(r, kFirstDigit),
-                                    sheet.CellNumber(r, kFirstDigit + 1),
-                                    sheet.CellNumber(r, kFirstDigit + 2)};
-    };
-    std::array<std::array<short, 3>, kRankingDrawings> window{};
-    DigitCounts counts{};
-    auto add = [&](const std::array<short, 3>& digits, short step) {
+    // row enters the seven and taken off when it leaves, its slot going to the row that enters.
+    auto add = [this](const std::array<short, 3>& digits, short step) {
         for (short d : digits)
-            if (d >= 0 && d <= 9) counts[static_cast<std::size_t>(d)] += step;
+            if (d >= 0 && d <= 9) counts_[static_cast<std::size_t>(d)] += step;
     };
-    for (int r = 1; r < kRankingDrawings; ++r) {
-        window[static_cast<std::size_t>(r % kRankingDrawings)] = digitsOf(r);
-        add(window[static_cast<std::size_t>(r % kRankingDrawings)], 1);
+    const int entering = row - 1;
+    auto& slot = window_[static_cast<std::size_t>(entering % kRankingDrawings)];
+    if (entering > kRankingDrawings) add(slot, -1);
+    slot = {sheet.CellNumber(entering, kFirstDigit), sheet.CellNumber(entering, kFirstDigit + 1),
+            sheet.CellNumber(entering, kFirstDigit + 2)};
+    add(slot, 1);
+    if (row <= kRankingDrawings) return;
+
+    ReportSheet::RowRun cells = sheet.Run(row, kFirstCount, kLastRank);
+    if (cells.Count() <= kLastRank - kFirstCount) return;
+    // By count, never below 0: which colour is anybody's guess, so a table tells it.
+    static constexpr std::array<std::uint8_t, 4> kColour{0, 0, 1, 2};
+    std::array<std::uint8_t, 10> colours;
+    for (int d = 0; d <= 9; ++d) {
+        const short n = counts_[static_cast<std::size_t>(d)];
+        cells.SetNumber(d, n);
+        colours[static_cast<std::size_t>(d)] =
+            kColour[std::min(static_cast<std::size_t>(n), kColour.size() - 1)];
     }
-    for (int target = kRankingDrawings + 1; target <= drawCount + 1; ++target) {
-        auto& slot = window[static_cast<std::size_t>((target - 1) % kRankingDrawings)];
-        slot = digitsOf(target - 1);
-        add(slot, 1);
-        for (int d = 0; d <= 9; ++d) {
-            const short n = counts[static_cast<std::size_t>(d)];
-            sheet.SetNumber(target, kFirstCount + d, n);
-            sheet.SetBackColor(target, kFirstCount + d, CountColour(n));
-        }
-        const auto order = RankDigits(counts);
-        for (int i = 0; i < 10; ++i)
-            sheet.SetNumber(target, kFirstRank + i, order[static_cast<std::size_t>(i)]);
-        // The oldest of the seven leaves before the next row is counted.
-        add(window[static_cast<std::size_t>(target % kRankingDrawings)], -1);
-    }
+    countColours_.Add(sheet, row, kFirstCount, colours);
+    const auto order = RankDigits(counts_);
+    for (int i = 0; i < 10; ++i)
+        cells.SetNumber(kFirstRank - kFirstCount + i, order[static_cast<std::size_t>(i)]);
 }
 
-void ShadeMiddleRanks(ReportSheet& sheet) {
-    constexpr int kFirstMiddle = ranking_cols::kFirstRank + 3;
-    for (int r = 1; r < sheet.Rows(); ++r)
-        for (int c = kFirstMiddle; c < kFirstMiddle + 4; ++c)
-            sheet.SetBackColor(r, c, ranking_colours::kMiddleRanks);
+void ShadeMiddleRanks(ReportSheet& sheet, int row) {
+    using ranking_cols::kFirstMiddleRank;
+    static constexpr std::array<int, 4> kMiddle{kFirstMiddleRank, kFirstMiddleRank + 1,
+                                                kFirstMiddleRank + 2, kFirstMiddleRank + 3};
+    sheet.SetBackColor(row, kMiddle, ranking_colours::kMiddleRanks);
 }
 
 }  // namespace numarel

@@ -1,4 +1,5 @@
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -11,11 +12,13 @@ namespace {
 
 // Both charts keep their designed caption, hold one empty row after the next drawing's row and
 // keep H, T and U in columns of their own, from which the passes read them back.
+// `work(row, digits)` runs on each drawing's row once its digits are written.
+template <class Work = NoRowWork>
 void StartSecondLoadOrder(std::span<const DrawRecord> drawings, ReportSheet& sheet,
-                          DigitColumns digitColumns) {
+                          DigitColumns digitColumns, Work&& work = {}) {
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
-    FillSheet(sheet, drawings, {}, digitColumns);
+    FillSheet(sheet, drawings, work, digitColumns);
 }
 
 // --- Rise-Down shape ---------------------------------------------------------------------------
@@ -100,14 +103,94 @@ void BuildRiseDownShape(std::span<const DrawRecord> drawings, ReportSheet& sheet
     sheet.SetTopRow(sheet.Rows() - 1);
 }
 
-// Texts compared a character at a time: the words are three letters, too short to be worth a
-// call.
-bool SameWord(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (a[i] != b[i]) return false;
-    return true;
+// A text of up to three characters as one number, its length in the top byte; any longer text
+// is kLongText. Two short texts are alike exactly when their numbers are.
+constexpr std::uint32_t kLongText = 0xFFFFFFFFu;
+std::uint32_t PackedWord(std::string_view text) {
+    if (text.size() > 3) return kLongText;
+    std::uint32_t packed = static_cast<std::uint32_t>(text.size()) << 24;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        packed |= static_cast<std::uint32_t>(static_cast<unsigned char>(text[i])) << (8 * i);
+    return packed;
 }
+
+// What a block writes on every row, made ready once: its two letters, the eight words they make
+// (PatternStrings, the first letter's places as 0 bits, H the highest), and the words of its
+// header as read back from row 0, against which each row's word is matched.
+class BlockTexts {
+public:
+    BlockTexts(ReportSheet& sheet, const WordBlock& block) : block_(block) {
+        const auto& words = PatternStrings(block.pair);
+        for (std::size_t w = 0; w < words.size(); ++w)
+            words_[w] = sheet.Prepare(words[w]);
+        letters_ = {sheet.Prepare(words.front().substr(0, 1)),
+                    sheet.Prepare(words.back().substr(0, 1))};
+        for (int w = 0; w < kWordCount; ++w) {
+            const auto i = static_cast<std::size_t>(w);
+            headers_[i] = sheet.Text(0, block.wordCol + kFirstWordOffset + w);
+            packedHeaders_[i] = PackedWord(headers_[i]);
+            headerKeys_[i] = sheet.Prepare(headers_[i]);
+        }
+    }
+    BlockTexts(const BlockTexts&) = delete;  // the keys view the headers held here
+    BlockTexts& operator=(const BlockTexts&) = delete;
+
+    // Writes the letters of the digits and the word they make into row r, and colours the
+    // letters marked.
+    void WriteWord(ReportSheet& sheet, int r, const std::array<int, 3>& digits) const {
+        // Which letters are marked is anybody's guess: each column goes to the end of the list
+        // and only a marked one stays there, with no branch.
+        std::array<int, 3> marked;
+        std::size_t markedCount = 0;
+        std::size_t word = 0;
+        bool madeReady = true;  // every letter one of the two made ready
+        std::array<char, 3> letters;
+        for (std::size_t p = 0; p < letters.size(); ++p) {
+            const char letter = DigitClassLetter(digits[p], block_.pair);
+            const bool second = letter == letters_[1].text[0];
+            madeReady = madeReady && (second || letter == letters_[0].text[0]);
+            const int col = block_.wordCol + 1 + static_cast<int>(p);
+            sheet.SetText(r, col, letters_[second ? 1 : 0]);
+            marked[markedCount] = col;
+            markedCount += letter == block_.markedLetter ? 1 : 0;
+            word = word * 2 + (second ? 1 : 0);
+            letters[p] = letter;
+        }
+        sheet.SetBackColor(r, std::span<const int>(marked.data(), markedCount),
+                           block_.letterColour);
+        if (madeReady) {
+            sheet.SetText(r, block_.wordCol, words_[word]);
+        } else {
+            for (std::size_t p = 0; p < letters.size(); ++p)
+                sheet.SetText(r, block_.wordCol + 1 + static_cast<int>(p),
+                              std::string_view(&letters[p], 1));
+            sheet.SetText(r, block_.wordCol, std::string_view(letters.data(), letters.size()));
+        }
+    }
+
+    // Marks the word columns whose header equals the word of row r, read back from its cell.
+    void MarkWord(ReportSheet& sheet, int r) const {
+        ReportSheet::NumberDigits digits;
+        const std::string_view word = sheet.TextView(r, block_.wordCol, digits);
+        const std::uint32_t packed = PackedWord(word);
+        for (std::size_t w = 0; w < headers_.size(); ++w) {
+            const bool same =
+                packed == kLongText ? headers_[w] == word : packedHeaders_[w] == packed;
+            if (!same) continue;
+            const int col = block_.wordCol + kFirstWordOffset + static_cast<int>(w);
+            sheet.SetText(r, col, headerKeys_[w]);
+            sheet.SetBackColor(r, col, block_.wordColour);
+        }
+    }
+
+private:
+    const WordBlock& block_;
+    std::array<ReportSheet::TextKey, 2> letters_;
+    std::array<ReportSheet::TextKey, kWordCount> words_;
+    std::array<std::string, kWordCount> headers_;
+    std::array<std::uint32_t, kWordCount> packedHeaders_;
+    std::array<ReportSheet::TextKey, kWordCount> headerKeys_;
+};
 
 void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     // The header is written before the drawings are counted: the sheet starts as its header row.
@@ -131,47 +214,23 @@ void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet&
     for (int c = kStoreCol; c < kStoreCol + 3; ++c)
         sheet.SetColWidth(c, 2);
 
-    StartSecondLoadOrder(drawings, sheet, {kStoreCol, kStoreCol + 1, kStoreCol + 2});
-    const int lastRow = sheet.Rows() - 3;
-
-    // The words of the header, against which each row's word is matched.
-    std::array<std::array<std::string, kWordCount>, kWordBlocks.size()> headers;
-    for (std::size_t b = 0; b < kWordBlocks.size(); ++b)
-        for (int w = 0; w < kWordCount; ++w)
-            headers[b][static_cast<std::size_t>(w)] =
-                sheet.Text(0, kWordBlocks[b].wordCol + kFirstWordOffset + w);
-
-    // Row by row, while its cells are at hand: the letters and the words, then the word read back
-    // and matched.
-    ReportSheet::NumberDigits digits;
-    for (int r = 1; r <= lastRow; ++r) {
-        std::array<std::array<char, 3>, kWordBlocks.size()> words;
-        for (int p = 0; p < 3; ++p) {
-            const int digit = sheet.CellNumber(r, kStoreCol + p);
-            for (std::size_t b = 0; b < kWordBlocks.size(); ++b) {
-                const WordBlock& block = kWordBlocks[b];
-                const char letter = DigitClassLetter(digit, block.pair);
-                const int col = block.wordCol + 1 + p;
-                sheet.SetText(r, col, std::string_view(&letter, 1));
-                if (letter == block.markedLetter) sheet.SetBackColor(r, col, block.letterColour);
-                words[b][static_cast<std::size_t>(p)] = letter;
-            }
-        }
-        for (std::size_t b = 0; b < kWordBlocks.size(); ++b)
-            sheet.SetText(r, kWordBlocks[b].wordCol, std::string_view(words[b].data(), 3));
-
-        for (std::size_t b = 0; b < kWordBlocks.size(); ++b) {
-            const WordBlock& block = kWordBlocks[b];
-            const int firstCol = block.wordCol + kFirstWordOffset;
-            const std::string_view word = sheet.TextView(r, block.wordCol, digits);
-            for (int w = 0; w < kWordCount; ++w) {
-                const std::string& header = headers[b][static_cast<std::size_t>(w)];
-                if (!SameWord(header, word)) continue;
-                sheet.SetText(r, firstCol + w, header);
-                sheet.SetBackColor(r, firstCol + w, block.wordColour);
-            }
-        }
-    }
+    const BlockTexts oddEven(sheet, kWordBlocks[0]);
+    const BlockTexts bigSmall(sheet, kWordBlocks[1]);
+    const BlockTexts primeComposite(sheet, kWordBlocks[2]);
+    const std::array<const BlockTexts*, kWordBlocks.size()> blocks{&oddEven, &bigSmall,
+                                                                   &primeComposite};
+    // Row by row, while its cells are at hand: the letters and the words from the digits read
+    // back, then each word read back and matched.
+    StartSecondLoadOrder(drawings, sheet, {kStoreCol, kStoreCol + 1, kStoreCol + 2},
+                         [&](int r, CurrentDigits&) {
+                             const std::array<int, 3> digits{sheet.CellNumber(r, kStoreCol),
+                                                             sheet.CellNumber(r, kStoreCol + 1),
+                                                             sheet.CellNumber(r, kStoreCol + 2)};
+                             for (const BlockTexts* block : blocks)
+                                 block->WriteWord(sheet, r, digits);
+                             for (const BlockTexts* block : blocks)
+                                 block->MarkWord(sheet, r);
+                         });
     sheet.SetTopRow(sheet.Rows() - 1);
 }
 

@@ -1,3 +1,4 @@
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -36,33 +37,37 @@ void Build(std::span<const std::string_view> pairs, std::span<const DrawRecord> 
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
-    FillSheet(sheet, drawings, [&sheet](int row, CurrentDigits& digits) {
-        sheet.SetNumber(row, kSumCol, SumOf(digits));
-        sheet.SetBackColor(row, kSumCol, colours::kSumWidth);
-        SortDigits(digits);
-        sheet.SetNumber(row, kWidthCol, digits[2] - digits[0]);
-        sheet.SetText(row, 6, PairText(digits[0], digits[1]));
-        sheet.SetText(row, 7, PairText(digits[0], digits[2]));
-        sheet.SetText(row, 8, PairText(digits[1], digits[2]));
-    });
-
+    // The header cells come first, so that each row is charted while it is at hand.
     HeadDigitColumns(sheet);
     sheet.SetText(0, kSumCol, "S");
     sheet.SetText(0, kWidthCol, "W");
     for (std::size_t i = 0; i < pairs.size(); ++i)
         sheet.SetText(0, kFirstListCol + static_cast<int>(i), pairs[i]);
-    FinishLoad(sheet);
 
     // The pairs are whatever the header row says.
     const HeaderColumns list(sheet, kFirstListCol, kCols - 1, /*trim=*/false);
-    for (int r = 1; r <= drawCount; ++r) {
+    std::array<ReportSheet::TextKey, kCols - kFirstListCol> headers;
+    for (int c = kFirstListCol; c < kCols; ++c)
+        headers[static_cast<std::size_t>(c - kFirstListCol)] = sheet.Prepare(list.Header(c));
+    PairTextWriter pairTexts(sheet);
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        sheet.SetNumber(row, kSumCol, SumOf(digits));
+        sheet.SetBackColor(row, kSumCol, colours::kSumWidth);
+        SortDigits(digits);
+        sheet.SetNumber(row, kWidthCol, digits[2] - digits[0]);
+        pairTexts.Set(row, 6, digits[0], digits[1]);
+        pairTexts.Set(row, 7, digits[0], digits[2]);
+        pairTexts.Set(row, 8, digits[1], digits[2]);
+        // The pairs read back from their cells, against the list.
+        ReportSheet::NumberDigits text;
         for (int p = kFirstPairCol; p <= kLastPairCol; ++p) {
-            const int c = list.Find(sheet.Text(r, p));
+            const int c = list.Find(sheet.TextView(row, p, text));
             if (c < 0) continue;
-            sheet.SetText(r, c, list.Header(c));
-            sheet.SetBackColor(r, c, colours::kHit);
+            sheet.SetText(row, c, headers[static_cast<std::size_t>(c - kFirstListCol)]);
+            sheet.SetBackColor(row, c, colours::kHit);
         }
-    }
+    });
+    FinishLoad(sheet);
 }
 
 }  // namespace

@@ -17,6 +17,25 @@ std::string PairText(int first, int second);
 // kept as one by the sheet whichever way it is written; it is written as one here, which is faster.
 void SetPairText(ReportSheet& sheet, int row, int col, int first, int second);
 
+// SetPairText for a pass that writes pairs into many cells: the pair texts of digits 0 to 9 are
+// made ready once, by the two digits in either order, so that each is written as a store with
+// no branch on which digit is the smaller.
+class PairTextWriter {
+public:
+    explicit PairTextWriter(ReportSheet& sheet);
+    // Writes PairText(first, second) into a cell.
+    void Set(int row, int col, int first, int second) {
+        if (static_cast<unsigned>(first) <= 9 && static_cast<unsigned>(second) <= 9)
+            sheet_.SetText(row, col, pairs_[static_cast<std::size_t>(first * 10 + second)]);
+        else
+            sheet_.SetText(row, col, PairText(first, second));
+    }
+
+private:
+    ReportSheet& sheet_;
+    std::array<ReportSheet::TextKey, 100> pairs_;  // by first * 10 + second
+};
+
 // The columns of a header row range, looked up by their header text.
 class HeaderColumns {
 public:
