@@ -30,12 +30,6 @@ char DigitClassLetter(int digit, ClassPair pair) {
     return '?';
 }
 
-void SortDigits(CurrentDigits& d) {
-    if (d[1] < d[0]) std::swap(d[0], d[1]);
-    if (d[2] < d[1]) std::swap(d[1], d[2]);
-    if (d[1] < d[0]) std::swap(d[0], d[1]);
-}
-
 namespace {
 
 // A digit's text without number formatting; anything else (a field such as 12) is formatted.

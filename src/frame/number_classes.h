@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
@@ -26,8 +27,17 @@ int Type012(int digit);
 // The letter of the class table for a digit: O/E, B/S or P/C.
 char DigitClassLetter(int digit, ClassPair pair);
 
-// Sorts three digits ascending in place with the neighbour-exchange sort.
-void SortDigits(CurrentDigits& digits);
+// Sorts three digits ascending in place, as the neighbour-exchange sort leaves them.
+inline void SortDigits(CurrentDigits& d) {
+    // Minimum, middle and maximum without jumps: drawn digits come in no order a branch could
+    // guess.
+    const short low = std::min(d[0], d[1]);
+    const short high = std::max(d[0], d[1]);
+    const short middle = std::max(low, std::min(high, d[2]));
+    d[0] = std::min(low, d[2]);
+    d[2] = std::max(high, d[2]);
+    d[1] = middle;
+}
 
 // The different digits of sorted digits, ascending: three characters for a 6 Way Box, two for a
 // 3 Way Box, one for a triple.

@@ -297,11 +297,6 @@ void ReportSheet::TallyColumns(int firstRow, int lastRow, int firstCol, const Te
 }
 
 std::uint16_t ReportSheet::FindPaletteIndex(Rgb colour) {
-    RecentColour& recent = recentColours_[(colour * 0x9E3779B1u) >> 28];
-    if (recent.colour == colour) {
-        lastColour_ = colour;
-        return lastIndex_ = recent.index;
-    }
     std::uint16_t index = 0;
     if (colour != kDefaultColour) {
         std::size_t i = 1;
@@ -313,9 +308,7 @@ std::uint16_t ReportSheet::FindPaletteIndex(Rgb colour) {
         }
         index = static_cast<std::uint16_t>(i);
     }
-    recent = {colour, index};
-    lastColour_ = colour;
-    lastIndex_ = index;
+    recentColours_[RecentSlot(colour)] = {colour, index};
     return index;
 }
 

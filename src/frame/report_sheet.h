@@ -87,9 +87,15 @@ public:
         const std::uint32_t h = Handle(row, col);
         if (h == 0) return {};
         if (!(h & kNumberTag)) return pool_.View(h);
-        // Most numbers of a sheet are Miss numbers and digits, under 100.
+        // Most numbers of a sheet are Miss numbers and digits, under 100, or drawn numbers.
         const long v = InlineValue(h);
-        if (v < 0 || v >= 100) return NumberView(v, digits);
+        if (v < 0 || v >= 1000) return NumberView(v, digits);
+        if (v >= 100) {
+            digits[0] = static_cast<char>('0' + v / 100);
+            digits[1] = static_cast<char>('0' + v / 10 % 10);
+            digits[2] = static_cast<char>('0' + v % 10);
+            return {digits.data(), 3u};
+        }
         digits[0] = static_cast<char>('0' + (v < 10 ? v : v / 10));
         digits[1] = static_cast<char>('0' + v % 10);
         return {digits.data(), v < 10 ? 1u : 2u};
@@ -133,9 +139,9 @@ public:
     void SetText(int row, int col, const TextKey& text) {
         if (!Contains(row, col)) return;
         std::uint32_t& cell = cells_[Index(row, col)].text;
-        // Labels, and texts written over others, take the general way.
-        if ((col == 0 && row > 0) || (cell != 0 && cell != text.handle && !(cell & kNumberTag)))
-            return SetText(row, col, text.text);
+        if (col == 0 && row > 0) return SetText(row, col, text.text);  // labels: the general way
+        // A text written over another may leave that one unused: counted for DropUnusedTexts.
+        if (cell != 0 && cell != text.handle && !(cell & kNumberTag)) ++replacedTexts_;
         cell = text.handle;
     }
 
@@ -314,9 +320,14 @@ private:
                static_cast<std::size_t>(col);
     }
     std::uint32_t Intern(std::string_view text);
-    // Reports set one colour many times over: the last one is found without a search.
+    // Reports set a handful of colours many times over, often alternating cell by cell: each is
+    // found again by a few bits of the colour, without a search.
+    static std::size_t RecentSlot(Rgb colour) {
+        return static_cast<std::uint32_t>(colour * 0x9E3779B1u) >> 28;
+    }
     std::uint16_t PaletteIndex(Rgb colour) {
-        return colour == lastColour_ ? lastIndex_ : FindPaletteIndex(colour);
+        const RecentColour& recent = recentColours_[RecentSlot(colour)];
+        return recent.colour == colour ? recent.index : FindPaletteIndex(colour);
     }
     std::uint16_t FindPaletteIndex(Rgb colour);
 
@@ -326,10 +337,7 @@ private:
     TextPool pool_;
     std::size_t replacedTexts_ = 0;  // texts written over by other texts since the last drop
     std::vector<Rgb> palette_{kDefaultColour};
-    Rgb lastColour_ = kDefaultColour;
-    std::uint16_t lastIndex_ = 0;
-    // Colours used before, by a few bits of the colour: reports that alternate a handful of
-    // colours cell by cell find them without a search.
+    // Colours used before, by RecentSlot.
     struct RecentColour {
         Rgb colour = kDefaultColour;
         std::uint16_t index = 0;
