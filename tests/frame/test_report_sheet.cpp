@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
 
 #include "frame/frame_passes.h"
+#include "frame/number_classes.h"
 #include "frame/report_sheet.h"
 #include "frame/text_pool.h"
 #include "support/test_support.h"
@@ -31,6 +33,38 @@ TEST(ReportSheet, NumbersAreWrittenAsTextAndTextIsKeptAsTyped) {
     EXPECT_EQ(sheet.BackColor(1, 1), 0xFF0000u);
     sheet.SetBackColor(1, 1, kDefaultColour);
     EXPECT_EQ(sheet.BackColor(1, 1), kDefaultColour);
+    // Read without a copy, a number reads as its text whatever its size.
+    ReportSheet::NumberDigits digits;
+    for (long v : {-40000L, -12L, 0L, 7L, 42L, 100L, 999L, 1000L, 32767L, 99999L}) {
+        sheet.SetNumber(1, 2, v);
+        EXPECT_EQ(sheet.TextView(1, 2, digits), std::to_string(v));
+    }
+}
+
+// Many colours, written cell by cell in one order and again in another, each read back as
+// written.
+TEST(ReportSheet, EveryColourReadsBackAsWritten) {
+    ReportSheet sheet(8, 8);
+    const auto colour = [](int i) { return MakeRgb(i * 4, 255 - i, i % 3 == 0 ? 0 : 128); };
+    for (int pass = 0; pass < 2; ++pass)
+        for (int i = 0; i < 64; ++i) {
+            const int k = pass == 0 ? i : (i * 27) % 64;
+            sheet.SetBackColor(k / 8, k % 8, colour(k + pass));
+        }
+    for (int k = 0; k < 64; ++k)
+        EXPECT_EQ(sheet.BackColor(k / 8, k % 8), colour(k + 1)) << k;
+}
+
+TEST(NumberClasses, ThreeDigitsSortAscending) {
+    for (short a = -1; a <= 10; ++a)
+        for (short b = -1; b <= 10; ++b)
+            for (short c = -1; c <= 10; ++c) {
+                CurrentDigits digits{a, b, c};
+                CurrentDigits expected = digits;
+                std::sort(expected.begin(), expected.end());
+                SortDigits(digits);
+                EXPECT_EQ(digits, expected) << a << b << c;
+            }
 }
 
 TEST(ReportSheet, CellNumberFollowsTheLeadingNumberRule) {
