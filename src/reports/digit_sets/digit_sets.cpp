@@ -170,12 +170,55 @@ SetCounts CountsOf(std::string_view set, std::size_t length) {
     return counts;
 }
 
-int Score(const SetCounts& counts, std::string_view distinct) {
-    int score = 0;
-    for (char d : distinct)
-        score += counts[static_cast<unsigned char>(d)];
-    return score;
-}
+// A drawing's distinct digits as read back from its cell. Nearly always one to three digits: they
+// are then padded with NUL, which no set holds, so that every score adds the same three counts.
+class DistinctText {
+public:
+    explicit DistinctText(std::string_view text) : text_(text) {
+        if (text.size() <= 3) std::copy(text.begin(), text.end(), padded_.begin());
+    }
+    std::size_t size() const { return text_.size(); }
+    int Score(const SetCounts& counts) const {
+        if (text_.size() > 3) [[unlikely]] {
+            int score = 0;
+            for (char d : text_)
+                score += counts[static_cast<unsigned char>(d)];
+            return score;
+        }
+        return counts[padded_[0]] + counts[padded_[1]] + counts[padded_[2]];
+    }
+
+private:
+    std::string_view text_;
+    std::array<unsigned char, 3> padded_{};
+};
+
+// The DistinctDigits texts of a report, each made ready once, when it first comes, and then
+// stored. The text depends only on which digits a drawing holds: a bit per digit finds it.
+class DistinctDigitTexts {
+public:
+    // Writes the DistinctDigits of sorted digits into (row, col).
+    void Write(ReportSheet& sheet, int row, int col, const CurrentDigits& s) {
+        if (s[0] < 0 || s[2] > 9) [[unlikely]] {  // a field such as 12 is written as it stands
+            sheet.SetText(row, col, DistinctDigits(s));
+            return;
+        }
+        const unsigned digitSet = (1u << s[0]) | (1u << s[1]) | (1u << s[2]);
+        ReportSheet::TextKey& key = keys_[digitSet];
+        if (key.handle == 0) {
+            std::array<char, 3>& text = texts_[digitSet];
+            std::size_t size = 0;
+            for (int d = 0; d <= 9; ++d)
+                if (digitSet & (1u << d)) text[size++] = static_cast<char>('0' + d);
+            key = sheet.Prepare(std::string_view(text.data(), size));
+        }
+        sheet.SetText(row, col, key);
+    }
+
+private:
+    std::array<std::array<char, 3>, 1024> texts_{};
+    std::array<ReportSheet::TextKey, 1024> keys_{};
+};
 
 void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const int lastSetCol = kFirstSetCol + static_cast<int>(report.sets.size()) - 1;
@@ -194,15 +237,11 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
     // whole sheet.
     sheet.SetRows(drawCount + 6);
     ResetSheet(sheet, drawCount, drawCount + 2, report.lastBlankCol);
-    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        SortDigits(digits);
-        sheet.SetText(row, kDistinctCol, DistinctDigits(digits));
-    });
 
+    // The headers come first, so that each drawing is scored while its row is at hand.
     HeadDigitColumns(sheet);
     for (std::size_t i = 0; i < report.sets.size(); ++i)
         sheet.SetText(0, kFirstSetCol + static_cast<int>(i), report.sets[i]);
-    FinishLoad(sheet);
 
     // The sets are whatever the header row says.
     std::vector<SetCounts> sets;
@@ -214,19 +253,24 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
                 : set.size();
         sets.push_back(CountsOf(set, length));
     }
-    ReportSheet::NumberDigits digits;
-    for (int r = 1; r <= drawCount; ++r) {
-        const std::string_view distinct = sheet.TextView(r, kDistinctCol, digits);
+    // Every set cell of a row is written, a miss with the empty text it already has: whether a
+    // drawing hits is as good as random, and picking one of two texts costs less than a wrong
+    // guess at a jump.
+    const ReportSheet::TextKey marks[2] = {{}, sheet.Prepare(report.hitMarker)};
+    DistinctDigitTexts distinctTexts;
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        SortDigits(digits);
+        distinctTexts.Write(sheet, row, kDistinctCol, digits);
+        ReportSheet::NumberDigits buffer;
+        const DistinctText distinct(sheet.TextView(row, kDistinctCol, buffer));
         for (int c = kFirstSetCol; c <= lastSetCol; ++c) {
-            const int score = Score(sets[static_cast<std::size_t>(c - kFirstSetCol)], distinct);
-            if (score == 3) {
-                sheet.SetText(r, c, report.hitMarker);
-            } else if (report.threeWayBoxHits && score == 2 && distinct.size() == 2) {
-                sheet.SetText(r, c, report.hitMarker);
-                sheet.SetBackColor(r, c, colours::kHit);
-            }
+            const int score = distinct.Score(sets[static_cast<std::size_t>(c - kFirstSetCol)]);
+            const bool redHit = report.threeWayBoxHits && score == 2 && distinct.size() == 2;
+            sheet.SetText(row, c, marks[score == 3 || redHit]);
+            if (redHit) sheet.SetBackColor(row, c, colours::kHit);
         }
-    }
+    });
+    FinishLoad(sheet);
 
     FillMissCountersAndStatisticRows(sheet, lastSetCol, report.hitMarker,
                                      AverageRule::EmptyWhenNoHit, kFirstSetCol);
