@@ -194,16 +194,19 @@ private:
 };
 
 // The DistinctDigits texts of a report, each made ready once, when it first comes, and then
-// stored. The text depends only on which digits a drawing holds: a bit per digit finds it.
+// stored. The distinct digits are the drawing's digits sorted, each once: they depend only on which
+// digits it holds, so a bit per digit finds the text without sorting the digits first.
 class DistinctDigitTexts {
 public:
-    // Writes the DistinctDigits of sorted digits into (row, col).
-    void Write(ReportSheet& sheet, int row, int col, const CurrentDigits& s) {
-        if (s[0] < 0 || s[2] > 9) [[unlikely]] {  // a field such as 12 is written as it stands
-            sheet.SetText(row, col, DistinctDigits(s));
+    // Writes the DistinctDigits of the drawing's digits into (row, col).
+    void Write(ReportSheet& sheet, int row, int col, CurrentDigits& digits) {
+        const bool allDigits = IsDigit(digits[0]) & IsDigit(digits[1]) & IsDigit(digits[2]);
+        if (!allDigits) [[unlikely]] {  // a field such as 12 is written as it stands
+            SortDigits(digits);
+            sheet.SetText(row, col, DistinctDigits(digits));
             return;
         }
-        const unsigned digitSet = (1u << s[0]) | (1u << s[1]) | (1u << s[2]);
+        const unsigned digitSet = (1u << digits[0]) | (1u << digits[1]) | (1u << digits[2]);
         ReportSheet::TextKey& key = keys_[digitSet];
         if (key.handle == 0) {
             std::array<char, 3>& text = texts_[digitSet];
@@ -216,6 +219,8 @@ public:
     }
 
 private:
+    static bool IsDigit(short value) { return value >= 0 && value <= 9; }
+
     std::array<std::array<char, 3>, 1024> texts_{};
     std::array<ReportSheet::TextKey, 1024> keys_{};
 };
@@ -259,7 +264,6 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
     const ReportSheet::TextKey marks[2] = {{}, sheet.Prepare(report.hitMarker)};
     DistinctDigitTexts distinctTexts;
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        SortDigits(digits);
         distinctTexts.Write(sheet, row, kDistinctCol, digits);
         ReportSheet::NumberDigits buffer;
         const DistinctText distinct(sheet.TextView(row, kDistinctCol, buffer));
