@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -57,6 +58,12 @@ constexpr std::string_view k012TypeSets[] = {
     "2589", "2581", "2584", "2587", "03691", "03694", "03697", "03692", "03695", "03698"};
 
 constexpr std::string_view kMixedSets[] = {"036925", "147258", "1458"};
+
+// A row's hits are gathered a bit per set.
+static_assert(std::max({std::size(kSixDigits), std::size(kSevenDigits), std::size(kFourDigitSets),
+                        std::size(kFiveDigitSets), std::size(kSixDigitSets),
+                        std::size(kSevenDigitSets), std::size(kSixDigitRuns),
+                        std::size(k012TypeSets), std::size(kMixedSets)}) <= 32);
 
 constexpr DigitSetReport kSixWayThisSix = {
     .sets = kSixDigits,
@@ -258,20 +265,26 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
                 : set.size();
         sets.push_back(CountsOf(set, length));
     }
-    // Every set cell of a row is written, a miss with the empty text it already has: whether a
-    // drawing hits is as good as random, and picking one of two texts costs less than a wrong
-    // guess at a jump.
-    const ReportSheet::TextKey marks[2] = {{}, sheet.Prepare(report.hitMarker)};
+    const ReportSheet::TextKey hitMarker = sheet.Prepare(report.hitMarker);
     DistinctDigitTexts distinctTexts;
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         distinctTexts.Write(sheet, row, kDistinctCol, digits);
         ReportSheet::NumberDigits buffer;
         const DistinctText distinct(sheet.TextView(row, kDistinctCol, buffer));
-        for (int c = kFirstSetCol; c <= lastSetCol; ++c) {
-            const int score = distinct.Score(sets[static_cast<std::size_t>(c - kFirstSetCol)]);
-            const bool redHit = report.threeWayBoxHits && score == 2 && distinct.size() == 2;
-            sheet.SetText(row, c, marks[score == 3 || redHit]);
-            if (redHit) sheet.SetBackColor(row, c, colours::kHit);
+        // The sets hit, a bit per set: whether a drawing hits a set is as good as random, so the
+        // sets are scored without a jump and only the hits are then visited.
+        std::uint32_t hits = 0;
+        std::uint32_t redHits = 0;
+        for (std::size_t i = 0; i < sets.size(); ++i) {
+            const int score = distinct.Score(sets[i]);
+            const bool red = report.threeWayBoxHits & (score == 2) & (distinct.size() == 2);
+            hits |= static_cast<std::uint32_t>((score == 3) | red) << i;
+            redHits |= static_cast<std::uint32_t>(red) << i;
+        }
+        for (; hits != 0; hits &= hits - 1) {
+            const int i = std::countr_zero(hits);
+            sheet.SetText(row, kFirstSetCol + i, hitMarker);
+            if (redHits & (1u << i)) sheet.SetBackColor(row, kFirstSetCol + i, colours::kHit);
         }
     });
     FinishLoad(sheet);
