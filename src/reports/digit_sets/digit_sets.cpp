@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -177,27 +178,64 @@ SetCounts CountsOf(std::string_view set, std::size_t length) {
     return counts;
 }
 
-// A drawing's distinct digits as read back from its cell. Nearly always one to three digits: they
-// are then padded with NUL, which no set holds, so that every score adds the same three counts.
-class DistinctText {
+// The sets a drawing hits, a bit per set column (bit 0 for the first), and which of these hits are
+// red.
+struct SetHits {
+    std::uint32_t all = 0;
+    std::uint32_t red = 0;
+};
+
+// Scores the distinct-digit texts read back from the sheet against the sets. A text of up to three
+// digits is scored once, when it first comes, and remembered: such texts are few, and every
+// drawing has one.
+class SetScorer {
 public:
-    explicit DistinctText(std::string_view text) : text_(text) {
-        if (text.size() <= 3) std::copy(text.begin(), text.end(), padded_.begin());
-    }
-    std::size_t size() const { return text_.size(); }
-    int Score(const SetCounts& counts) const {
-        if (text_.size() > 3) [[unlikely]] {
-            int score = 0;
-            for (char d : text_)
-                score += counts[static_cast<unsigned char>(d)];
-            return score;
-        }
-        return counts[padded_[0]] + counts[padded_[1]] + counts[padded_[2]];
+    SetScorer(std::vector<SetCounts> sets, bool threeWayBoxHits)
+        : sets_(std::move(sets)), threeWayBoxHits_(threeWayBoxHits) {}
+
+    SetHits HitsOf(std::string_view distinct) {
+        const int slot = SlotOf(distinct);
+        if (slot < 0) [[unlikely]]
+            return Score(distinct);
+        Remembered& remembered = remembered_[static_cast<std::size_t>(slot)];
+        if (!remembered.known) remembered = {Score(distinct), true};
+        return remembered.hits;
     }
 
 private:
-    std::string_view text_;
-    std::array<unsigned char, 3> padded_{};
+    // A place for each text of up to three digits: each character counts as 1 to 10 in base 11,
+    // so that no two such texts share a place. -1 for any other text.
+    static int SlotOf(std::string_view text) {
+        if (text.size() > 3) return -1;
+        int slot = 0;
+        for (char ch : text) {
+            if (ch < '0' || ch > '9') return -1;
+            slot = slot * 11 + (ch - '0' + 1);
+        }
+        return slot;
+    }
+    // The score of a set is the number of the text's characters that the set holds, each
+    // matching place counted.
+    SetHits Score(std::string_view distinct) const {
+        SetHits hits;
+        for (std::size_t i = 0; i < sets_.size(); ++i) {
+            int score = 0;
+            for (char d : distinct)
+                score += sets_[i][static_cast<unsigned char>(d)];
+            const bool red = threeWayBoxHits_ && score == 2 && distinct.size() == 2;
+            if (score == 3 || red) hits.all |= 1u << i;
+            if (red) hits.red |= 1u << i;
+        }
+        return hits;
+    }
+
+    struct Remembered {
+        SetHits hits;
+        bool known = false;
+    };
+    std::vector<SetCounts> sets_;
+    bool threeWayBoxHits_;
+    std::array<Remembered, 11 * 11 * 11> remembered_{};
 };
 
 // The DistinctDigits texts of a report, each made ready once, when it first comes, and then
@@ -265,26 +303,17 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
                 : set.size();
         sets.push_back(CountsOf(set, length));
     }
+    SetScorer scorer(std::move(sets), report.threeWayBoxHits);
     const ReportSheet::TextKey hitMarker = sheet.Prepare(report.hitMarker);
     DistinctDigitTexts distinctTexts;
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         distinctTexts.Write(sheet, row, kDistinctCol, digits);
         ReportSheet::NumberDigits buffer;
-        const DistinctText distinct(sheet.TextView(row, kDistinctCol, buffer));
-        // The sets hit, a bit per set: whether a drawing hits a set is as good as random, so the
-        // sets are scored without a jump and only the hits are then visited.
-        std::uint32_t hits = 0;
-        std::uint32_t redHits = 0;
-        for (std::size_t i = 0; i < sets.size(); ++i) {
-            const int score = distinct.Score(sets[i]);
-            const bool red = report.threeWayBoxHits & (score == 2) & (distinct.size() == 2);
-            hits |= static_cast<std::uint32_t>((score == 3) | red) << i;
-            redHits |= static_cast<std::uint32_t>(red) << i;
-        }
-        for (; hits != 0; hits &= hits - 1) {
-            const int i = std::countr_zero(hits);
+        const SetHits hits = scorer.HitsOf(sheet.TextView(row, kDistinctCol, buffer));
+        for (std::uint32_t rest = hits.all; rest != 0; rest &= rest - 1) {
+            const int i = std::countr_zero(rest);
             sheet.SetText(row, kFirstSetCol + i, hitMarker);
-            if (redHits & (1u << i)) sheet.SetBackColor(row, kFirstSetCol + i, colours::kHit);
+            if (hits.red & (1u << i)) sheet.SetBackColor(row, kFirstSetCol + i, colours::kHit);
         }
     });
     FinishLoad(sheet);
