@@ -168,7 +168,7 @@ constexpr DigitSetReport kBoxTheseN = {
 
 // How often each character stands among the first `length` characters of a set: a drawing's
 // score is then the sum of these counts over its distinct digits, each matching place counted,
-// and a row costs a look-up per digit instead of a walk along every set.
+// a look-up per digit instead of a walk along the set.
 using SetCounts = std::array<std::uint8_t, 256>;
 
 SetCounts CountsOf(std::string_view set, std::size_t length) {
