@@ -1,8 +1,10 @@
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -57,6 +59,12 @@ constexpr std::string_view k012TypeSets[] = {
     "2589", "2581", "2584", "2587", "03691", "03694", "03697", "03692", "03695", "03698"};
 
 constexpr std::string_view kMixedSets[] = {"036925", "147258", "1458"};
+
+// A row's hits are gathered a bit per set.
+static_assert(std::max({std::size(kSixDigits), std::size(kSevenDigits), std::size(kFourDigitSets),
+                        std::size(kFiveDigitSets), std::size(kSixDigitSets),
+                        std::size(kSevenDigitSets), std::size(kSixDigitRuns),
+                        std::size(k012TypeSets), std::size(kMixedSets)}) <= 32);
 
 constexpr DigitSetReport kSixWayThisSix = {
     .sets = kSixDigits,
@@ -160,7 +168,7 @@ constexpr DigitSetReport kBoxTheseN = {
 
 // How often each character stands among the first `length` characters of a set: a drawing's
 // score is then the sum of these counts over its distinct digits, each matching place counted,
-// and a row costs a look-up per digit instead of a walk along every set.
+// a look-up per digit instead of a walk along the set.
 using SetCounts = std::array<std::uint8_t, 256>;
 
 SetCounts CountsOf(std::string_view set, std::size_t length) {
@@ -170,12 +178,97 @@ SetCounts CountsOf(std::string_view set, std::size_t length) {
     return counts;
 }
 
-int Score(const SetCounts& counts, std::string_view distinct) {
-    int score = 0;
-    for (char d : distinct)
-        score += counts[static_cast<unsigned char>(d)];
-    return score;
-}
+// The sets a drawing hits, a bit per set column (bit 0 for the first), and which of these hits are
+// red.
+struct SetHits {
+    std::uint32_t all = 0;
+    std::uint32_t red = 0;
+};
+
+// Scores the distinct-digit texts read back from the sheet against the sets. A text of up to three
+// digits is scored once, when it first comes, and remembered: such texts are few, and every
+// drawing has one.
+class SetScorer {
+public:
+    SetScorer(std::vector<SetCounts> sets, bool threeWayBoxHits)
+        : sets_(std::move(sets)), threeWayBoxHits_(threeWayBoxHits) {}
+
+    SetHits HitsOf(std::string_view distinct) {
+        const int slot = SlotOf(distinct);
+        if (slot < 0) [[unlikely]]
+            return Score(distinct);
+        Remembered& remembered = remembered_[static_cast<std::size_t>(slot)];
+        if (!remembered.known) remembered = {Score(distinct), true};
+        return remembered.hits;
+    }
+
+private:
+    // A place for each text of up to three digits: each character counts as 1 to 10 in base 11,
+    // so that no two such texts share a place. -1 for any other text.
+    static int SlotOf(std::string_view text) {
+        if (text.size() > 3) return -1;
+        int slot = 0;
+        for (char ch : text) {
+            if (ch < '0' || ch > '9') return -1;
+            slot = slot * 11 + (ch - '0' + 1);
+        }
+        return slot;
+    }
+    // The score of a set is the number of the text's characters that the set holds, each
+    // matching place counted.
+    SetHits Score(std::string_view distinct) const {
+        SetHits hits;
+        for (std::size_t i = 0; i < sets_.size(); ++i) {
+            int score = 0;
+            for (char d : distinct)
+                score += sets_[i][static_cast<unsigned char>(d)];
+            const bool red = threeWayBoxHits_ && score == 2 && distinct.size() == 2;
+            if (score == 3 || red) hits.all |= 1u << i;
+            if (red) hits.red |= 1u << i;
+        }
+        return hits;
+    }
+
+    struct Remembered {
+        SetHits hits;
+        bool known = false;
+    };
+    std::vector<SetCounts> sets_;
+    bool threeWayBoxHits_;
+    std::array<Remembered, 11 * 11 * 11> remembered_{};
+};
+
+// The DistinctDigits texts of a report, each made ready once, when it first comes, and then
+// stored. The distinct digits are the drawing's digits sorted, each once: they depend only on which
+// digits it holds, so a bit per digit finds the text without sorting the digits first.
+class DistinctDigitTexts {
+public:
+    // Writes the DistinctDigits of the drawing's digits into (row, col).
+    void Write(ReportSheet& sheet, int row, int col, CurrentDigits& digits) {
+        const bool allDigits = IsDigit(digits[0]) & IsDigit(digits[1]) & IsDigit(digits[2]);
+        if (!allDigits) [[unlikely]] {  // a field such as 12 is written as it stands
+            SortDigits(digits);
+            sheet.SetText(row, col, DistinctDigits(digits));
+            return;
+        }
+        const unsigned digitSet = (1u << digits[0]) | (1u << digits[1]) | (1u << digits[2]);
+        ReportSheet::TextKey& key = keys_[digitSet];
+        if (key.handle == 0) {
+            std::array<char, 3>& text = texts_[digitSet];
+            std::size_t size = 0;
+            for (int d = 0; d <= 9; ++d)
+                if (digitSet & (1u << d)) text[size++] = static_cast<char>('0' + d);
+            key = sheet.Prepare(std::string_view(text.data(), size));
+        }
+        sheet.SetText(row, col, key);
+    }
+
+private:
+    static bool IsDigit(short value) { return value >= 0 && value <= 9; }
+
+    std::array<std::array<char, 3>, 1024> texts_{};
+    std::array<ReportSheet::TextKey, 1024> keys_{};
+};
 
 void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const int lastSetCol = kFirstSetCol + static_cast<int>(report.sets.size()) - 1;
@@ -194,15 +287,11 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
     // whole sheet.
     sheet.SetRows(drawCount + 6);
     ResetSheet(sheet, drawCount, drawCount + 2, report.lastBlankCol);
-    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        SortDigits(digits);
-        sheet.SetText(row, kDistinctCol, DistinctDigits(digits));
-    });
 
+    // The headers come first, so that each drawing is scored while its row is at hand.
     HeadDigitColumns(sheet);
     for (std::size_t i = 0; i < report.sets.size(); ++i)
         sheet.SetText(0, kFirstSetCol + static_cast<int>(i), report.sets[i]);
-    FinishLoad(sheet);
 
     // The sets are whatever the header row says.
     std::vector<SetCounts> sets;
@@ -214,19 +303,20 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
                 : set.size();
         sets.push_back(CountsOf(set, length));
     }
-    ReportSheet::NumberDigits digits;
-    for (int r = 1; r <= drawCount; ++r) {
-        const std::string_view distinct = sheet.TextView(r, kDistinctCol, digits);
-        for (int c = kFirstSetCol; c <= lastSetCol; ++c) {
-            const int score = Score(sets[static_cast<std::size_t>(c - kFirstSetCol)], distinct);
-            if (score == 3) {
-                sheet.SetText(r, c, report.hitMarker);
-            } else if (report.threeWayBoxHits && score == 2 && distinct.size() == 2) {
-                sheet.SetText(r, c, report.hitMarker);
-                sheet.SetBackColor(r, c, colours::kHit);
-            }
+    SetScorer scorer(std::move(sets), report.threeWayBoxHits);
+    const ReportSheet::TextKey hitMarker = sheet.Prepare(report.hitMarker);
+    DistinctDigitTexts distinctTexts;
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        distinctTexts.Write(sheet, row, kDistinctCol, digits);
+        ReportSheet::NumberDigits buffer;
+        const SetHits hits = scorer.HitsOf(sheet.TextView(row, kDistinctCol, buffer));
+        for (std::uint32_t rest = hits.all; rest != 0; rest &= rest - 1) {
+            const int i = std::countr_zero(rest);
+            sheet.SetText(row, kFirstSetCol + i, hitMarker);
+            if (hits.red & (1u << i)) sheet.SetBackColor(row, kFirstSetCol + i, colours::kHit);
         }
-    }
+    });
+    FinishLoad(sheet);
 
     FillMissCountersAndStatisticRows(sheet, lastSetCol, report.hitMarker,
                                      AverageRule::EmptyWhenNoHit, kFirstSetCol);

@@ -1,10 +1,8 @@
-#include <string>
 #include <string_view>
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "reports/report_registry.h"
-#include "reports/three_way_box/label_forms.h"
 
 namespace numarel {
 namespace {
@@ -41,9 +39,24 @@ bool SignalsBeforeSort(Signal signal, const CurrentDigits& d) {
            (signal == Signal::TensIsZero && d[1] == 0);
 }
 
+// Tested with plain & and |: whether a drawing is a run is as good as random, and every && would
+// be a jump for the processor to guess.
 bool IsRun(const CurrentDigits& s) {
-    return (s[1] - s[0] == 1 && s[2] - s[1] == 1) || (s[0] == 0 && s[1] == 8 && s[2] == 9) ||
-           (s[0] == 0 && s[1] == 1 && s[2] == 9);
+    const bool consecutive = (s[1] - s[0] == 1) & (s[2] - s[1] == 1);
+    const bool wraps = (s[0] == 0) & (s[2] == 9) & ((s[1] == 8) | (s[1] == 1));
+    return consecutive | wraps;
+}
+
+// Column 0 cut to the date alone, written over the label FillSheet wrote.
+void WriteDateAlone(ReportSheet& sheet, int row) {
+    ReportSheet::NumberDigits digits;
+    const std::string_view label = sheet.TextView(row, 0, digits);
+    // A short walk to the colon: a label is a dozen characters.
+    std::size_t dateSize = 0;
+    while (dateSize < label.size() && label[dateSize] != ':')
+        ++dateSize;
+    // A label is only ever shortened in its place, so the view may be written back.
+    sheet.SetText(row, 0, label.substr(0, dateSize));
 }
 
 void Build(const ChanceReport& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
@@ -59,36 +72,41 @@ void Build(const ChanceReport& report, std::span<const DrawRecord> drawings, Rep
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 1 + kRowsToCome);
-    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        sheet.SetText(row, 0, DateOfLabel(sheet.Text(row, 0)));
-        if (SignalsBeforeSort(report.signal, digits)) sheet.SetText(row, kSignalCol, "***");
-        SortDigits(digits);
-        if (report.signal == Signal::Run && IsRun(digits)) sheet.SetText(row, kSignalCol, "***");
-        if (IsThreeWayBox(digits)) {
-            sheet.SetText(row, kBoxCol, "YES");
-            if (report.widthRule) sheet.SetText(row, kWidthBoxCol, "  YES");
-        }
-        if (report.widthRule) sheet.SetNumber(row, kWidthCol, digits[2] - digits[0]);
-    });
 
+    // The headers come first, and each row is marked and painted while it is at hand: the
+    // stretches are read back from the signal marks, so overlapping ones merge, and the Width
+    // rule compares the row with the one before it.
     HeadDigitColumns(sheet);
     sheet.SetText(0, kBoxCol, "3 Way Box");
     if (report.widthRule) sheet.SetText(0, kWidthBoxCol, "3 Way Box");
-    FinishLoad(sheet);
-
-    // The stretches are read back from the signal marks, so overlapping ones merge.
-    for (int r = 1; r <= drawCount; ++r) {
-        if (sheet.IsEmpty(r, kSignalCol)) continue;
-        for (int k = 1; k <= kSignalStretch; ++k)
-            sheet.SetBackColor(r + k, kSignalCol, colours::kHit);
-    }
-    if (report.widthRule) {
-        for (int r = 1; r <= drawCount - 2; ++r) {
-            if (sheet.Text(r + 1, kWidthCol) != sheet.Text(r + 2, kWidthCol)) continue;
-            for (int k = 3; k <= 5; ++k)
-                sheet.SetBackColor(r + k, kWidthPaintCol, colours::kHit);
+    const ReportSheet::TextKey signalMark = sheet.Prepare("***");
+    const ReportSheet::TextKey boxMark = sheet.Prepare("YES");
+    const ReportSheet::TextKey widthBoxMark =
+        report.widthRule ? sheet.Prepare("  YES") : ReportSheet::TextKey{};
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        WriteDateAlone(sheet, row);
+        if (SignalsBeforeSort(report.signal, digits)) sheet.SetText(row, kSignalCol, signalMark);
+        SortDigits(digits);
+        if (report.signal == Signal::Run && IsRun(digits))
+            sheet.SetText(row, kSignalCol, signalMark);
+        if (IsThreeWayBox(digits)) {
+            sheet.SetText(row, kBoxCol, boxMark);
+            if (report.widthRule) sheet.SetText(row, kWidthBoxCol, widthBoxMark);
         }
-    }
+        if (!sheet.IsEmpty(row, kSignalCol)) {
+            for (int k = 1; k <= kSignalStretch; ++k)
+                sheet.SetBackColor(row + k, kSignalCol, colours::kHit);
+        }
+        if (report.widthRule) {
+            sheet.SetNumber(row, kWidthCol, digits[2] - digits[0]);
+            // Two drawings in a row with equal Width, the first of them not the oldest.
+            if (row >= 3 && sheet.SameText(row - 1, kWidthCol, row, kWidthCol)) {
+                for (int k = 1; k <= 3; ++k)
+                    sheet.SetBackColor(row + k, kWidthPaintCol, colours::kHit);
+            }
+        }
+    });
+    FinishLoad(sheet);
 }
 
 }  // namespace

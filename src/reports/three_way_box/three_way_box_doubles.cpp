@@ -3,6 +3,7 @@
 #include <charconv>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -51,39 +52,29 @@ struct DoublesReport {
 };
 
 // The header row, read back once the headers are written: a class cell holds its column's
-// header text.
+// header text, made ready once for the many cells it goes into.
 class ClassHeaders {
 public:
-    ClassHeaders(const ReportSheet& sheet, int cols) {
+    ClassHeaders(ReportSheet& sheet, int cols) {
         for (int c = 0; c < cols && c < kMaxCols; ++c) {
-            Header& header = headers_[static_cast<std::size_t>(c)];
-            header.number = sheet.HoldsNumber(0, c);
-            if (header.number)
-                header.value = sheet.CellNumber(0, c);
-            else
-                header.text = sheet.Text(0, c);
+            const auto i = static_cast<std::size_t>(c);
+            texts_[i] = sheet.Text(0, c);
+            keys_[i] = sheet.Prepare(texts_[i]);
         }
     }
+    // The keys view the texts held here.
+    ClassHeaders(const ClassHeaders&) = delete;
+    ClassHeaders& operator=(const ClassHeaders&) = delete;
 
     void Mark(ReportSheet& sheet, int row, int col, Rgb back) const {
-        const Header& header = headers_[static_cast<std::size_t>(col)];
-        // A number header is a short double such as 11, kept as a number whichever way it is
-        // written.
-        if (header.number)
-            sheet.SetNumber(row, col, header.value);
-        else
-            sheet.SetText(row, col, header.text);
+        sheet.SetText(row, col, keys_[static_cast<std::size_t>(col)]);
         sheet.SetBackColor(row, col, back);
     }
 
 private:
     static constexpr int kMaxCols = 33;
-    struct Header {
-        bool number = false;
-        short value = 0;
-        std::string text;
-    };
-    std::array<Header, kMaxCols> headers_;
+    std::array<std::string, kMaxCols> texts_;
+    std::array<ReportSheet::TextKey, kMaxCols> keys_;
 };
 
 bool IsPrimeDouble(int d) {
@@ -248,52 +239,58 @@ void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, Re
     const int drawCount = CountDrawings(drawings);
     const int maxMissRow = drawCount + 4;
     ResetSheet(sheet, drawCount, drawCount + 5);
+
+    // The headers come first, so that each drawing is classed while its row is at hand.
+    HeadDigitColumns(sheet);
+    for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c)
+        SetDigitPair(sheet, 0, c, c - kFirstDoubleCol, c - kFirstDoubleCol);
+    for (std::size_t i = 0; i < report.classHeaders.size(); ++i)
+        sheet.SetText(0, kFirstClassCol + static_cast<int>(i), report.classHeaders[i]);
+    const ClassHeaders headers(sheet, report.cols);
+    std::array<short, kLastDoubleCol + 1> doubles{};
+    for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c)
+        doubles[c] = sheet.CellNumber(0, c);
+    const ReportSheet::TextKey boxMark = sheet.Prepare("-Y-");
+
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         RewriteLabel(sheet, row, report.column0);
         SortDigits(digits);
         SetDigitPair(sheet, row, kLowPairCol, digits[0], digits[1]);
         SetDigitPair(sheet, row, kHighPairCol, digits[1], digits[2]);
         SetDigitPair(sheet, row, kOuterPairCol, digits[0], digits[2]);
-    });
 
-    HeadDigitColumns(sheet);
-    for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c)
-        SetDigitPair(sheet, 0, c, c - kFirstDoubleCol, c - kFirstDoubleCol);
-    for (std::size_t i = 0; i < report.classHeaders.size(); ++i)
-        sheet.SetText(0, kFirstClassCol + static_cast<int>(i), report.classHeaders[i]);
-
-    // Classifying: the double is found by number among the working pairs; a triple's outer pair
-    // is a multiple of 11 too, which is how it is told apart.
-    const ClassHeaders headers(sheet, report.cols);
-    std::array<short, kLastDoubleCol + 1> doubles{};
-    for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c)
-        doubles[c] = sheet.CellNumber(0, c);
-    for (int r = 1; r <= drawCount; ++r) {
-        if (sheet.CellNumber(r, kOuterPairCol) % 11 == 0) continue;
-        const short low = sheet.CellNumber(r, kLowPairCol);
-        const short high = sheet.CellNumber(r, kHighPairCol);
+        // Classifying: the double is found by number among the working pairs just written; a
+        // triple's outer pair is a multiple of 11 too, which is how it is told apart.
+        if (sheet.CellNumber(row, kOuterPairCol) % 11 == 0) return;
+        const short low = sheet.CellNumber(row, kLowPairCol);
+        const short high = sheet.CellNumber(row, kHighPairCol);
         for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
             const int d = doubles[c];
             if (low != d && high != d) continue;
-            headers.Mark(sheet, r, c, colours::kHit);
-            sheet.SetText(r, kBoxMarkCol, "-Y-");
-            report.classify(sheet, headers, r, d);
+            headers.Mark(sheet, row, c, colours::kHit);
+            sheet.SetText(row, kBoxMarkCol, boxMark);
+            report.classify(sheet, headers, row, d);
         }
-    }
+    });
 
     FillMissCounters(sheet, kFirstDoubleCol, kLastDoubleCol);
 
     // Non-hit cells are greyed. A run counts only once it is closed, which the back colours
     // tell: a non-hit row whose colour differs from the row after it.
-    // Row by row, the order in which the cells are stored.
+    // Row by row, the order in which the cells are stored; each row's colours are read once, as
+    // the row after the one before.
     sheet.SetText(maxMissRow, 0, "Max Miss");
     std::array<short, kLastDoubleCol + 1> maxMiss{};
+    std::array<Rgb, kLastDoubleCol + 1> backs{};
+    for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c)
+        backs[c] = sheet.BackColor(1, c);
     for (int r = 1; r <= drawCount; ++r)
         for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
-            const Rgb back = sheet.BackColor(r, c);
+            const Rgb next = sheet.BackColor(r + 1, c);
+            const Rgb back = std::exchange(backs[c], next);
             if (back == colours::kHit) continue;
             sheet.SetForeColor(r, c, kMissFore);
-            if (r == drawCount || back == sheet.BackColor(r + 1, c)) continue;
+            if (r == drawCount || back == next) continue;
             maxMiss[c] = std::max(maxMiss[c], sheet.CellNumber(r, c));
         }
     for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
