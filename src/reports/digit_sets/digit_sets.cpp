@@ -239,15 +239,16 @@ private:
 };
 
 // The DistinctDigits texts of a report, each made ready once, when it first comes, and then
-// stored. The distinct digits are the drawing's digits sorted, each once: they depend only on which
-// digits it holds, so a bit per digit finds the text without sorting the digits first.
+// stored. The distinct digits depend only on which digits a drawing holds, so a bit per digit
+// finds the text.
 class DistinctDigitTexts {
 public:
-    // Writes the DistinctDigits of the drawing's digits into (row, col).
+    // Sorts the digits in hand and writes their DistinctDigits into (row, col). The digits stay
+    // sorted: a field of the next drawing that cannot be read keeps its sorted digit.
     void Write(ReportSheet& sheet, int row, int col, CurrentDigits& digits) {
+        SortDigits(digits);
         const bool allDigits = IsDigit(digits[0]) & IsDigit(digits[1]) & IsDigit(digits[2]);
         if (!allDigits) [[unlikely]] {  // a field such as 12 is written as it stands
-            SortDigits(digits);
             sheet.SetText(row, col, DistinctDigits(digits));
             return;
         }

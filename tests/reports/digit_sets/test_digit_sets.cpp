@@ -53,6 +53,11 @@ TEST(DigitSets, OneSetSixWayOnly) {
     EXPECT_EQ((Texts{s.Text(6, 5), s.Text(7, 5), s.Text(8, 5), s.Text(9, 5)}),
               (Texts{"2", "2", "0", "2"}));
     EXPECT_TRUE(ColumnsColoured(s, 1, colours::kHit).empty());
+
+    // A field that cannot be read keeps the sorted digit of the drawing before: 5 4 1 is 1 4 5 in
+    // hand, so x 4 5 is 1 4 5 again and hits.
+    ReportSheet kept = Build("frmgaopin6ma", Drawings({"541", "x45"}));
+    EXPECT_EQ(RowTexts(kept, 2, 1, 5), (Texts{"1", "4", "5", "145", "*****"}));
 }
 
 TEST(DigitSets, OneSetBoxHitsThreeWayBoxInRed) {
