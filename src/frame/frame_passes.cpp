@@ -216,25 +216,12 @@ void FillMissCountersAndStatisticRows(ReportSheet& sheet, int lastHitCol,
     // back from the cell, a hit as the counter starts again.
     MissTally tally(firstHitCol, lastHitCol);
     std::vector<short> counters(tally.amounts.size(), 1);
+    const ReportSheet::TextKey marker = sheet.KeyOf(hitMarker);
     for (int r = 1; r <= n; ++r) {
         const bool closedRuns =
             r <= n - 1;  // a run open in the last row counts up to the row before
-        ReportSheet::RowRun cells = sheet.Run(r, firstHitCol, lastHitCol);
-        const int count = cells.Count();
-        for (int i = 0; i < count; ++i) {
-            const auto k = static_cast<std::size_t>(i);
-            if (cells.IsEmpty(i)) {
-                cells.SetNumber(i, counters[k]++);
-                if (closedRuns)
-                    tally.maxMisses[k] = std::max(tally.maxMisses[k], cells.CellNumber(i));
-                continue;
-            }
-            counters[k] = 1;
-            if (cells.TextIs(i, hitMarker))
-                ++tally.amounts[k];
-            else if (closedRuns)
-                tally.maxMisses[k] = std::max(tally.maxMisses[k], cells.CellNumber(i));
-        }
+        sheet.CountMisses(r, firstHitCol, marker, closedRuns, counters, tally.amounts,
+                          tally.maxMisses);
     }
     WriteMissStatistics(sheet, firstHitCol, lastHitCol, hitMarker, tally);
     FinishStatisticRows(sheet, lastHitCol, rule, firstHitCol);

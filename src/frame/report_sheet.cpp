@@ -296,6 +296,38 @@ void ReportSheet::TallyColumns(int firstRow, int lastRow, int firstCol, const Te
     }
 }
 
+void ReportSheet::CountMisses(int row, int firstCol, const TextKey& key, bool closedRuns,
+                              std::span<short> counters, std::span<short> matches,
+                              std::span<short> maxMisses) {
+    if (row < 0 || row >= rows_ || firstCol < 0) return;
+    const int count =
+        std::min({cols_ - firstCol, static_cast<int>(counters.size()),
+                  static_cast<int>(matches.size()), static_cast<int>(maxMisses.size())});
+    Cell* cells = cells_.data() + Index(row, firstCol);
+    for (int i = 0; i < count; ++i) {
+        const auto k = static_cast<std::size_t>(i);
+        const std::uint32_t h = cells[i].text;
+        // Whether a cell is a hit is as good as random: the common cells, empty ones and
+        // matches, are counted without a jump.
+        const bool empty = h == 0;
+        const bool match = !empty && h == key.handle;
+        if (!empty && !match) [[unlikely]] {  // another text, or a label that reads as the key
+            counters[k] = 1;
+            if (firstCol + i == 0 && row > 0 && HandleIs(h, key.text))
+                ++matches[k];
+            else if (closedRuns)
+                maxMisses[k] = std::max(maxMisses[k], RoundedValue(h));
+            continue;
+        }
+        cells[i].text = empty ? NumberHandle(counters[k]) : h;
+        // The Miss number is read back from the cell: a counter always fits its inline number.
+        const short miss = empty ? static_cast<short>(InlineValue(cells[i].text)) : 0;
+        counters[k] = empty ? static_cast<short>(counters[k] + 1) : 1;
+        matches[k] = static_cast<short>(matches[k] + (match ? 1 : 0));
+        maxMisses[k] = closedRuns ? std::max(maxMisses[k], miss) : maxMisses[k];
+    }
+}
+
 std::uint16_t ReportSheet::FindPaletteIndex(Rgb colour) {
     std::uint16_t index = 0;
     if (colour != kDefaultColour) {

@@ -182,6 +182,13 @@ public:
     // other cells. Index 0 of both is column `firstCol`; columns past their size are left out.
     void TallyColumns(int firstRow, int lastRow, int firstCol, const TextKey& key,
                       std::span<short> matches, std::span<short> maxOthers) const;
+    // Row `row` of the Miss counters, one counter per column from `firstCol` on (columns past
+    // their size are left out): an empty cell gets its column's counter, which then counts on;
+    // any other cell starts it again at 1 and, holding `key`'s text, adds to `matches`. With
+    // `closedRuns`, `maxMisses` is raised to the CellNumber of each cell but the matches.
+    void CountMisses(int row, int firstCol, const TextKey& key, bool closedRuns,
+                     std::span<short> counters, std::span<short> matches,
+                     std::span<short> maxMisses);
 
     // --- colours ---------------------------------------------------------------------------
     void SetBackColor(int row, int col, Rgb colour) {
