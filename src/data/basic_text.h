@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,5 +33,17 @@ inline bool IsControlCharacter(char c) {
 
 // Blanks trimmed from both ends.
 std::string_view Trim(std::string_view text);
+
+// A text of up to seven characters as one number, its length in the top byte; any longer text
+// is kLongText. Two short texts are alike exactly when their numbers are, so a pass that matches
+// many cells against a few headers compares numbers instead of texts.
+constexpr std::uint64_t kLongText = ~std::uint64_t{0};
+constexpr std::uint64_t PackedText(std::string_view text) {
+    if (text.size() > 7) return kLongText;
+    std::uint64_t packed = static_cast<std::uint64_t>(text.size()) << 56;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        packed |= static_cast<std::uint64_t>(static_cast<unsigned char>(text[i])) << (8 * i);
+    return packed;
+}
 
 }  // namespace numarel

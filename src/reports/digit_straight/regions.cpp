@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/basic_text.h"
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "reports/report_registry.h"
@@ -87,17 +88,6 @@ constexpr RegionsChart kFourRegions{
     {40, kFourRegionSums},
     {51, kFourRegionTypes},
 };
-
-// A text of up to seven characters as one number, its length in the top byte; any longer text
-// is kLongText. Two short texts are alike exactly when their numbers are.
-constexpr std::uint64_t kLongText = ~std::uint64_t{0};
-std::uint64_t PackedText(std::string_view text) {
-    if (text.size() > 7) return kLongText;
-    std::uint64_t packed = static_cast<std::uint64_t>(text.size()) << 56;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        packed |= static_cast<std::uint64_t>(static_cast<unsigned char>(text[i])) << (8 * i);
-    return packed;
-}
 
 // A header run read back from row 0. A drawing's value is shown by writing, in the column
 // headed by the value, the header's own text.

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "data/basic_text.h"
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "reports/report_registry.h"
@@ -103,17 +104,6 @@ void BuildRiseDownShape(std::span<const DrawRecord> drawings, ReportSheet& sheet
     sheet.SetTopRow(sheet.Rows() - 1);
 }
 
-// A text of up to three characters as one number, its length in the top byte; any longer text
-// is kLongText. Two short texts are alike exactly when their numbers are.
-constexpr std::uint32_t kLongText = 0xFFFFFFFFu;
-std::uint32_t PackedWord(std::string_view text) {
-    if (text.size() > 3) return kLongText;
-    std::uint32_t packed = static_cast<std::uint32_t>(text.size()) << 24;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        packed |= static_cast<std::uint32_t>(static_cast<unsigned char>(text[i])) << (8 * i);
-    return packed;
-}
-
 // What a block writes on every row, made ready once: its two letters, the eight words they make
 // (PatternStrings, the first letter's places as 0 bits, H the highest), and the words of its
 // header as read back from row 0, against which each row's word is matched.
@@ -128,7 +118,7 @@ public:
         for (int w = 0; w < kWordCount; ++w) {
             const auto i = static_cast<std::size_t>(w);
             headers_[i] = sheet.Text(0, block.wordCol + kFirstWordOffset + w);
-            packedHeaders_[i] = PackedWord(headers_[i]);
+            packedHeaders_[i] = PackedText(headers_[i]);
             headerKeys_[i] = sheet.Prepare(headers_[i]);
         }
     }
@@ -172,7 +162,7 @@ public:
     void MarkWord(ReportSheet& sheet, int r) const {
         ReportSheet::NumberDigits digits;
         const std::string_view word = sheet.TextView(r, block_.wordCol, digits);
-        const std::uint32_t packed = PackedWord(word);
+        const std::uint64_t packed = PackedText(word);
         for (std::size_t w = 0; w < headers_.size(); ++w) {
             const bool same =
                 packed == kLongText ? headers_[w] == word : packedHeaders_[w] == packed;
@@ -188,7 +178,7 @@ private:
     std::array<ReportSheet::TextKey, 2> letters_;
     std::array<ReportSheet::TextKey, kWordCount> words_;
     std::array<std::string, kWordCount> headers_;
-    std::array<std::uint32_t, kWordCount> packedHeaders_;
+    std::array<std::uint64_t, kWordCount> packedHeaders_;
     std::array<ReportSheet::TextKey, kWordCount> headerKeys_;
 };
 
