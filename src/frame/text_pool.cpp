@@ -71,14 +71,6 @@ void TextPool::Grow(std::size_t slotCount) {
     slots_ = std::move(slots);
 }
 
-void TextPool::Reserve(std::size_t count) {
-    entries_.reserve(count);
-    std::size_t slotCount = std::max<std::size_t>(64, slots_.size());
-    while (Crowded(count + 1, slotCount))
-        slotCount *= 2;
-    if (slotCount != slots_.size()) Grow(slotCount);
-}
-
 std::uint32_t TextPool::Intern(std::string_view text) {
     if (text.size() <= kShortLength) {
         std::uint64_t key = text.size();

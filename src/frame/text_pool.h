@@ -49,9 +49,6 @@ public:
         return value;
     }
     std::size_t Size() const { return entries_.size(); }
-    // Makes room for `count` texts in all, so that a pool filled to a known size is not left
-    // with twice the room it needs.
-    void Reserve(std::size_t count);
     // Makes room for `count` more loose texts.
     void ReserveLoose(std::size_t count) { entries_.reserve(entries_.size() + count); }
     std::size_t MemoryBytes() const;

@@ -260,7 +260,7 @@ TEST(ReportSheet, TextsNoCellHoldsAreLetGo) {
 }
 
 // Each text is kept once under one handle, short ones (looked up apart from the rest) as well as
-// long ones, and its view survives the pool growing, reserving and moving.
+// long ones, and its view survives the pool growing and moving.
 TEST(TextPool, EachTextOnceAndViewsSurviveGrowth) {
     TextPool pool;
     const std::string longText(40000, 'x');
@@ -272,7 +272,6 @@ TEST(TextPool, EachTextOnceAndViewsSurviveGrowth) {
     std::vector<std::uint32_t> handles;
     for (const std::string& t : texts)
         handles.push_back(pool.Intern(t));
-    pool.Reserve(40000);
     for (int i = 0; i < 5000; ++i)
         pool.Intern("label " + std::to_string(i));
     for (std::size_t i = texts.size(); i-- > 0;) {
