@@ -102,6 +102,14 @@ public:
     }
     // True when the cell holds a number as SetNumber writes it.
     bool HoldsNumber(int row, int col) const { return (Handle(row, col) & kNumberTag) != 0; }
+    // Room for a new label of `size` characters (1 to TextPool::kRoomMax) in column 0 of `row`,
+    // below the header, for the caller to fill in full with a text that is not a plain number;
+    // nullptr when the cell is outside the sheet or holds a text already.
+    char* NewLabelRoom(int row, std::size_t size) {
+        if (row <= 0 || row >= rows_ || cols_ == 0) return nullptr;
+        std::uint32_t& cell = cells_[Index(row, 0)].text;
+        return cell == 0 ? pool_.AddLooseRoom(size, cell) : nullptr;
+    }
     // Makes room for `count` more labels (column 0 texts below the header).
     void ReserveLabels(std::size_t count) { pool_.ReserveLoose(count); }
     // Lets go of the texts no cell holds any more, when they are many (a report that rewrites
@@ -143,6 +151,13 @@ public:
         // A text written over another may leave that one unused: counted for DropUnusedTexts.
         if (cell != 0 && cell != text.handle && !(cell & kNumberTag)) ++replacedTexts_;
         cell = text.handle;
+    }
+
+    // True when the cell holds what SetText with `key` writes, its text then being the key's
+    // (a label cell may hold the same text without this): one comparison, for passes that know
+    // which text to expect.
+    bool Holds(int row, int col, const TextKey& key) const {
+        return key.handle != 0 && Handle(row, col) == key.handle;
     }
 
     // A run of cells of one row, for passes that walk many cells: the row and the columns are

@@ -27,15 +27,17 @@ TextPool::Entry TextPool::Store(std::string_view text) {
         return {static_cast<std::uint32_t>(blocks_.size() - 1),
                 static_cast<std::uint32_t>(text.size()) | kLong};
     }
-    if (chunkUsed_ + text.size() > kChunkBytes) {
-        chunks_.push_back(std::make_unique<char[]>(kChunkBytes));
-        chunkUsed_ = 0;
-    }
+    if (chunkUsed_ + text.size() > kChunkBytes) NewChunk();
     std::memcpy(chunks_.back().get() + chunkUsed_, text.data(), text.size());
     Entry e{static_cast<std::uint32_t>(((chunks_.size() - 1) << kChunkBits) | chunkUsed_),
             static_cast<std::uint32_t>(text.size())};
     chunkUsed_ += text.size();
     return e;
+}
+
+void TextPool::NewChunk() {
+    chunks_.push_back(std::make_unique<char[]>(kChunkBytes));
+    chunkUsed_ = 0;
 }
 
 namespace {

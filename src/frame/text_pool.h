@@ -30,6 +30,19 @@ public:
     std::uint32_t Find(std::string_view text) const;
     // Adds `text` as a loose text, which Intern never hands out. `text` must not be empty.
     std::uint32_t AddLoose(std::string_view text);
+    // Adds a loose text of `size` characters (1 to kRoomMax) and gives the room for them, which
+    // the caller fills before the text is read: a text made in place, without a copy.
+    static constexpr std::size_t kRoomMax = 64;
+    char* AddLooseRoom(std::size_t size, std::uint32_t& handle) {
+        if (chunkUsed_ + size > kChunkBytes) NewChunk();
+        char* room = chunks_.back().get() + chunkUsed_;
+        entries_.push_back(
+            {static_cast<std::uint32_t>(((chunks_.size() - 1) << kChunkBits) | chunkUsed_),
+             static_cast<std::uint32_t>(size) | kLoose});
+        chunkUsed_ += size;
+        handle = static_cast<std::uint32_t>(entries_.size());
+        return room;
+    }
     // Gives the loose text `handle` the characters of `text` (not empty), in place when they fit.
     void ReplaceLoose(std::uint32_t handle, std::string_view text);
     bool IsLoose(std::uint32_t handle) const { return (entries_[handle - 1].size & kLoose) != 0; }
@@ -70,6 +83,7 @@ private:
 
     static std::uint32_t Hash(std::string_view text);
     Entry Store(std::string_view text);
+    void NewChunk();
     void Grow(std::size_t slotCount);
     // Intern by the hash table alone.
     std::uint32_t InternHashed(std::string_view text);

@@ -164,7 +164,12 @@ TEST(ReportSheet, PreparedTextsWriteAsTheirText) {
         EXPECT_TRUE(sheet.SameText(1, c, 2, 0)) << c;
     EXPECT_TRUE(sheet.HoldsNumber(2, 1));
     EXPECT_EQ(sheet.CellNumber(2, 1), 12);
+    EXPECT_TRUE(sheet.Holds(1, 1, marker));
+    EXPECT_TRUE(sheet.Holds(2, 1, sheet.Prepare("12")));
+    EXPECT_FALSE(sheet.Holds(2, 0, marker));  // the label has the text, not the key
+    EXPECT_FALSE(sheet.Holds(0, 0, sheet.Prepare("")));
     sheet.SetText(5, 5, marker);  // outside: nothing
+    EXPECT_FALSE(sheet.Holds(5, 5, marker));
 }
 
 TEST(ReportSheet, ResizingKeepsWhatFits) {
@@ -320,6 +325,25 @@ TEST(FrameFill, WritesLabelsDigitsAndKeepsDigitsThatCannotBeConverted) {
     EXPECT_EQ(RowTexts(sheet, 2, 0, 3), (Texts{"", "4", "2", "6"}));
     EXPECT_EQ(seen.size(), 2u);
     EXPECT_EQ(sheet.DrawCount(), 2);
+}
+
+// Labels are made in the sheet's own room on a first fill and take the general way over a label
+// already there; either way they read as DrawingLabel writes them.
+TEST(FrameFill, LabelsReadAsWrittenOnAFirstFillAndAgain) {
+    const std::vector<DrawRecord> first = {
+        {"123456789012345", "1", "2", "3"}, {"7", "0", "0", "0"}, {"8", "12", "0", "0"}};
+    const std::vector<DrawRecord> second = {{"2", "9", "9", "9"}, {"1234567890", "4", "5", "6"}};
+    ReportSheet sheet;
+    sheet.SetCols(4);
+    ResetSheet(sheet, 3, 5);
+    FillSheet(sheet, first, {});
+    for (int r = 1; r <= 3; ++r)
+        EXPECT_EQ(sheet.Text(r, 0), DrawingLabel(first[static_cast<std::size_t>(r - 1)])) << r;
+    FillSheet(sheet, second, {});
+    sheet.DropUnusedTexts();
+    EXPECT_EQ(RowTexts(sheet, 1, 0, 0), (Texts{" 2:999"}));
+    EXPECT_EQ(RowTexts(sheet, 2, 0, 0), (Texts{" 1234567890:456"}));
+    EXPECT_EQ(RowTexts(sheet, 3, 0, 0), (Texts{DrawingLabel(first[2])}));
 }
 
 TEST(FrameFill, SkippedDigitColumnsAreNotWritten) {

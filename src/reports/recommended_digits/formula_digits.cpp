@@ -112,13 +112,9 @@ void LeadingDigitsMemo::Grow() {
     slots_ = std::move(slots);
 }
 
-double DrawnNumber(std::string_view label) {
+double DrawnNumberOf(std::string_view label) {
     std::string_view trimmed = Trim(label);
     if (trimmed.size() > 3) trimmed.remove_prefix(trimmed.size() - 3);
-    // Nearly every label ends in the three digits, read here without the general rule.
-    const auto digit = [](char c) { return c >= '0' && c <= '9'; };
-    if (trimmed.size() == 3 && digit(trimmed[0]) && digit(trimmed[1]) && digit(trimmed[2]))
-        return (trimmed[0] - '0') * 100 + (trimmed[1] - '0') * 10 + (trimmed[2] - '0');
     return LeadingValue(trimmed);
 }
 

@@ -44,8 +44,23 @@ private:
     std::deque<std::string> texts_;  // never moved: the references handed out stay valid
 };
 
+// DrawnNumber by the general rule.
+double DrawnNumberOf(std::string_view label);
+// The number of a label's last three characters when they are digits, as nearly every label's
+// are (no trimming changes them then); -1 otherwise.
+inline int TrailingThreeDigits(std::string_view label) {
+    const std::size_t size = label.size();
+    if (size < 3) return -1;
+    const unsigned a = static_cast<unsigned char>(label[size - 3]) - '0';
+    const unsigned b = static_cast<unsigned char>(label[size - 2]) - '0';
+    const unsigned c = static_cast<unsigned char>(label[size - 1]) - '0';
+    return (a <= 9) & (b <= 9) & (c <= 9) ? static_cast<int>(a * 100 + b * 10 + c) : -1;
+}
 // The number formed by a drawing's digits: the value of the last three characters of its
 // trimmed drawing label (" 2020001:012" gives 12).
-double DrawnNumber(std::string_view label);
+inline double DrawnNumber(std::string_view label) {
+    const int digits = TrailingThreeDigits(label);
+    return digits >= 0 ? digits : DrawnNumberOf(label);
+}
 
 }  // namespace numarel

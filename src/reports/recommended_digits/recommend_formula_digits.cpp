@@ -94,32 +94,82 @@ private:
     bool allDigits_ = true;  // every one-character drawn text is a digit
 };
 
-// The group texts of each drawn number, each worked out once and made ready for the sheet: the
-// numbers of a history are those of 000 to 999, drawn again and again. No key where the formula
-// fails.
+// How often each digit character stands in a text, four bits per digit: the count of drawn
+// digits a group holds is then a look-up per drawn digit.
+std::uint64_t DigitCounts(std::string_view text) {
+    std::uint64_t counts = 0;
+    for (char c : text)
+        if (c >= '0' && c <= '9') counts += std::uint64_t{1} << (4 * (c - '0'));
+    return counts;
+}
+
+// A group as written: its text made ready for the sheet (no handle where the formula fails) and
+// the digits it holds.
+struct PreparedGroup {
+    ReportSheet::TextKey key;
+    std::uint64_t digitCounts = 0;
+};
+
+// The group texts of a number: empty where its formula fails (a group is never empty).
+using GroupTextsOf = std::array<std::string, std::size(kGroups)>;
+
+GroupTextsOf WorkOutGroups(double n, LeadingDigitsMemo& leadingThree) {
+    GroupTextsOf texts;
+    for (std::size_t g = 0; g < std::size(kGroups); ++g)
+        if (const std::optional<double> value = kGroups[g].formula(n))
+            texts[g] = leadingThree(*value);
+    return texts;
+}
+
+// The numbers of a history are those of 000 to 999, drawn again and again: their groups are
+// worked out once for the program, the same in every history.
+constexpr std::size_t kCommonNumbers = 1000;
+const std::array<GroupTextsOf, kCommonNumbers>& CommonGroupTexts() {
+    static const auto table = [] {
+        auto texts = std::make_unique<std::array<GroupTextsOf, kCommonNumbers>>();
+        LeadingDigitsMemo leadingThree{3};
+        for (std::size_t n = 0; n < kCommonNumbers; ++n)
+            (*texts)[n] = WorkOutGroups(static_cast<double>(n), leadingThree);
+        return texts;
+    }();
+    return *table;
+}
+
+// The groups of each drawn number, each made ready for the sheet once, when it first comes.
 class GroupTexts {
 public:
-    using Keys = std::array<std::optional<ReportSheet::TextKey>, std::size(kGroups)>;
+    using Groups = std::array<PreparedGroup, std::size(kGroups)>;
     explicit GroupTexts(ReportSheet& sheet) : sheet_(sheet) {}
-    const Keys& operator()(double n) {
+    const Groups& operator()(double n) {
         const bool common = n >= 0 && n < static_cast<double>(kCommonNumbers) && n == std::floor(n);
-        Keys& keys = common ? byNumber_[static_cast<std::size_t>(n)] : other_;
-        if (common && known_[static_cast<std::size_t>(n)]) return keys;
-        for (std::size_t g = 0; g < std::size(kGroups); ++g) {
-            const std::optional<double> value = kGroups[g].formula(n);
-            keys[g] = value ? std::optional(sheet_.Prepare(leadingThree_(*value))) : std::nullopt;
+        if (common) return Of(static_cast<int>(n));
+        otherTexts_ = WorkOutGroups(n, leadingThree_);
+        return Prepare(otherTexts_, other_);
+    }
+    // The groups of a number from 0 to 999.
+    const Groups& Of(int number) {
+        const auto i = static_cast<std::size_t>(number);
+        if (!known_[i]) {
+            Prepare(common_[i], byNumber_[i]);
+            known_[i] = true;
         }
-        if (common) known_[static_cast<std::size_t>(n)] = true;
-        return keys;
+        return byNumber_[i];
     }
 
 private:
-    static constexpr std::size_t kCommonNumbers = 1000;
+    const Groups& Prepare(const GroupTextsOf& texts, Groups& groups) {
+        for (std::size_t g = 0; g < std::size(kGroups); ++g)
+            groups[g] = {sheet_.Prepare(texts[g]), DigitCounts(texts[g])};
+        return groups;
+    }
+
     ReportSheet& sheet_;
-    LeadingDigitsMemo leadingThree_{3};  // keeps the texts the keys name
-    std::array<Keys, kCommonNumbers> byNumber_{};
+    const std::array<GroupTextsOf, kCommonNumbers>& common_ = CommonGroupTexts();
+    std::array<Groups, kCommonNumbers> byNumber_{};
     std::array<bool, kCommonNumbers> known_{};
-    Keys other_{};
+    LeadingDigitsMemo leadingThree_{3};  // keeps the texts of other numbers
+    GroupTextsOf otherTexts_;            // the texts `other_` names
+    Groups other_{};
 };
 
 // The texts of the results, made ready for the sheet, by the count found.
@@ -137,37 +187,64 @@ private:
     std::array<ReportSheet::TextKey, std::size(kResultTexts)> texts_;
 };
 
-// Judges the groups that stand on row `row` against its drawing. How many digits are found is
-// random: the cells with more than one are gathered and coloured together.
-void JudgeGroups(ReportSheet& sheet, int row, const ResultTexts& results) {
-    ReportSheet::NumberDigits digitText[3];
+// The count of drawn digits found in the group in column `col` of row `row`, read from its text.
+int FoundInCell(const ReportSheet& sheet, int row, int col, const DrawnCharacters& drawn) {
+    // A group of three digits without a leading 0 is held as a number.
+    const int value = sheet.HoldsNumber(row, col) ? sheet.CellNumber(row, col) : 0;
+    if (value >= 100 && value <= 999) return drawn.FoundInNumber(value);
     ReportSheet::NumberDigits groupText;
-    const std::string_view drawn[3] = {sheet.TextView(row, 1, digitText[0]),
-                                       sheet.TextView(row, 2, digitText[1]),
-                                       sheet.TextView(row, 3, digitText[2])};
-    const DrawnCharacters drawnCharacters(drawn);
+    return drawn.FoundIn(sheet.TextView(row, col, groupText));
+}
+
+// Judges the groups that stand on row `row` against its drawing; `written` are the groups that
+// were written there, known without reading the text back where a cell still holds its group
+// and the drawn digits are digits. How many digits are found is random: the cells with more
+// than one are gathered and coloured together.
+void JudgeGroups(ReportSheet& sheet, int row, const GroupTexts::Groups& written,
+                 const ResultTexts& results) {
+    // The drawn digits as shifts into a group's digit counts; a digit is held as a number.
+    unsigned shifts[3];
+    bool digits = true;
+    for (int i = 0; i < 3; ++i) {
+        const int digit = sheet.HoldsNumber(row, 1 + i) ? sheet.CellNumber(row, 1 + i) : -1;
+        digits &= digit >= 0 && digit <= 9;
+        shifts[i] = 4 * static_cast<unsigned>(digit);
+    }
     std::array<int, std::size(kGroups)> severalCols;
     std::size_t several = 0;
-    for (const DigitGroup& group : kGroups) {
-        // A group of three digits without a leading 0 is held as a number.
-        const int value = sheet.HoldsNumber(row, group.col) ? sheet.CellNumber(row, group.col) : 0;
-        const int found = value >= 100 && value <= 999
-                              ? drawnCharacters.FoundInNumber(value)
-                              : drawnCharacters.FoundIn(sheet.TextView(row, group.col, groupText));
-        sheet.SetText(row, group.col + 1, results.Of(found));
-        severalCols[several] = group.col + 1;
+    for (std::size_t g = 0; g < std::size(kGroups); ++g) {
+        const int col = kGroups[g].col;
+        const PreparedGroup& group = written[g];
+        int found;
+        if (digits && sheet.Holds(row, col, group.key)) [[likely]] {
+            found = static_cast<int>(((group.digitCounts >> shifts[0]) & 15) +
+                                     ((group.digitCounts >> shifts[1]) & 15) +
+                                     ((group.digitCounts >> shifts[2]) & 15));
+        } else {
+            ReportSheet::NumberDigits digitText[3];
+            const std::string_view drawn[3] = {sheet.TextView(row, 1, digitText[0]),
+                                               sheet.TextView(row, 2, digitText[1]),
+                                               sheet.TextView(row, 3, digitText[2])};
+            found = FoundInCell(sheet, row, col, DrawnCharacters(drawn));
+        }
+        sheet.SetText(row, col + 1, results.Of(found));
+        severalCols[several] = col + 1;
         several += found > 1;
     }
     sheet.SetBackColor(row, std::span(severalCols).first(several), kSeveralHits);
 }
 
-// The groups that the number of the drawing of row `row` gives the next row.
-void WriteGroups(ReportSheet& sheet, int row, GroupTexts& groupTexts) {
+// Writes on row `row` + 1 the groups that the number of the drawing of row `row` gives, and
+// returns them.
+const GroupTexts::Groups& WriteGroups(ReportSheet& sheet, int row, GroupTexts& groupTexts) {
     ReportSheet::NumberDigits labelDigits;
-    const double n = DrawnNumber(sheet.TextView(row, 0, labelDigits));
-    const GroupTexts::Keys& keys = groupTexts(n);
+    const std::string_view label = sheet.TextView(row, 0, labelDigits);
+    const int digits = TrailingThreeDigits(label);
+    const GroupTexts::Groups& groups =
+        digits >= 0 ? groupTexts.Of(digits) : groupTexts(DrawnNumberOf(label));
     for (std::size_t g = 0; g < std::size(kGroups); ++g)
-        if (keys[g]) sheet.SetText(row + 1, kGroups[g].col, *keys[g]);
+        if (groups[g].key.handle != 0) sheet.SetText(row + 1, kGroups[g].col, groups[g].key);
+    return groups;
 }
 
 // Each drawing's row is worked while it is at hand, and with it the row before, still at hand
@@ -181,8 +258,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const ResultTexts results(sheet);
     FillSheet(sheet, drawings, [&](int row, CurrentDigits&) {
         if (row < 2) return;
-        WriteGroups(sheet, row - 1, *groupTexts);
-        JudgeGroups(sheet, row, results);
+        JudgeGroups(sheet, row, WriteGroups(sheet, row - 1, *groupTexts), results);
     });
     if (drawCount >= 1) WriteGroups(sheet, drawCount, *groupTexts);
 
