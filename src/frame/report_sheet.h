@@ -140,6 +140,10 @@ public:
         std::string_view text;
     };
     TextKey KeyOf(std::string_view text) const;
+    // A back colour made ready (PrepareColour, below).
+    struct ColourKey {
+        std::uint16_t index = 0;
+    };
     // A text made ready once for a pass that writes it into many cells, such as a hit marker:
     // each SetText with the key is then a store. `text` must outlive the key, and the key is
     // valid until DropUnusedTexts.
@@ -167,6 +171,8 @@ public:
     class RowRun {
     public:
         int Count() const { return count_; }
+        int Row() const { return row_; }
+        int Col(int i) const { return firstCol_ + i; }
         bool IsEmpty(int i) const { return cells_[i].text == 0; }
         // True when the cell holds a number as SetNumber writes it; such a cell is never exactly
         // a text that does not start with a digit or "-".
@@ -175,6 +181,23 @@ public:
             return sheet_->HandleIs(cells_[i].text, text);
         }
         short CellNumber(int i) const { return sheet_->HandleNumber(cells_[i].text); }
+        // True when two cells of the run hold the same text, as SameText says.
+        bool SameText(int i, int j) const {
+            const std::uint32_t a = cells_[i].text;
+            const std::uint32_t b = cells_[j].text;
+            // Only column 0 below the header holds a label, which may match a text of its own.
+            return a == b || (firstCol_ == 0 && row_ > 0 && (i == 0 || j == 0) &&
+                              sheet_->SameLabelText(a, b));
+        }
+        void SetText(int i, const TextKey& text) {
+            if (firstCol_ + i == 0 && row_ > 0) return sheet_->SetText(row_, 0, text);
+            if (cells_[i].text != 0 && cells_[i].text != text.handle &&
+                !(cells_[i].text & kNumberTag))
+                ++sheet_->replacedTexts_;
+            cells_[i].text = text.handle;
+        }
+        ColourKey BackColour(int i) const { return {cells_[i].back}; }
+        void SetBackColor(int i, ColourKey colour) { cells_[i].back = colour.index; }
         void SetNumber(int i, long value) {
             if (value >= -kNumberBias && value < kNumberBias)
                 cells_[i].text = NumberHandle(value);
@@ -206,6 +229,13 @@ public:
                      std::span<short> maxMisses);
 
     // --- colours ---------------------------------------------------------------------------
+    // A colour made ready once for a pass that paints many cells with it, or with one of a few
+    // colours picked by a table: each SetBackColor with the key is then a store. Valid for the
+    // life of the sheet.
+    ColourKey PrepareColour(Rgb colour) { return {PaletteIndex(colour)}; }
+    void SetBackColor(int row, int col, ColourKey colour) {
+        if (Contains(row, col)) cells_[Index(row, col)].back = colour.index;
+    }
     void SetBackColor(int row, int col, Rgb colour) {
         if (Contains(row, col)) cells_[Index(row, col)].back = PaletteIndex(colour);
     }

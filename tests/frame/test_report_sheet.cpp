@@ -115,6 +115,33 @@ TEST(ReportSheet, RowRunsAgreeWithCellCallsAndStayInTheSheet) {
     EXPECT_EQ(sheet.Run(0, 5, 9).Count(), 0);
 }
 
+// A run compares, writes prepared texts and paints with colour keys as the cell calls do, a
+// label in column 0 included.
+TEST(ReportSheet, RowRunsCompareWriteAndPaintAsTheCellCallsDo) {
+    ReportSheet sheet(3, 5);
+    sheet.SetText(2, 0, "***");  // a label
+    ReportSheet::RowRun run = sheet.Run(2, 0, 4);
+    const ReportSheet::TextKey marker = sheet.Prepare("***");
+    run.SetText(1, marker);
+    run.SetText(2, sheet.Prepare("07"));
+    run.SetNumber(3, 7);
+    for (int i = 0; i < 5; ++i)
+        for (int j = 0; j < 5; ++j)
+            EXPECT_EQ(run.SameText(i, j), sheet.SameText(2, i, 2, j)) << i << j;
+    EXPECT_TRUE(run.SameText(0, 1));
+    EXPECT_FALSE(run.SameText(2, 3));  // "07" is a text, 7 a number
+    run.SetText(0, sheet.Prepare("x"));
+    EXPECT_EQ(sheet.Text(2, 0), "x");
+
+    const ReportSheet::ColourKey red = sheet.PrepareColour(0xFF0000);
+    run.SetBackColor(4, red);
+    sheet.SetBackColor(1, 1, red);
+    EXPECT_EQ(sheet.BackColor(2, 4), 0xFF0000u);
+    EXPECT_EQ(sheet.BackColor(1, 1), 0xFF0000u);
+    EXPECT_EQ(run.BackColour(3).index, sheet.PrepareColour(kDefaultColour).index);
+    sheet.SetBackColor(9, 9, red);  // outside: nothing
+}
+
 // Tallies agree with the cell calls: a marker, a number written as text, a text read as its
 // leading number, a number past a counter's range, empty cells, and a label that reads as the key.
 TEST(ReportSheet, ColumnTalliesReadCellsAsTheCellCallsDo) {

@@ -193,6 +193,13 @@ public:
     SetScorer(std::vector<SetCounts> sets, bool threeWayBoxHits)
         : sets_(std::move(sets)), threeWayBoxHits_(threeWayBoxHits) {}
 
+    // HitsOf for the text of the digits of `digitSet` (a bit per digit), remembered by the set.
+    SetHits HitsOfDigits(unsigned digitSet, std::string_view distinct) {
+        Remembered& remembered = byDigits_[digitSet];
+        if (!remembered.known) remembered = {Score(distinct), true};
+        return remembered.hits;
+    }
+
     SetHits HitsOf(std::string_view distinct) {
         const int slot = SlotOf(distinct);
         if (slot < 0) [[unlikely]]
@@ -236,6 +243,7 @@ private:
     std::vector<SetCounts> sets_;
     bool threeWayBoxHits_;
     std::array<Remembered, 11 * 11 * 11> remembered_{};
+    std::array<Remembered, 1024> byDigits_{};
 };
 
 // The DistinctDigits texts of a report, each made ready once, when it first comes, and then
@@ -244,13 +252,14 @@ private:
 class DistinctDigitTexts {
 public:
     // Sorts the digits in hand and writes their DistinctDigits into (row, col). The digits stay
-    // sorted: a field of the next drawing that cannot be read keeps its sorted digit.
-    void Write(ReportSheet& sheet, int row, int col, CurrentDigits& digits) {
+    // sorted: a field of the next drawing that cannot be read keeps its sorted digit. Gives the
+    // digits written as a bit per digit, or 0 for a field that is no digit.
+    unsigned Write(ReportSheet& sheet, int row, int col, CurrentDigits& digits) {
         SortDigits(digits);
         const bool allDigits = IsDigit(digits[0]) & IsDigit(digits[1]) & IsDigit(digits[2]);
         if (!allDigits) [[unlikely]] {  // a field such as 12 is written as it stands
             sheet.SetText(row, col, DistinctDigits(digits));
-            return;
+            return 0;
         }
         const unsigned digitSet = (1u << digits[0]) | (1u << digits[1]) | (1u << digits[2]);
         ReportSheet::TextKey& key = keys_[digitSet];
@@ -262,7 +271,10 @@ public:
             key = sheet.Prepare(std::string_view(text.data(), size));
         }
         sheet.SetText(row, col, key);
+        return digitSet;
     }
+    // The text Write gave the digits of `digitSet`.
+    const ReportSheet::TextKey& KeyOf(unsigned digitSet) const { return keys_[digitSet]; }
 
 private:
     static bool IsDigit(short value) { return value >= 0 && value <= 9; }
@@ -308,9 +320,16 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
     const ReportSheet::TextKey hitMarker = sheet.Prepare(report.hitMarker);
     DistinctDigitTexts distinctTexts;
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        distinctTexts.Write(sheet, row, kDistinctCol, digits);
-        ReportSheet::NumberDigits buffer;
-        const SetHits hits = scorer.HitsOf(sheet.TextView(row, kDistinctCol, buffer));
+        // The distinct digits are scored as the cell holds them: where it holds the text just
+        // written, that text's digits find the score without reading it again.
+        const unsigned digitSet = distinctTexts.Write(sheet, row, kDistinctCol, digits);
+        SetHits hits;
+        if (const auto& key = distinctTexts.KeyOf(digitSet); sheet.Holds(row, kDistinctCol, key)) {
+            hits = scorer.HitsOfDigits(digitSet, key.text);
+        } else {
+            ReportSheet::NumberDigits buffer;
+            hits = scorer.HitsOf(sheet.TextView(row, kDistinctCol, buffer));
+        }
         for (std::uint32_t rest = hits.all; rest != 0; rest &= rest - 1) {
             const int i = std::countr_zero(rest);
             sheet.SetText(row, kFirstSetCol + i, hitMarker);

@@ -100,39 +100,44 @@ private:
     std::array<ReportSheet::TextKey, kCount> keys_;
 };
 
-// The colours of the list cells, written a batch at a time: the hit colours of the Hot, Warm and
-// Cold lists, and the band of a middle rank no digit hit (kBand), which a hit covers.
-using HitColours = ColourBatch<kClasses.size() + 1>;
-constexpr std::size_t kBand = kClasses.size();
+// The colours of the list cells: the hit colours of the Hot, Warm and Cold lists, and the band
+// of the middle ranks, which a hit covers.
+struct ListColours {
+    std::array<ReportSheet::ColourKey, kClasses.size()> hits;
+    ReportSheet::ColourKey band;
+    explicit ListColours(ReportSheet& sheet)
+        : hits{sheet.PrepareColour(kHot.hitColour), sheet.PrepareColour(kWarm.hitColour),
+               sheet.PrepareColour(kCold.hitColour)},
+          band(sheet.PrepareColour(ranking_colours::kMiddleRanks)) {}
+};
 
 // Compares a drawing from row 8 on with the lists of its own row, which rest on the seven
 // drawings before it: paints the list cells its digits hit and marks its pattern. A digit drawn
 // twice counts twice; its list cell is painted once.
-void MarkPattern(ReportSheet& sheet, const PatternColumns& patterns, HitColours& hitColours,
+void MarkPattern(ReportSheet& sheet, const PatternColumns& patterns, const ListColours& colours,
                  int r) {
     std::array<short, 3> digits{};
     for (int i = 0; i < 3; ++i)
         digits[static_cast<std::size_t>(i)] = sheet.CellNumber(r, ranking_cols::kFirstDigit + i);
+    ReportSheet::RowRun lists = sheet.Run(r, ranking_cols::kFirstRank, ranking_cols::kLastRank);
+    if (lists.Count() <= ranking_cols::kLastRank - ranking_cols::kFirstRank) return;
     std::array<int, 3> counts{};
-    // The colour of each list cell, from column 12 on: gathered without a branch, as which
-    // digits were drawn is anybody's guess.
-    std::array<std::uint8_t, ranking_cols::kLastRank - ranking_cols::kFirstRank + 1> colours;
     for (std::size_t k = 0; k < kClasses.size(); ++k) {
         const DigitClass& cls = kClasses[k];
         for (int c = cls.firstCol; c < cls.firstCol + cls.size; ++c) {
-            const short listed = sheet.CellNumber(r, c);
+            const int i = c - ranking_cols::kFirstRank;
+            const short listed = lists.CellNumber(i);
             const int hits = (digits[0] == listed ? 1 : 0) + (digits[1] == listed ? 1 : 0) +
                              (digits[2] == listed ? 1 : 0);
             counts[k] += hits;
-            // A cell no digit hit keeps its colour: the band of the middle ranks, or none.
+            // A cell no digit hit keeps its colour, but for the band of the middle ranks. Which
+            // digits were drawn is anybody's guess: the colour is picked without a branch.
             const bool banded =
                 c >= ranking_cols::kFirstMiddleRank && c <= ranking_cols::kLastMiddleRank;
-            const std::size_t missed = banded ? kBand : kBand + 1;
-            colours[static_cast<std::size_t>(c - ranking_cols::kFirstRank)] =
-                static_cast<std::uint8_t>(hits > 0 ? k : missed);
+            const ReportSheet::ColourKey missed = banded ? colours.band : lists.BackColour(i);
+            lists.SetBackColor(i, hits > 0 ? colours.hits[k] : missed);
         }
     }
-    hitColours.Add(sheet, r, ranking_cols::kFirstRank, colours);
     patterns.Mark(sheet, r, counts);
 }
 
@@ -272,9 +277,8 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
     const PatternColumns patterns(sheet);
-    SevenDrawingRanking ranking;
-    HitColours hitColours(
-        {kHot.hitColour, kWarm.hitColour, kCold.hitColour, ranking_colours::kMiddleRanks});
+    SevenDrawingRanking ranking(sheet);
+    const ListColours listColours(sheet);
     // A row's lists rest on the rows above it only, so each row is worked whole while it is at
     // hand: its lists, the Warm band, and for a drawing with lists its pattern.
     FillSheet(
@@ -283,7 +287,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
             ranking.Rank(sheet, r);
             // The Warm digits are banded; a row with a pattern bands them with its hits.
             if (r > kRankingDrawings)
-                MarkPattern(sheet, patterns, hitColours, r);
+                MarkPattern(sheet, patterns, listColours, r);
             else
                 ShadeMiddleRanks(sheet, r);
         },
@@ -291,8 +295,6 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
                      ranking_cols::kFirstDigit + 2});
     // The next drawing's row gets lists and no pattern; the last row is only banded.
     ranking.Rank(sheet, drawCount + 1);
-    ranking.Finish(sheet);
-    hitColours.Flush(sheet);
     ShadeMiddleRanks(sheet, drawCount + 1);
     ShadeMiddleRanks(sheet, drawCount + 2);
 

@@ -65,15 +65,11 @@ void SevenDrawingRanking::Rank(ReportSheet& sheet, int row) {
     ReportSheet::RowRun cells = sheet.Run(row, kFirstCount, kLastRank);
     if (cells.Count() <= kLastRank - kFirstCount) return;
     // By count, never below 0: which colour is anybody's guess, so a table tells it.
-    static constexpr std::array<std::uint8_t, 4> kColour{0, 0, 1, 2};
-    std::array<std::uint8_t, 10> colours;
     for (int d = 0; d <= 9; ++d) {
         const short n = counts_[static_cast<std::size_t>(d)];
         cells.SetNumber(d, n);
-        colours[static_cast<std::size_t>(d)] =
-            kColour[std::min(static_cast<std::size_t>(n), kColour.size() - 1)];
+        cells.SetBackColor(d, byCount_[std::min(static_cast<std::size_t>(n), byCount_.size() - 1)]);
     }
-    countColours_.Add(sheet, row, kFirstCount, colours);
     const auto order = RankDigits(counts_);
     for (int i = 0; i < 10; ++i)
         cells.SetNumber(kFirstRank - kFirstCount + i, order[static_cast<std::size_t>(i)]);

@@ -31,6 +31,14 @@ public:
             sheet_.SetText(row, col, PairText(first, second));
     }
 
+    // Writes PairText(first, second) into cell i of a run.
+    void Set(ReportSheet::RowRun& cells, int i, int first, int second) {
+        if (static_cast<unsigned>(first) <= 9 && static_cast<unsigned>(second) <= 9)
+            cells.SetText(i, pairs_[static_cast<std::size_t>(first * 10 + second)]);
+        else
+            sheet_.SetText(cells.Row(), cells.Col(i), PairText(first, second));
+    }
+
 private:
     ReportSheet& sheet_;
     std::array<ReportSheet::TextKey, 100> pairs_;  // by first * 10 + second

@@ -1,5 +1,4 @@
 #include <array>
-#include <bit>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -69,95 +68,32 @@ void LayOut(ReportSheet& sheet) {
 // The pair columns of a row from the digits of their rank columns, read back from the row once.
 void WriteRecommendedPairs(ReportSheet& sheet, PairTextWriter& pairs, int r) {
     using ranking_cols::kFirstRank;
-    using ranking_cols::kLastRank;
-    const ReportSheet::RowRun ranks = sheet.Run(r, kFirstRank, kLastRank);
-    std::array<short, kLastRank - kFirstRank + 1> digits{};
-    for (int i = 0; i < ranks.Count(); ++i)
-        digits[static_cast<std::size_t>(i)] = ranks.CellNumber(i);
+    ReportSheet::RowRun cells = sheet.Run(r, kFirstRank, kLastPairCol);
+    if (cells.Count() <= kLastPairCol - kFirstRank) return;
+    std::array<short, ranking_cols::kLastRank - kFirstRank + 1> digits{};
+    for (std::size_t i = 0; i < digits.size(); ++i)
+        digits[i] = cells.CellNumber(static_cast<int>(i));
     for (std::size_t i = 0; i < kRankPairs.size(); ++i) {
-        pairs.Set(r, kFirstPairCol + static_cast<int>(i),
+        pairs.Set(cells, kFirstPairCol - kFirstRank + static_cast<int>(i),
                   digits[static_cast<std::size_t>(kRankPairs[i].first - kFirstRank)],
                   digits[static_cast<std::size_t>(kRankPairs[i].second - kFirstRank)]);
     }
 }
 
-// A pair cell of a row as the judgement compares it, as one number that is alike for two cells
-// exactly when they hold the same text. A pair of two digits from 1 up is kept as a number and
-// keyed by its value, which tells numbers apart away from the counter's ends; a pair with a 0 is
-// a text and keyed by its characters, with the top bit set, as a number cell and a text cell never
-// hold the same text. A cell of neither kind gets a key of its own and is left to the sheet.
-constexpr std::uint64_t kTextKey = std::uint64_t{1} << 63;
-constexpr std::uint64_t kOtherKey = std::uint64_t{1} << 62;
-
-constexpr int kJudgedCount = kLastDrawnPairCol - kFirstPairCol + 1;  // the run 22 to 39
-constexpr auto kFirstDrawn = static_cast<std::size_t>(kFirstDrawnPairCol - kFirstPairCol);
-// The cells of the run that are judged: the recommended pairs and the drawing's pairs.
-constexpr unsigned kJudgedCells =
-    ((1u << (kLastPairCol - kFirstPairCol + 1)) - 1) | (7u << kFirstDrawn);
-
-// The keys of the judged cells of row r, and the cells left to the sheet as bits. Which pairs
-// hold a 0 is anybody's guess, so the cells are sorted by kind first, without a branch, and each
-// kind is then read by a loop of its own.
-struct PairKeys {
-    std::array<std::uint64_t, kJudgedCount> keys;  // of the judged cells only
-    unsigned others = 0;
-};
-
-PairKeys ReadPairKeys(const ReportSheet& sheet, const ReportSheet::RowRun& cells, int r) {
-    PairKeys read;
-    unsigned numbers = 0;
-    for (int i = 0; i < kJudgedCount; ++i)
-        numbers |= (cells.HoldsNumber(i) ? 1u : 0u) << i;
-    numbers &= kJudgedCells;
-    for (unsigned m = numbers; m != 0; m &= m - 1) {
-        const int i = std::countr_zero(m);
-        const short value = cells.CellNumber(i);
-        auto& key = read.keys[static_cast<std::size_t>(i)];
-        if (value > -32768 && value < 32767) {
-            key = static_cast<std::uint64_t>(value + 32768);
-        } else {
-            key = kOtherKey + static_cast<std::uint64_t>(i);
-            read.others |= 1u << i;
-        }
-    }
-    for (unsigned m = ~numbers & kJudgedCells; m != 0; m &= m - 1) {
-        const int i = std::countr_zero(m);
-        ReportSheet::NumberDigits digits;
-        const std::string_view text = sheet.TextView(r, kFirstPairCol + i, digits);
-        auto& key = read.keys[static_cast<std::size_t>(i)];
-        if (text.size() < 8) {
-            key = kTextKey | text.size();
-            for (std::size_t k = 0; k < text.size(); ++k)
-                key |= static_cast<std::uint64_t>(static_cast<unsigned char>(text[k]))
-                       << (8 * k + 8);
-        } else {
-            key = kOtherKey + static_cast<std::uint64_t>(i);
-            read.others |= 1u << i;
-        }
-    }
-    return read;
-}
-
 // Each pair of the drawing against each recommended pair of its row: a match is red, and the
-// row is marked once however many match.
+// row is marked once however many match. Which pairs match is anybody's guess: the columns are
+// gathered without a branch.
 void JudgePairs(ReportSheet& sheet, const ReportSheet::TextKey& hitMarker, int r) {
     const ReportSheet::RowRun cells = sheet.Run(r, kFirstPairCol, kLastDrawnPairCol);
-    if (cells.Count() < kJudgedCount) return;
-    const PairKeys read = ReadPairKeys(sheet, cells, r);
-    const auto& keys = read.keys;
+    if (cells.Count() <= kLastDrawnPairCol - kFirstPairCol) return;
+    constexpr int kDrawn = kFirstDrawnPairCol - kFirstPairCol;
     std::array<int, kLastPairCol - kFirstPairCol + 1> hitCols;
     std::size_t hitCount = 0;
-    for (int c = kFirstPairCol; c <= kLastPairCol; ++c) {
-        const int i = c - kFirstPairCol;
-        const std::uint64_t recommended = keys[static_cast<std::size_t>(i)];
-        bool same = (recommended == keys[kFirstDrawn]) | (recommended == keys[kFirstDrawn + 1]) |
-                    (recommended == keys[kFirstDrawn + 2]);
-        if ((read.others >> i) & 1u) {
-            for (int p = kFirstDrawnPairCol; p <= kLastDrawnPairCol; ++p)
-                if ((read.others >> (p - kFirstPairCol)) & 1u) same |= sheet.SameText(r, p, r, c);
-        }
+    for (int i = 0; i <= kLastPairCol - kFirstPairCol; ++i) {
+        const bool same = cells.SameText(i, kDrawn) | cells.SameText(i, kDrawn + 1) |
+                          cells.SameText(i, kDrawn + 2);
         // Each column takes the next place of the list, which only a match keeps.
-        hitCols[hitCount] = c;
+        hitCols[hitCount] = kFirstPairCol + i;
         hitCount += same ? 1 : 0;
     }
     if (hitCount == 0) return;
@@ -175,18 +111,12 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
     PairTextWriter pairs(sheet);
     const ReportSheet::TextKey hitMarker = sheet.Prepare(kHitMarker);
-    SevenDrawingRanking ranking;
-    // The band of the middle ranks, written a batch of rows at a time.
-    ColourBatch<1> band({ranking_colours::kMiddleRanks});
-    auto shade = [&](int r) {
-        static constexpr std::array<std::uint8_t, 4> kBand{0, 0, 0, 0};
-        band.Add(sheet, r, ranking_cols::kFirstMiddleRank, kBand);
-    };
+    SevenDrawingRanking ranking(sheet);
     // A row's ranking rests on the rows above it only, so each row is worked whole while it is at
     // hand: its ranking, its recommended pairs and, for a drawing, their judgement.
     auto recommend = [&](int r) {
         ranking.Rank(sheet, r);
-        shade(r);
+        ShadeMiddleRanks(sheet, r);
         if (r >= kFirstPairRow) WriteRecommendedPairs(sheet, pairs, r);
     };
     FillSheet(
@@ -204,9 +134,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
                      ranking_cols::kFirstDigit + 2});
     // The next drawing's row is recommended for and never judged; the last row is only banded.
     recommend(drawCount + 1);
-    shade(drawCount + 2);
-    ranking.Finish(sheet);
-    band.Flush(sheet);
+    ShadeMiddleRanks(sheet, drawCount + 2);
 
     for (int r = 1; r <= kCollapsedRows && r < sheet.Rows(); ++r)
         sheet.SetRowHeight(r, 2);
