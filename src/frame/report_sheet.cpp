@@ -251,17 +251,6 @@ ReportSheet::TextKey ReportSheet::KeyOf(std::string_view text) const {
     return {handle != 0 ? handle : kNoCell, text};
 }
 
-ReportSheet::RowRun ReportSheet::Run(int row, int firstCol, int lastCol) {
-    RowRun run;
-    run.sheet_ = this;
-    run.row_ = row;
-    run.firstCol_ = firstCol;
-    if (row < 0 || row >= rows_ || firstCol < 0) return run;
-    run.count_ = std::max(0, std::min(lastCol, cols_ - 1) - firstCol + 1);
-    if (run.count_ > 0) run.cells_ = cells_.data() + Index(row, firstCol);
-    return run;
-}
-
 void ReportSheet::TallyColumns(int firstRow, int lastRow, int firstCol, const TextKey& key,
                                std::span<short> matches, std::span<short> maxOthers) const {
     firstRow = std::max(firstRow, 0);

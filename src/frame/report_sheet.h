@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <span>
@@ -181,13 +182,29 @@ public:
             return sheet_->HandleIs(cells_[i].text, text);
         }
         short CellNumber(int i) const { return sheet_->HandleNumber(cells_[i].text); }
+        // CellNumber of a cell that HoldsNumber, and 0 for any other cell, without a branch: for
+        // passes over cells whose kind is anybody's guess.
+        short NumberOrZero(int i) const {
+            const std::uint32_t h = cells_[i].text;
+            const long v = std::clamp(InlineValue(h), -32768L, 32767L);
+            // By a mask: a choice is compiled to a branch here.
+            const long numberMask = -static_cast<long>(h >> 31);  // all ones for a number
+            return static_cast<short>(v & numberMask);
+        }
         // True when two cells of the run hold the same text, as SameText says.
         bool SameText(int i, int j) const {
             const std::uint32_t a = cells_[i].text;
             const std::uint32_t b = cells_[j].text;
             // Only column 0 below the header holds a label, which may match a text of its own.
-            return a == b || (firstCol_ == 0 && row_ > 0 && (i == 0 || j == 0) &&
-                              sheet_->SameLabelText(a, b));
+            // Whether cells match is often anybody's guess: no branch on it.
+            const bool label = firstCol_ == 0 && row_ > 0 && (i == 0 || j == 0);
+            return (a == b) | (label && sheet_->SameLabelText(a, b));
+        }
+        // TextIs for a text made ready with Prepare.
+        bool TextIs(int i, const TextKey& text) const {
+            const std::uint32_t h = cells_[i].text;
+            return h == text.handle ||
+                   (firstCol_ + i == 0 && row_ > 0 && sheet_->HandleIs(h, text.text));
         }
         void SetText(int i, const TextKey& text) {
             if (firstCol_ + i == 0 && row_ > 0) return sheet_->SetText(row_, 0, text);
@@ -198,6 +215,7 @@ public:
         }
         ColourKey BackColour(int i) const { return {cells_[i].back}; }
         void SetBackColor(int i, ColourKey colour) { cells_[i].back = colour.index; }
+        void SetForeColor(int i, ColourKey colour) { cells_[i].fore = colour.index; }
         void SetNumber(int i, long value) {
             if (value >= -kNumberBias && value < kNumberBias)
                 cells_[i].text = NumberHandle(value);
@@ -213,7 +231,16 @@ public:
         int firstCol_ = 0;
         int count_ = 0;
     };
-    RowRun Run(int row, int firstCol, int lastCol);
+    RowRun Run(int row, int firstCol, int lastCol) {
+        RowRun run;
+        run.sheet_ = this;
+        run.row_ = row;
+        run.firstCol_ = firstCol;
+        if (row < 0 || row >= rows_ || firstCol < 0) return run;
+        run.count_ = std::max(0, std::min(lastCol, cols_ - 1) - firstCol + 1);
+        if (run.count_ > 0) run.cells_ = cells_.data() + Index(row, firstCol);
+        return run;
+    }
 
     // Column by column over rows `firstRow` to `lastRow` (within the sheet): adds to `matches`
     // the cells that hold `key`'s text, and raises `maxOthers` to the largest CellNumber of the

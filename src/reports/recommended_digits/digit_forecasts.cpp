@@ -20,39 +20,27 @@ void WriteHeaders(ReportSheet& sheet, std::span<const SheetColumn> columns) {
 namespace {
 
 // The drawn digits of a row (columns 1 to 3), to which each forecast cell of the row is compared
-// as text. Two number cells hold the same text exactly when their numbers are alike, which their
-// values as counters tell apart away from the counter's ends; any other cell is left to the sheet.
+// as text.
 class DrawnDigits {
 public:
     // `cells` is the row from column 0 on.
     DrawnDigits(const ReportSheet& sheet, int row, const ReportSheet::RowRun& cells)
-        : sheet_(sheet), row_(row), cells_(cells) {
-        for (int p = 1; p <= 3; ++p) {
-            // A text, or a number at a counter's end, never matches by value.
-            const bool number = p < cells.Count() && cells.HoldsNumber(p);
-            values_[static_cast<std::size_t>(p - 1)] = number ? cells.CellNumber(p) : kNoValue;
-        }
-    }
+        : sheet_(sheet), row_(row), cells_(cells) {}
 
-    // True when the cell in column `col` holds the text of at least one drawn digit.
+    // True when the cell in column `col` holds the text of at least one drawn digit. Drawn digits
+    // are random: the three are compared without a branch.
     bool Holds(int col) const {
-        if (col < cells_.Count() && cells_.HoldsNumber(col)) {
-            const int value = cells_.CellNumber(col);
-            // Drawn digits are random: no branch to mispredict.
-            if (value != kNoValue && value != 32767)
-                return (value == values_[0]) | (value == values_[1]) | (value == values_[2]);
-        }
+        if (col < cells_.Count() && cells_.Count() > 3)
+            return cells_.SameText(col, 1) | cells_.SameText(col, 2) | cells_.SameText(col, 3);
         for (int p = 1; p <= 3; ++p)
             if (sheet_.SameText(row_, p, row_, col)) return true;
         return false;
     }
 
 private:
-    static constexpr int kNoValue = -32768;
     const ReportSheet& sheet_;
     int row_;
-    ReportSheet::RowRun cells_;
-    std::array<int, 3> values_{};
+    const ReportSheet::RowRun& cells_;
 };
 
 }  // namespace

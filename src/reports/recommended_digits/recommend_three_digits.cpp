@@ -2,6 +2,7 @@
 // the drawing they forecast and judged there; the last drawing's forecast is the recommendation.
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <climits>
 #include <deque>
 #include <memory>
@@ -127,19 +128,28 @@ void WriteTriple(ReportSheet& sheet, int row, int firstCol, const DigitTriple& d
 
 // The three digits missing longest on row `row`, the longest last; of equal Misses the larger
 // digit ranks as the longer, as a stable sort of all ten leaves them.
-DigitTriple LongestMissing(ReportSheet& sheet, int row, int chartCol) {
-    // A digit's rank as one number, its Miss before it and the digit after it; the three largest
-    // are kept in ascending order.
-    std::array<int, 3> top = {INT_MIN, INT_MIN, INT_MIN};
+DigitTriple LongestMissing(ReportSheet& sheet, int row, int chartCol,
+                           const ReportSheet::TextKey& star) {
+    // A chart cell holds a Miss number or a star, in places that are random: both are read
+    // without a branch, and any other text, which is rare, by its number afterwards. A cell
+    // outside the sheet reads as empty, a Miss of 0.
     const ReportSheet::RowRun chart = sheet.Run(row, chartCol, chartCol + 9);
+    std::array<short, 10> misses{};
+    unsigned others = 0;
+    for (int d = 0; d < chart.Count(); ++d) {
+        misses[static_cast<std::size_t>(d)] = chart.NumberOrZero(d);
+        others |= static_cast<unsigned>(!chart.HoldsNumber(d) & !chart.TextIs(d, star)) << d;
+    }
+    for (unsigned rest = others; rest != 0; rest &= rest - 1) {
+        const int d = std::countr_zero(rest);
+        misses[static_cast<std::size_t>(d)] = chart.CellNumber(d);
+    }
+    // A digit's rank as one number, its Miss before it and the digit after it; the three largest
+    // are kept in ascending order. Each rank goes in at its place and the smallest drops out,
+    // without a branch. No two ranks are equal, as their digits differ.
+    std::array<int, 3> top = {INT_MIN, INT_MIN, INT_MIN};
     for (int d = 0; d < 10; ++d) {
-        // A cell outside the sheet reads as empty, a Miss of 0.
-        short miss = 0;
-        if (d < chart.Count())
-            miss = chart.HoldsNumber(d) || !chart.TextIs(d, "*") ? chart.CellNumber(d) : 0;
-        // The rank goes in at its place and the smallest drops out, without a branch: which
-        // digits were drawn is random. No two ranks are equal, as their digits differ.
-        const int rank = miss * 16 + d;
+        const int rank = misses[static_cast<std::size_t>(d)] * 16 + d;
         const int below2 = std::min(top[2], rank);
         const int below1 = std::min(top[1], below2);
         top = {std::max(top[0], below1), std::max(top[1], below2), std::max(top[2], rank)};
@@ -152,7 +162,7 @@ DigitTriple LongestMissing(ReportSheet& sheet, int row, int chartCol) {
 
 // Writes the forecast derived from the drawing of row `row` into row `row` + 1.
 void Derive(ReportSheet& sheet, const ThreeDigitReport& report, const ThreeDigitForecast& f,
-            int row) {
+            int row, const ReportSheet::TextKey& star) {
     const int col = f.block.firstCol;
     switch (f.derivation) {
         case Derivation::ByUnits:
@@ -167,7 +177,7 @@ void Derive(ReportSheet& sheet, const ThreeDigitReport& report, const ThreeDigit
             break;
         }
         case Derivation::LongestMisses: {
-            WriteTriple(sheet, row + 1, col, LongestMissing(sheet, row, report.missChartCol));
+            WriteTriple(sheet, row + 1, col, LongestMissing(sheet, row, report.missChartCol, star));
             break;
         }
     }
@@ -177,9 +187,13 @@ void Derive(ReportSheet& sheet, const ThreeDigitReport& report, const ThreeDigit
 // the number of drawings since the digit's last hit, counting this one, in its own fore colour.
 class MissChart {
 public:
-    MissChart(ReportSheet& sheet, int firstCol) : sheet_(sheet), firstCol_(firstCol) {
-        if (firstCol >= 0) star_ = sheet.Prepare("*");
-    }
+    MissChart(ReportSheet& sheet, int firstCol)
+        : sheet_(sheet),
+          firstCol_(firstCol),
+          star_(sheet.Prepare("*")),
+          missFore_(sheet.PrepareColour(kMissChartFore)) {}
+    // The star of a drawn digit, made ready for the sheet.
+    const ReportSheet::TextKey& Star() const { return star_; }
 
     // A digit outside 0 to 9 puts its star outside the chart, where it may meet a forecast
     // cell: the forecast, which the row before gave already, stays there, as it would be written
@@ -205,7 +219,7 @@ public:
             counter = isEmpty ? static_cast<short>(counter + 1) : short{1};
         }
         for (std::size_t k = 0; k < empty; ++k) {
-            sheet_.SetForeColor(row, firstCol_ + emptyCells[k], kMissChartFore);
+            chart.SetForeColor(emptyCells[k], missFore_);
             chart.SetNumber(emptyCells[k], misses[k]);
         }
     }
@@ -221,6 +235,7 @@ private:
     ReportSheet& sheet_;
     int firstCol_;
     ReportSheet::TextKey star_;
+    ReportSheet::ColourKey missFore_;
     std::array<short, 10> counters_ = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
 };
 
@@ -230,10 +245,14 @@ class DistinctDigitTexts {
 public:
     explicit DistinctDigitTexts(ReportSheet& sheet) : sheet_(sheet) {}
 
-    void Write(int row, int col, const CurrentDigits& sorted) {
+    // Writes the distinct digits and gives the key written; no key for digits outside 0 to 9.
+    ReportSheet::TextKey Write(int row, int col, const CurrentDigits& sorted) {
         const bool plain =
             std::all_of(sorted.begin(), sorted.end(), [](short d) { return d >= 0 && d <= 9; });
-        if (!plain) return sheet_.SetText(row, col, DistinctDigits(sorted));
+        if (!plain) {
+            sheet_.SetText(row, col, DistinctDigits(sorted));
+            return {};
+        }
         const auto index = static_cast<std::size_t>(sorted[0] * 100 + sorted[1] * 10 + sorted[2]);
         Known& known = known_[index];
         if (!known.text) {
@@ -242,6 +261,7 @@ public:
             known.key = sheet_.Prepare(*known.text);
         }
         sheet_.SetText(row, col, known.key);
+        return known.key;
     }
 
 private:
@@ -256,11 +276,16 @@ private:
 
 // "Just hit" on row `row` where every distinct digit of a drawing with two or three of them was
 // forecast.
-void MarkWholeDrawingForecast(ReportSheet& sheet, const ThreeDigitReport& report, int row) {
+// `written` is the text the distinct digits were written with, read again only where the cell
+// no longer holds it.
+void MarkWholeDrawingForecast(ReportSheet& sheet, const ThreeDigitReport& report, int row,
+                              const ReportSheet::TextKey& written) {
     const ForecastBlock& block = report.forecasts.front().block;
     ReportSheet::NumberDigits distinctDigits;
     ReportSheet::NumberDigits forecastDigits;
-    const std::string_view distinct = sheet.TextView(row, report.distinctCol, distinctDigits);
+    const std::string_view distinct = sheet.Holds(row, report.distinctCol, written)
+                                          ? written.text
+                                          : sheet.TextView(row, report.distinctCol, distinctDigits);
     // Each of the three forecast cells' trimmed text as one character, or none where it is
     // longer or empty. The forecasts are digits: a number's text is one character from 0 to 9.
     const ReportSheet::RowRun cells = sheet.Run(row, block.firstCol, block.firstCol + 2);
@@ -307,14 +332,16 @@ void Build(const ThreeDigitReport& report, std::span<const DrawRecord> drawings,
 
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         if (report.missChartCol >= 0) missChart.WriteRow(row, digits, blocks);
+        ReportSheet::TextKey distinct;
         if (report.distinctCol >= 0) {
             SortDigits(digits);
-            distinctTexts->Write(row, report.distinctCol, digits);
+            distinct = distinctTexts->Write(row, report.distinctCol, digits);
         }
         for (const ThreeDigitForecast& forecast : report.forecasts)
-            if (row >= forecast.firstSourceRow) Derive(sheet, report, forecast, row);
+            if (row >= forecast.firstSourceRow)
+                Derive(sheet, report, forecast, row, missChart.Star());
         judge.JudgeRow(row);
-        if (report.noteCol >= 0) MarkWholeDrawingForecast(sheet, report, row);
+        if (report.noteCol >= 0) MarkWholeDrawingForecast(sheet, report, row, distinct);
     });
 
     WriteHeaders(sheet, report.columns);
