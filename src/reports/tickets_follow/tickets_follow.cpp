@@ -1,4 +1,7 @@
+#include <algorithm>
+#include <array>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -197,6 +200,83 @@ bool Hits(HitTest test, std::string_view ticket, std::string_view box) {
     return ticket == box;
 }
 
+// The ticket columns each box text hits, worked out when the text is first met: drawings of one
+// Box Number hit the same columns.
+class TicketHits {
+public:
+    TicketHits(HitTest test, std::vector<std::string> tickets)
+        : test_(test), tickets_(std::move(tickets)) {}
+
+    // The columns `box` hits, found by its characters.
+    const std::vector<int>& Of(std::string_view box) {
+        auto it = byText_.find(box);
+        if (it == byText_.end()) it = byText_.emplace(std::string(box), Columns(box)).first;
+        return it->second;
+    }
+    // The columns the box text of `known`, a slot of the caller's own, hits; worked out on the
+    // slot's first use.
+    struct Known {
+        std::vector<int> columns;
+        bool worked = false;
+    };
+    const std::vector<int>& Of(std::string_view box, Known& known) {
+        if (!known.worked) known = {Columns(box), true};
+        return known.columns;
+    }
+
+private:
+    std::vector<int> Columns(std::string_view box) const {
+        std::vector<int> columns;
+        for (std::size_t i = 0; i < tickets_.size(); ++i)
+            if (Hits(test_, tickets_[i], box))
+                columns.push_back(kFirstTicketCol + static_cast<int>(i));
+        return columns;
+    }
+
+    HitTest test_;
+    std::vector<std::string> tickets_;
+    std::unordered_map<std::string, std::vector<int>, TextHash, std::equal_to<>> byText_;
+};
+
+// The box texts of the drawings of digits 0 to 9, by their sorted digits, each made ready for
+// the sheet when first met, with the columns it hits.
+class BoxTexts {
+public:
+    struct Box {
+        std::string text;
+        ReportSheet::TextKey key;
+        TicketHits::Known hits;
+    };
+    BoxTexts(ReportSheet& sheet, HitTest test) : sheet_(sheet), test_(test) {}
+
+    // Writes the box text of the sorted digits into (row, col); gives its slot, or none for
+    // digits outside 0 to 9, whose text is written as it stands.
+    Box* Write(int row, int col, const CurrentDigits& sorted) {
+        const bool plain =
+            std::all_of(sorted.begin(), sorted.end(), [](short d) { return d >= 0 && d <= 9; });
+        if (!plain) {
+            sheet_.SetText(row, col, TextOf(sorted));
+            return nullptr;
+        }
+        Box& box = boxes_[static_cast<std::size_t>(sorted[0] * 100 + sorted[1] * 10 + sorted[2])];
+        if (box.key.handle == 0) {
+            box.text = TextOf(sorted);
+            box.key = sheet_.Prepare(box.text);
+        }
+        sheet_.SetText(row, col, box.key);
+        return &box;
+    }
+
+private:
+    std::string TextOf(const CurrentDigits& sorted) const {
+        return test_ == HitTest::SharedDigits ? DistinctDigits(sorted) : JoinedDigits(sorted);
+    }
+
+    ReportSheet& sheet_;
+    HitTest test_;
+    std::array<Box, 1000> boxes_;  // never moved: the keys view the texts
+};
+
 void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const std::vector<int> starts = ListStarts(report);
     const int lastTicketCol = starts.back() - 1;
@@ -220,15 +300,8 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
     // whole sheet.
     sheet.SetRows(drawCount + 6);
     ResetSheet(sheet, drawCount, drawCount + 2, 6);
-    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        SortDigits(digits);
-        if (report.hitTest == HitTest::SharedDigits) {
-            sheet.SetText(row, kBoxCol, DistinctDigits(digits));
-        } else {
-            sheet.SetText(row, kBoxCol, JoinedDigits(digits));
-        }
-    });
 
+    // The headers come first, so that each drawing is matched while its row is at hand.
     HeadDigitColumns(sheet);
     for (std::size_t i = 0; i < report.lists.size(); ++i) {
         const auto& tickets = report.lists[i].tickets;
@@ -236,32 +309,32 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
             sheet.SetText(0, starts[i] + static_cast<int>(k), tickets[k]);
     }
     sheet.SetText(0, groupCol, report.groupHeader);
-    FinishLoad(sheet);
 
-    // The tickets are whatever the header row says. Drawings of one Box Number hit the same
-    // columns, so each box text is tested against the tickets once.
+    // The tickets are whatever the header row says, and a drawing's box text is matched as its
+    // cell holds it: where it holds the text just written, that text's columns are known.
     std::vector<std::string> tickets;
     for (int c = kFirstTicketCol; c <= lastTicketCol; ++c)
         tickets.push_back(sheet.Text(0, c));
-    std::unordered_map<std::string, std::vector<int>, TextHash, std::equal_to<>> hitColumns;
-    ReportSheet::NumberDigits digits;
+    TicketHits ticketHits(report.hitTest, std::move(tickets));
+    auto boxTexts = std::make_unique<BoxTexts>(sheet, report.hitTest);
+    const ReportSheet::TextKey hitMarker = sheet.Prepare(report.hitMarker);
     std::vector<const std::vector<int>*> rowHits(static_cast<std::size_t>(drawCount) + 1);
-    for (int r = 1; r <= drawCount; ++r) {
-        const std::string_view box = sheet.TextView(r, kBoxCol, digits);
-        auto it = hitColumns.find(box);
-        if (it == hitColumns.end()) {
-            it = hitColumns.emplace(std::string(box), std::vector<int>{}).first;
-            for (int c = kFirstTicketCol; c <= lastTicketCol; ++c)
-                if (Hits(report.hitTest, tickets[static_cast<std::size_t>(c - kFirstTicketCol)],
-                         box))
-                    it->second.push_back(c);
+    FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
+        SortDigits(digits);
+        BoxTexts::Box* box = boxTexts->Write(row, kBoxCol, digits);
+        const std::vector<int>* hits;
+        if (box != nullptr && sheet.Holds(row, kBoxCol, box->key)) {
+            hits = &ticketHits.Of(box->text, box->hits);
+        } else {
+            ReportSheet::NumberDigits buffer;
+            hits = &ticketHits.Of(sheet.TextView(row, kBoxCol, buffer));
         }
-        for (int c : it->second) {
-            sheet.SetText(r, c, report.hitMarker);
-            sheet.SetText(r, groupCol, report.hitMarker);
-        }
-        rowHits[static_cast<std::size_t>(r)] = &it->second;
-    }
+        for (int c : *hits)
+            sheet.SetText(row, c, hitMarker);
+        if (!hits->empty()) sheet.SetText(row, groupCol, hitMarker);
+        rowHits[static_cast<std::size_t>(row)] = hits;
+    });
+    FinishLoad(sheet);
 
     const int lastFollowedCol = report.groupFollowed ? groupCol : lastTicketCol;
     FillMissCountersAndStatisticRows(sheet, lastFollowedCol, report.hitMarker, report.average,
@@ -271,7 +344,9 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
     // marked the group column, so a row without the marker there has nothing to find. The Miss
     // numbers filled every other ticket cell, so only the columns the row's hits were written
     // into, in ascending order, can hold the marker.
-    for (int r = 1; r <= drawCount; ++r) {
+    const bool letters = std::any_of(report.lists.begin(), report.lists.end(),
+                                     [](const TicketList& list) { return !list.letter.empty(); });
+    for (int r = 1; letters && r <= drawCount; ++r) {
         if (!sheet.TextIs(r, groupCol, report.hitMarker)) continue;
         const std::vector<int>& hits = *rowHits[static_cast<std::size_t>(r)];
         for (std::size_t i = 0; i < report.lists.size(); ++i) {
