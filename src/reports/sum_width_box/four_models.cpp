@@ -32,12 +32,11 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     // Room for the statistic rows from the start, so that adding them does not move the sheet.
     sheet.SetRows(drawCount + 6);
     ResetSheet(sheet, drawCount, drawCount + 2);
-    FillSheet(sheet, drawings);
 
+    // The headers come first, so that each drawing is matched while its row is at hand.
     HeadDigitColumns(sheet);
     for (int c = kFirstModelCol; c <= kLastModelCol; ++c)
         sheet.SetText(0, c, kModels[c - kFirstModelCol]);
-    FinishLoad(sheet);
 
     // A drawing hits the model whose header is its own pair of tallies; three Big, three Small,
     // three Odd or three Even digits match no header. A tally depends only on how many digits
@@ -50,7 +49,8 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         std::vector<int> cols;
     };
     std::array<Hits, 16> hitsByCounts;
-    for (int r = 1; r <= drawCount; ++r) {
+    const ReportSheet::TextKey hitMarker = sheet.Prepare(kHitMarker);
+    FillSheet(sheet, drawings, [&](int r, CurrentDigits&) {
         const CurrentDigits digits = {sheet.CellNumber(r, 1), sheet.CellNumber(r, 2),
                                       sheet.CellNumber(r, 3)};
         int small = 0;
@@ -67,8 +67,10 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
                 if (models[i] == tallies) hits.cols.push_back(kFirstModelCol + static_cast<int>(i));
             hits.known = true;
         }
-        sheet.SetText(r, hits.cols, kHitMarker);
-    }
+        for (int c : hits.cols)
+            sheet.SetText(r, c, hitMarker);
+    });
+    FinishLoad(sheet);
     FillMissCountersAndStatisticRows(sheet, kLastModelCol, kHitMarker, AverageRule::EmptyWhenNoHit,
                                      kFirstModelCol);
 }
