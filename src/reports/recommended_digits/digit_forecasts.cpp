@@ -54,6 +54,10 @@ ForecastJudge::ForecastJudge(ReportSheet& sheet, std::span<const ForecastBlock> 
     }
     if (blocks.size() > kMaxBlocks || cells > kMaxCells)
         throw std::length_error("more forecast cells than a row's judgement holds");
+    for (std::size_t b = 0; b < blocks.size(); ++b) {
+        hitColours_[b] = sheet.PrepareColour(blocks[b].hitColour);
+        pairColours_[b] = sheet.PrepareColour(blocks[b].pairColour);
+    }
 }
 
 // Which forecast digits were drawn is random: rather than branch on each comparison, the row's
@@ -83,7 +87,8 @@ void ForecastJudge::JudgeRow(int row) {
             marked += found > 0;
         }
         if (b + 1 == blocks_.size() || blocks_[b + 1].hitColour != block.hitColour) {
-            sheet_.SetBackColor(row, std::span(hitCols).first(hits), block.hitColour);
+            for (std::size_t i = 0; i < hits; ++i)
+                sheet_.SetBackColor(row, hitCols[i], hitColours_[b]);
             hits = 0;
         }
     }
@@ -99,7 +104,7 @@ void ForecastJudge::JudgeRow(int row) {
         int colouredHits = 0;
         for (int c = block.firstCol; c <= block.lastCol; ++c)
             colouredHits += sheet_.BackColor(row, c) == block.hitColour;
-        if (colouredHits >= 2) sheet_.SetBackColor(row, block.markerCol, block.pairColour);
+        if (colouredHits >= 2) sheet_.SetBackColor(row, block.markerCol, pairColours_[b]);
     }
 }
 

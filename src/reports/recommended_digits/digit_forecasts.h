@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <string>
 #include <string_view>
@@ -52,6 +53,9 @@ private:
     ReportSheet& sheet_;
     std::span<const ForecastBlock> blocks_;
     ReportSheet::TextKey marker_;
+    // Each block's hit and pair colours, made ready for the sheet.
+    std::array<ReportSheet::ColourKey, kMaxBlocks> hitColours_{};
+    std::array<ReportSheet::ColourKey, kMaxBlocks> pairColours_{};
     int lastCol_ = 0;  // the last column a block reads or marks
 };
 
