@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "frame/frame_passes.h"
@@ -130,6 +131,14 @@ TEST(ReportSheet, RowRunsCompareWriteAndPaintAsTheCellCallsDo) {
             EXPECT_EQ(run.SameText(i, j), sheet.SameText(2, i, 2, j)) << i << j;
     EXPECT_TRUE(run.SameText(0, 1));
     EXPECT_FALSE(run.SameText(2, 3));  // "07" is a text, 7 a number
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(run.TextIs(i, marker), sheet.TextIs(2, i, "***")) << i;  // the label too
+    // Numbers without a branch: a number, clamped to a counter; any other cell is 0.
+    run.SetNumber(4, 40000);
+    EXPECT_EQ((std::array{run.NumberOrZero(1), run.NumberOrZero(2), run.NumberOrZero(3),
+                          run.NumberOrZero(4)}),
+              (std::array<short, 4>{0, 0, 7, 32767}));
+    EXPECT_EQ(sheet.Run(1, 1, 1).NumberOrZero(0), 0);  // empty
     run.SetText(0, sheet.Prepare("x"));
     EXPECT_EQ(sheet.Text(2, 0), "x");
 
