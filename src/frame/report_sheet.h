@@ -200,11 +200,15 @@ public:
             const bool label = firstCol_ == 0 && row_ > 0 && (i == 0 || j == 0);
             return (a == b) | (label && sheet_->SameLabelText(a, b));
         }
+        // True when the cell holds what SetText with `key` writes, as ReportSheet::Holds says.
+        bool Holds(int i, const TextKey& key) const {
+            return key.handle != 0 && cells_[i].text == key.handle;
+        }
         // TextIs for a text made ready with Prepare.
         bool TextIs(int i, const TextKey& text) const {
             const std::uint32_t h = cells_[i].text;
-            return h == text.handle ||
-                   (firstCol_ + i == 0 && row_ > 0 && sheet_->HandleIs(h, text.text));
+            const bool label = firstCol_ + i == 0 && row_ > 0;
+            return (h == text.handle) | (label && sheet_->HandleIs(h, text.text));
         }
         void SetText(int i, const TextKey& text) {
             if (firstCol_ + i == 0 && row_ > 0) return sheet_->SetText(row_, 0, text);

@@ -131,14 +131,14 @@ void WriteTriple(ReportSheet& sheet, int row, int firstCol, const DigitTriple& d
 DigitTriple LongestMissing(ReportSheet& sheet, int row, int chartCol,
                            const ReportSheet::TextKey& star) {
     // A chart cell holds a Miss number or a star, in places that are random: both are read
-    // without a branch, and any other text, which is rare, by its number afterwards. A cell
-    // outside the sheet reads as empty, a Miss of 0.
+    // without a branch, and any other text, which is rare, by its number afterwards (a star
+    // written any other way reads as 0 too). A cell outside the sheet reads as empty, a Miss of 0.
     const ReportSheet::RowRun chart = sheet.Run(row, chartCol, chartCol + 9);
     std::array<short, 10> misses{};
     unsigned others = 0;
     for (int d = 0; d < chart.Count(); ++d) {
         misses[static_cast<std::size_t>(d)] = chart.NumberOrZero(d);
-        others |= static_cast<unsigned>(!chart.HoldsNumber(d) & !chart.TextIs(d, star)) << d;
+        others |= static_cast<unsigned>(!chart.HoldsNumber(d) & !chart.Holds(d, star)) << d;
     }
     for (unsigned rest = others; rest != 0; rest &= rest - 1) {
         const int d = std::countr_zero(rest);
