@@ -133,6 +133,8 @@ TEST(ReportSheet, RowRunsCompareWriteAndPaintAsTheCellCallsDo) {
     EXPECT_FALSE(run.SameText(2, 3));  // "07" is a text, 7 a number
     for (int i = 0; i < 5; ++i)
         EXPECT_EQ(run.TextIs(i, marker), sheet.TextIs(2, i, "***")) << i;  // the label too
+    EXPECT_TRUE(run.Holds(1, marker));
+    EXPECT_FALSE(run.Holds(0, marker));  // the label has the text, not the key
     // Numbers without a branch: a number, clamped to a counter; any other cell is 0.
     run.SetNumber(4, 40000);
     EXPECT_EQ((std::array{run.NumberOrZero(1), run.NumberOrZero(2), run.NumberOrZero(3),
