@@ -4,8 +4,6 @@
 #include <array>
 #include <bit>
 #include <climits>
-#include <deque>
-#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -239,41 +237,6 @@ private:
     std::array<short, 10> counters_ = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
 };
 
-// The texts of DistinctDigits made ready for the sheet as they are first met: the drawings of
-// the digits 0 to 9, sorted, take 220 forms.
-class DistinctDigitTexts {
-public:
-    explicit DistinctDigitTexts(ReportSheet& sheet) : sheet_(sheet) {}
-
-    // Writes the distinct digits and gives the key written; no key for digits outside 0 to 9.
-    ReportSheet::TextKey Write(int row, int col, const CurrentDigits& sorted) {
-        const bool plain =
-            std::all_of(sorted.begin(), sorted.end(), [](short d) { return d >= 0 && d <= 9; });
-        if (!plain) {
-            sheet_.SetText(row, col, DistinctDigits(sorted));
-            return {};
-        }
-        const auto index = static_cast<std::size_t>(sorted[0] * 100 + sorted[1] * 10 + sorted[2]);
-        Known& known = known_[index];
-        if (!known.text) {
-            texts_.push_back(DistinctDigits(sorted));
-            known.text = &texts_.back();
-            known.key = sheet_.Prepare(*known.text);
-        }
-        sheet_.SetText(row, col, known.key);
-        return known.key;
-    }
-
-private:
-    struct Known {
-        const std::string* text = nullptr;
-        ReportSheet::TextKey key;
-    };
-    ReportSheet& sheet_;
-    std::deque<std::string> texts_;  // never moved: the keys name them
-    std::array<Known, 1000> known_{};
-};
-
 // "Just hit" on row `row` where every distinct digit of a drawing with two or three of them was
 // forecast.
 // `written` is the text the distinct digits were written with, read again only where the cell
@@ -328,14 +291,14 @@ void Build(const ThreeDigitReport& report, std::span<const DrawRecord> drawings,
         blocks.push_back(forecast.block);
     ForecastJudge judge(sheet, blocks);
     MissChart missChart(sheet, report.missChartCol);
-    auto distinctTexts = std::make_unique<DistinctDigitTexts>(sheet);
+    SortedDigitTexts distinctTexts(sheet, DistinctDigits);
 
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         if (report.missChartCol >= 0) missChart.WriteRow(row, digits, blocks);
         ReportSheet::TextKey distinct;
         if (report.distinctCol >= 0) {
             SortDigits(digits);
-            distinct = distinctTexts->Write(row, report.distinctCol, digits);
+            distinct = distinctTexts.Write(row, report.distinctCol, digits);
         }
         for (const ThreeDigitForecast& forecast : report.forecasts)
             if (row >= forecast.firstSourceRow)

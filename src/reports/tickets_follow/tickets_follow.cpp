@@ -1,7 +1,5 @@
 #include <algorithm>
-#include <array>
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -238,45 +236,6 @@ private:
     std::unordered_map<std::string, std::vector<int>, TextHash, std::equal_to<>> byText_;
 };
 
-// The box texts of the drawings of digits 0 to 9, by their sorted digits, each made ready for
-// the sheet when first met, with the columns it hits.
-class BoxTexts {
-public:
-    struct Box {
-        std::string text;
-        ReportSheet::TextKey key;
-        TicketHits::Known hits;
-    };
-    BoxTexts(ReportSheet& sheet, HitTest test) : sheet_(sheet), test_(test) {}
-
-    // Writes the box text of the sorted digits into (row, col); gives its slot, or none for
-    // digits outside 0 to 9, whose text is written as it stands.
-    Box* Write(int row, int col, const CurrentDigits& sorted) {
-        const bool plain =
-            std::all_of(sorted.begin(), sorted.end(), [](short d) { return d >= 0 && d <= 9; });
-        if (!plain) {
-            sheet_.SetText(row, col, TextOf(sorted));
-            return nullptr;
-        }
-        Box& box = boxes_[static_cast<std::size_t>(sorted[0] * 100 + sorted[1] * 10 + sorted[2])];
-        if (box.key.handle == 0) {
-            box.text = TextOf(sorted);
-            box.key = sheet_.Prepare(box.text);
-        }
-        sheet_.SetText(row, col, box.key);
-        return &box;
-    }
-
-private:
-    std::string TextOf(const CurrentDigits& sorted) const {
-        return test_ == HitTest::SharedDigits ? DistinctDigits(sorted) : JoinedDigits(sorted);
-    }
-
-    ReportSheet& sheet_;
-    HitTest test_;
-    std::array<Box, 1000> boxes_;  // never moved: the keys view the texts
-};
-
 void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const std::vector<int> starts = ListStarts(report);
     const int lastTicketCol = starts.back() - 1;
@@ -316,15 +275,18 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
     for (int c = kFirstTicketCol; c <= lastTicketCol; ++c)
         tickets.push_back(sheet.Text(0, c));
     TicketHits ticketHits(report.hitTest, std::move(tickets));
-    auto boxTexts = std::make_unique<BoxTexts>(sheet, report.hitTest);
+    SortedDigitTexts boxTexts(
+        sheet, report.hitTest == HitTest::SharedDigits ? DistinctDigits : JoinedDigits);
+    std::vector<TicketHits::Known> knownHits(1000);  // by SortedDigitTexts::IndexOf
     const ReportSheet::TextKey hitMarker = sheet.Prepare(report.hitMarker);
     std::vector<const std::vector<int>*> rowHits(static_cast<std::size_t>(drawCount) + 1);
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         SortDigits(digits);
-        BoxTexts::Box* box = boxTexts->Write(row, kBoxCol, digits);
+        const ReportSheet::TextKey box = boxTexts.Write(row, kBoxCol, digits);
         const std::vector<int>* hits;
-        if (box != nullptr && sheet.Holds(row, kBoxCol, box->key)) {
-            hits = &ticketHits.Of(box->text, box->hits);
+        if (sheet.Holds(row, kBoxCol, box)) {
+            const auto index = static_cast<std::size_t>(SortedDigitTexts::IndexOf(digits));
+            hits = &ticketHits.Of(box.text, knownHits[index]);
         } else {
             ReportSheet::NumberDigits buffer;
             hits = &ticketHits.Of(sheet.TextView(row, kBoxCol, buffer));
