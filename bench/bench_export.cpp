@@ -9,8 +9,8 @@
 #include <string>
 
 #include "bench_history.h"
-#include "cli/sheet_format.h"
 #include "data/drawings_file.h"
+#include "export/sheet_format.h"
 #include "reports/report_registry.h"
 
 namespace {

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/sheet_format.h"
 #include "data/drawings_file.h"
+#include "export/sheet_format.h"
 #include "reports/command_table.h"
 #include "reports/report_registry.h"
 

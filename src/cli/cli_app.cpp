@@ -9,9 +9,9 @@
 
 #include "cli/import_command.h"
 #include "cli/report_export.h"
-#include "cli/sheet_format.h"
 #include "data/file_io.h"
 #include "data/lottery_catalog.h"
+#include "export/sheet_format.h"
 #include "reports/command_table.h"
 #include "reports/enquiry_other/number_enquiry.h"
 #include "reports/report_registry.h"

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/sheet_format.h"
+#include "export/sheet_format.h"
 #include "frame/report_sheet.h"
 
 namespace numarel {

@@ -8,7 +8,7 @@
 #include <QScrollBar>
 #include <vector>
 
-#include "cli/sheet_format.h"
+#include "export/sheet_format.h"
 #include "frame/frame_passes.h"
 #include "platform/grid_view.h"
 #include "platform/twips.h"

@@ -6,7 +6,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include "cli/sheet_format.h"
+#include "export/sheet_format.h"
 #include "platform/grid_view.h"
 #include "reports/command_table.h"
 #include "reports/report_registry.h"

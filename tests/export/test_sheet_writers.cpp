@@ -4,8 +4,8 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "cli/sheet_format.h"
 #include "data/drawings_file.h"
+#include "export/sheet_format.h"
 #include "reports/report_registry.h"
 
 namespace numarel {

@@ -1,4 +1,4 @@
-#include "cli/sheet_format.h"
+#include "export/sheet_format.h"
 
 #include <algorithm>
 #include <charconv>
