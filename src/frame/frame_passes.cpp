@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/basic_text.h"
+#include "frame/sheet_cells.h"
 
 namespace numarel {
 
@@ -96,14 +97,14 @@ namespace frame_detail {
 void ReserveLabels(ReportSheet& sheet, std::span<const DrawRecord> drawings) {
     // Every label is a text of its own; without room made for them up front, the pool's
     // doubling would leave a full history with nearly twice the room the labels need.
-    sheet.ReserveLabels(std::min(drawings.size(), kMaxDrawings));
+    SheetCells::ReserveLabels(sheet, std::min(drawings.size(), kMaxDrawings));
 }
 
 void WriteDrawing(ReportSheet& sheet, int row, const DrawRecord& record,
                   const CurrentDigits& digits, DigitColumns columns) {
     // A plain label is written straight into the sheet's room for it.
     const std::size_t size = PlainLabelSize(record);
-    char* room = size != 0 ? sheet.NewLabelRoom(row, size) : nullptr;
+    char* room = size != 0 ? SheetCells::NewLabelRoom(sheet, row, size) : nullptr;
     if (room != nullptr)
         WritePlainLabel(record, room);
     else
@@ -120,24 +121,22 @@ void FinishLoad(ReportSheet& sheet) {
     sheet.SetTopRow(sheet.Rows() - 1);
 }
 
+MissCounters::MissCounters(int firstCol, int lastCol, Rgb missFore)
+    : firstCol_(firstCol),
+      missFore_(missFore),
+      counters_(static_cast<std::size_t>(std::max(lastCol - firstCol + 1, 0)), 1),
+      unused_(counters_.size(), 0) {}
+
+void MissCounters::FillRow(ReportSheet& sheet, int row) {
+    frame_detail::SheetCells::CountMisses(sheet, row, firstCol_, {}, false, missFore_, counters_,
+                                          unused_, unused_);
+}
+
 void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {
-    if (lastCol < firstCol) return;
-    const int drawCount = sheet.DrawCount();
-    // Row by row, one counter per column: wide sheets are walked in the order they are stored.
-    std::vector<short> counters(static_cast<std::size_t>(lastCol - firstCol + 1), 1);
-    for (int r = 1; r <= drawCount; ++r) {
-        ReportSheet::RowRun cells = sheet.Run(r, firstCol, lastCol);
-        const int count = cells.Count();
-        for (int i = 0; i < count; ++i) {
-            short& counter = counters[static_cast<std::size_t>(i)];
-            if (cells.IsEmpty(i)) {
-                cells.SetNumber(i, counter);
-                ++counter;
-            } else {
-                counter = 1;
-            }
-        }
-    }
+    // Row by row: wide sheets are walked in the order they are stored.
+    MissCounters counters(firstCol, lastCol);
+    for (int r = 1; r <= sheet.DrawCount(); ++r)
+        counters.FillRow(sheet, r);
 }
 
 namespace {
@@ -191,12 +190,13 @@ void AddMissStatistics(ReportSheet& sheet, int firstHitCol, int lastHitCol,
     // Amount and Max Miss are gathered in one walk over the rows, the order in which the cells
     // are stored; wide sheets would otherwise be read a column at a time.
     MissTally tally(firstHitCol, lastHitCol);
-    const ReportSheet::TextKey marker = sheet.KeyOf(hitMarker);
+    using frame_detail::SheetCells;
+    const SheetCells::Hit hit = SheetCells::HitOf(sheet, hitMarker);
     // A run still open in the last row counts only up to the row before.
-    sheet.TallyColumns(1, n - 1, firstHitCol, marker, tally.amounts, tally.maxMisses);
+    SheetCells::TallyColumns(sheet, 1, n - 1, firstHitCol, hit, tally.amounts, tally.maxMisses);
     if (n >= 1) {
         std::vector<short> lastRowMaxima(tally.amounts.size(), 0);
-        sheet.TallyColumns(n, n, firstHitCol, marker, tally.amounts, lastRowMaxima);
+        SheetCells::TallyColumns(sheet, n, n, firstHitCol, hit, tally.amounts, lastRowMaxima);
     }
     WriteMissStatistics(sheet, firstHitCol, lastHitCol, hitMarker, tally);
 }
@@ -226,12 +226,13 @@ void FillMissCountersAndStatisticRows(ReportSheet& sheet, int lastHitCol,
     // back from the cell, a hit as the counter starts again.
     MissTally tally(firstHitCol, lastHitCol);
     std::vector<short> counters(tally.amounts.size(), 1);
-    const ReportSheet::TextKey marker = sheet.KeyOf(hitMarker);
+    using frame_detail::SheetCells;
+    const SheetCells::Hit hit = SheetCells::HitOf(sheet, hitMarker);
     for (int r = 1; r <= n; ++r) {
         const bool closedRuns =
             r <= n - 1;  // a run open in the last row counts up to the row before
-        sheet.CountMisses(r, firstHitCol, marker, closedRuns, counters, tally.amounts,
-                          tally.maxMisses);
+        SheetCells::CountMisses(sheet, r, firstHitCol, hit, closedRuns, kDefaultColour, counters,
+                                tally.amounts, tally.maxMisses);
     }
     WriteMissStatistics(sheet, firstHitCol, lastHitCol, hitMarker, tally);
     FinishStatisticRows(sheet, lastHitCol, rule, firstHitCol);

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/basic_text.h"
 #include "data/drawings_file.h"
@@ -75,6 +76,21 @@ void FinishLoad(ReportSheet& sheet);
 // number of drawings since the last hit, counting this one; a cell with any text is a hit and
 // starts the count again.
 void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol);
+
+// The same Miss counters, filled one row at a time, for a report that reads a row's Miss numbers
+// before it writes the next row. The Miss numbers get the fore colour `missFore` (0: as it is).
+class MissCounters {
+public:
+    MissCounters(int firstCol, int lastCol, Rgb missFore = kDefaultColour);
+    // Fills the empty cells of `row` in the columns and moves the counters on.
+    void FillRow(ReportSheet& sheet, int row);
+
+private:
+    int firstCol_;
+    Rgb missFore_;
+    std::vector<short> counters_;
+    std::vector<short> unused_;  // hits and Max Miss, which these counters do not keep
+};
 
 // How AddStatisticRows fills Average where a column has no hit.
 enum class AverageRule {

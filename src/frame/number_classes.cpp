@@ -56,22 +56,6 @@ std::string JoinedDigits(const CurrentDigits& digits) {
     return out;
 }
 
-ReportSheet::TextKey SortedDigitTexts::Write(int row, int col, const CurrentDigits& sorted) {
-    const int index = IndexOf(sorted);
-    if (index < 0) {
-        sheet_.SetText(row, col, textOf_(sorted));
-        return {};
-    }
-    ReportSheet::TextKey& key = keys_[static_cast<std::size_t>(index)];
-    if (key.handle == 0) {
-        std::string& text = texts_[static_cast<std::size_t>(index)];
-        text = textOf_(sorted);
-        key = sheet_.Prepare(text);
-    }
-    sheet_.SetText(row, col, key);
-    return key;
-}
-
 int SumOf(const CurrentDigits& d) {
     return d[0] + d[1] + d[2];
 }

@@ -46,30 +46,6 @@ std::string DistinctDigits(const CurrentDigits& sorted);
 // The three digits written one after the other, as "012".
 std::string JoinedDigits(const CurrentDigits& digits);
 
-// A text of sorted digits (DistinctDigits or JoinedDigits) for a pass that writes one into every
-// row: the text of each set of digits 0 to 9 is made ready for the sheet when first met.
-class SortedDigitTexts {
-public:
-    using TextOf = std::string (*)(const CurrentDigits& sorted);
-    SortedDigitTexts(ReportSheet& sheet, TextOf textOf)
-        : sheet_(sheet), textOf_(textOf), texts_(1000), keys_(1000) {}
-    // A place for each set of sorted digits 0 to 9, from 0 to 999; -1 for any other digits.
-    static int IndexOf(const CurrentDigits& sorted) {
-        const bool plain = sorted[0] >= 0 && sorted[2] <= 9;
-        return plain ? sorted[0] * 100 + sorted[1] * 10 + sorted[2] : -1;
-    }
-    // Writes the text of the sorted digits into (row, col) and gives the key it was written with,
-    // whose text stays valid while this lives; digits outside 0 to 9 are written as their text
-    // stands, and give an empty key.
-    ReportSheet::TextKey Write(int row, int col, const CurrentDigits& sorted);
-
-private:
-    ReportSheet& sheet_;
-    TextOf textOf_;
-    std::vector<std::string> texts_;  // by IndexOf; never moved, as the keys view them
-    std::vector<ReportSheet::TextKey> keys_;
-};
-
 int SumOf(const CurrentDigits& digits);
 int WidthOf(const CurrentDigits& digits);
 int SumUnitsOf(const CurrentDigits& digits);

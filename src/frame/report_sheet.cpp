@@ -6,9 +6,6 @@
 #include <new>
 #include <utility>
 
-#ifdef __linux__
-#include <sys/mman.h>
-#endif
 #include <charconv>
 #include <climits>
 
@@ -39,115 +36,34 @@ bool ParsePlainNumber(std::string_view text, long& value) {
 
 }  // namespace
 
-#ifdef __linux__
-namespace {
-
-// Sheets of this size or more take their cells straight from the system.
-constexpr std::size_t kMapThreshold = std::size_t{1} << 20;
-// The most a thread keeps for its next sheet once a sheet lets its cells go.
-constexpr std::size_t kSpareLimit = std::size_t{64} << 20;
-
-// The cells of the last large sheet a thread let go, kept for the next one: a report window
-// opened after another, or the command line building report after report, then finds its memory
-// ready and only clears it, instead of having the system fault in and clear fresh pages.
-class SpareCells {
-public:
-    ~SpareCells() {
-        if (data_) munmap(data_, bytes_);
-        data_ = nullptr;
-        closed_ = true;  // a sheet that outlives its thread's spare lets its cells go itself
-    }
-    // The kept memory when it holds at least `bytes`, else nullptr; `mapped` gets its size.
-    void* Take(std::size_t bytes, std::size_t& mapped) {
-        if (!data_ || bytes_ < bytes) return nullptr;
-        void* out = std::exchange(data_, nullptr);
-        mapped = bytes_;
-        return out;
-    }
-    // Keeps the larger of what is kept and `data`, up to the limit; lets the other go.
-    void Give(void* data, std::size_t bytes) {
-        if (closed_ || bytes > kSpareLimit || (data_ && bytes_ >= bytes)) {
-            munmap(data, bytes);
-            return;
-        }
-        if (data_) munmap(data_, bytes_);
-        data_ = data;
-        bytes_ = bytes;
-    }
-
-private:
-    void* data_ = nullptr;
-    std::size_t bytes_ = 0;
-    bool closed_ = false;
-};
-
-thread_local SpareCells spareCells;
-
-}  // namespace
-#endif
-
-ReportSheet::CellBuffer::CellBuffer(std::size_t count) : capacity_(count) {
-    if (count == 0) return;
-    const std::size_t bytes = count * sizeof(Cell);
-#ifdef __linux__
-    if (bytes >= kMapThreshold) {
-        if (void* kept = spareCells.Take(bytes, mappedBytes_)) {
-            std::memset(kept, 0, bytes);
-            data_ = static_cast<Cell*>(kept);
-            return;
-        }
-        void* p = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-        if (p != MAP_FAILED) {
-            madvise(p, bytes, MADV_HUGEPAGE);
-            data_ = static_cast<Cell*>(p);
-            mappedBytes_ = bytes;
-            return;
-        }
-    }
-#endif
-    data_ = static_cast<Cell*>(std::calloc(count, sizeof(Cell)));
-    if (!data_) throw std::bad_alloc();
-}
-
-ReportSheet::CellBuffer::~CellBuffer() {
-    if (!data_) return;
-#ifdef __linux__
-    if (mappedBytes_ != 0) {
-        spareCells.Give(data_, mappedBytes_);
-        return;
-    }
-#endif
-    std::free(data_);
-}
-
 void ReportSheet::Resize(int rows, int cols) {
     rows = std::max(rows, 0);
     cols = std::max(cols, 0);
     const std::size_t used = static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols_);
     const std::size_t count = static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols);
-    if (cols == cols_ && count <= cells_.capacity()) {
+    if (cols == cols_ && count <= CellCapacity()) {
         // Same width: rows come and go at the end. Dropped cells are cleared, so that rows added
         // again later start empty.
-        if (count < used) std::fill(cells_.data() + count, cells_.data() + used, Cell{});
+        if (count < used) std::fill(CellData() + count, CellData() + used, Cell{});
     } else {
-        CellBuffer next(count);
+        CellMemory next(count * sizeof(Cell));
+        Cell* to = static_cast<Cell*>(next.data());
         const int keepRows = std::min(rows, rows_);
         const int keepCols = std::min(cols, cols_);
         // A sheet without cells has no buffer to copy from.
         if (keepRows > 0 && keepCols > 0) {
             if (cols == cols_) {
-                std::memcpy(next.data(), cells_.data(),
+                std::memcpy(to, CellData(),
                             static_cast<std::size_t>(keepRows) * static_cast<std::size_t>(cols) *
                                 sizeof(Cell));
             } else {
                 for (int r = 0; r < keepRows; ++r)
-                    std::memcpy(
-                        next.data() + static_cast<std::size_t>(r) * static_cast<std::size_t>(cols),
-                        cells_.data() + Index(r, 0),
-                        static_cast<std::size_t>(keepCols) * sizeof(Cell));
+                    std::memcpy(to + static_cast<std::size_t>(r) * static_cast<std::size_t>(cols),
+                                CellData() + Index(r, 0),
+                                static_cast<std::size_t>(keepCols) * sizeof(Cell));
             }
         }
-        cells_ = std::move(next);
+        memory_ = std::move(next);
     }
     rows_ = rows;
     cols_ = cols;
@@ -156,11 +72,19 @@ void ReportSheet::Resize(int rows, int cols) {
     if (!rowHeights_.empty()) rowHeights_.resize(static_cast<std::size_t>(rows), -1);
 }
 
-std::uint32_t ReportSheet::TextHandle(std::string_view text) {
+std::uint32_t ReportSheet::NewTextHandle(std::string_view text) {
     long value = 0;
     if (text.empty()) return 0;
-    if (ParsePlainNumber(text, value)) return NumberHandle(value);
-    return pool_.Intern(text);
+    const std::uint32_t handle =
+        ParsePlainNumber(text, value) ? NumberHandle(value) : pool_.Intern(text);
+    if (text.size() <= 8) {
+        const std::uint64_t chars = Packed(text);
+        shortTexts_[ShortTextSlot(chars, text.size())] = {
+            chars, static_cast<std::uint32_t>(text.size()), handle};
+    } else {
+        recentTexts_[RecentTextSlot(text)] = {text.data(), text.size(), handle};
+    }
+    return handle;
 }
 
 void ReportSheet::SetLabel(std::uint32_t& cell, std::string_view text) {
@@ -182,9 +106,9 @@ bool ReportSheet::SameLabelText(std::uint32_t a, std::uint32_t b) const {
     return (pool_.IsLoose(a) || pool_.IsLoose(b)) && pool_.View(a) == pool_.View(b);
 }
 
-void ReportSheet::SetText(int row, int col, std::string_view text) {
+void ReportSheet::SetTextSlowly(int row, int col, std::string_view text) {
     if (!Contains(row, col)) return;
-    std::uint32_t& cell = cells_[Index(row, col)].text;
+    std::uint32_t& cell = CellData()[Index(row, col)].text;
     if (col == 0 && row > 0) return SetLabel(cell, text);
     const std::uint32_t handle = TextHandle(text);
     // A text written over another may leave that one unused: counted for DropUnusedTexts.
@@ -197,16 +121,16 @@ void ReportSheet::SetText(int row, std::span<const int> cols, std::string_view t
     const std::uint32_t handle = TextHandle(text);
     for (int col : cols) {
         if (col == 0 && row > 0)
-            SetLabel(cells_[Index(row, col)].text, text);
+            SetLabel(CellData()[Index(row, col)].text, text);
         else if (col >= 0 && col < cols_)
-            cells_[Index(row, col)].text = handle;
+            CellData()[Index(row, col)].text = handle;
     }
 }
 
 void ReportSheet::SetBackColor(int row, std::span<const int> cols, Rgb colour) {
     if (row < 0 || row >= rows_ || cols.empty()) return;
     const std::uint16_t index = PaletteIndex(colour);
-    Cell* cells = cells_.data() + Index(row, 0);
+    Cell* cells = CellData() + Index(row, 0);
     for (int col : cols)
         if (col >= 0 && col < cols_) cells[col].back = index;
 }
@@ -249,72 +173,6 @@ ReportSheet::TextKey ReportSheet::KeyOf(std::string_view text) const {
     if (ParsePlainNumber(text, value)) return {NumberHandle(value), text};
     const std::uint32_t handle = pool_.Find(text);
     return {handle != 0 ? handle : kNoCell, text};
-}
-
-void ReportSheet::TallyColumns(int firstRow, int lastRow, int firstCol, const TextKey& key,
-                               std::span<short> matches, std::span<short> maxOthers) const {
-    firstRow = std::max(firstRow, 0);
-    lastRow = std::min(lastRow, rows_ - 1);
-    if (firstCol < 0) return;
-    const int count = std::min(
-        {cols_ - firstCol, static_cast<int>(matches.size()), static_cast<int>(maxOthers.size())});
-    if (count <= 0 || firstRow > lastRow) return;
-    // Inline numbers order as their handles do, so the largest is kept as a handle and turned
-    // into a counter once, at the end; only texts other than the key are read as numbers.
-    std::vector<std::uint32_t> largest(static_cast<std::size_t>(count), NumberHandle(0));
-    for (int r = firstRow; r <= lastRow; ++r) {
-        const Cell* row = cells_.data() + Index(r, firstCol);
-        for (int i = 0; i < count; ++i) {
-            const std::uint32_t h = row[i].text;
-            const auto k = static_cast<std::size_t>(i);
-            if (h == key.handle) {
-                ++matches[k];
-            } else if (h & kNumberTag) {
-                largest[k] = std::max(largest[k], h);
-            } else if (h != 0) {
-                if (firstCol + i == 0 && r > 0 && HandleIs(h, key.text))  // a label
-                    ++matches[k];
-                else
-                    maxOthers[k] = std::max(maxOthers[k], RoundedValue(h));
-            }
-        }
-    }
-    for (int i = 0; i < count; ++i) {
-        const auto k = static_cast<std::size_t>(i);
-        maxOthers[k] = std::max(maxOthers[k], HandleNumber(largest[k]));
-    }
-}
-
-void ReportSheet::CountMisses(int row, int firstCol, const TextKey& key, bool closedRuns,
-                              std::span<short> counters, std::span<short> matches,
-                              std::span<short> maxMisses) {
-    if (row < 0 || row >= rows_ || firstCol < 0) return;
-    const int count =
-        std::min({cols_ - firstCol, static_cast<int>(counters.size()),
-                  static_cast<int>(matches.size()), static_cast<int>(maxMisses.size())});
-    Cell* cells = cells_.data() + Index(row, firstCol);
-    for (int i = 0; i < count; ++i) {
-        const auto k = static_cast<std::size_t>(i);
-        const std::uint32_t h = cells[i].text;
-        // Whether a cell is a hit is as good as random: the common cells, empty ones and
-        // matches, are counted without a jump.
-        const bool empty = h == 0;
-        const bool match = !empty && h == key.handle;
-        if (!empty && !match) [[unlikely]] {  // another text, or a label that reads as the key
-            counters[k] = 1;
-            if (firstCol + i == 0 && row > 0 && HandleIs(h, key.text))
-                ++matches[k];
-            else if (closedRuns)
-                maxMisses[k] = std::max(maxMisses[k], RoundedValue(h));
-            continue;
-        }
-        cells[i].text = empty ? NumberHandle(counters[k]) : h;
-        // The Miss number is read back from the cell: a counter always fits its inline number.
-        const short miss = empty ? static_cast<short>(InlineValue(cells[i].text)) : 0;
-        counters[k] = empty ? static_cast<short>(counters[k] + 1) : 1;
-        matches[k] = static_cast<short>(matches[k] + (match ? 1 : 0));
-        maxMisses[k] = closedRuns ? std::max(maxMisses[k], miss) : maxMisses[k];
-    }
 }
 
 std::uint16_t ReportSheet::FindPaletteIndex(Rgb colour) {
@@ -371,7 +229,7 @@ void ReportSheet::DropUnusedTexts() {
     std::vector<std::uint32_t> remap(texts + 1, 0);
     std::size_t used = 0;
     for (std::size_t i = 0; i < count; ++i) {
-        const std::uint32_t h = cells_[i].text;
+        const std::uint32_t h = CellData()[i].text;
         if (h != 0 && !(h & kNumberTag) && remap[h] == 0) {
             remap[h] = 1;
             ++used;
@@ -379,14 +237,16 @@ void ReportSheet::DropUnusedTexts() {
     }
     if (used * 4 > texts * 3) return;  // less than a quarter unused: keep the pool as it is
     pool_.KeepOnly(remap);
+    recentTexts_ = {};  // the handles are new
+    std::fill(shortTexts_.begin(), shortTexts_.end(), ShortText{});
     for (std::size_t i = 0; i < count; ++i) {
-        std::uint32_t& h = cells_[i].text;
+        std::uint32_t& h = CellData()[i].text;
         if (h != 0 && !(h & kNumberTag)) h = remap[h];
     }
 }
 
 std::size_t ReportSheet::MemoryBytes() const {
-    std::size_t bytes = cells_.capacity() * sizeof(Cell);
+    std::size_t bytes = memory_.size();
     bytes += palette_.capacity() * sizeof(Rgb);
     bytes += (colWidths_.capacity() + rowHeights_.capacity()) * sizeof(int);
     return bytes + pool_.MemoryBytes();

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "frame/cell_memory.h"
 #include "frame/text_pool.h"
 
 namespace numarel {
@@ -28,6 +30,10 @@ struct SheetLabel {
     Rgb back = 0;
 };
 
+namespace frame_detail {
+class SheetCells;
+}
+
 // A report's table: text cells with back and fore colours, column widths and row heights in
 // twips, row 0 and column 0 fixed. It is both what a report shows and the report's working
 // memory: passes read back with CellNumber what earlier passes wrote.
@@ -44,6 +50,8 @@ class ReportSheet {
         std::uint16_t fore = 0;
     };
     static_assert(sizeof(Cell) == 8);
+    // The frame's passes walk rows of cells directly through it (frame/sheet_cells.h).
+    friend class frame_detail::SheetCells;
 
 public:
     ReportSheet() = default;
@@ -68,14 +76,25 @@ public:
     }
 
     // --- text ------------------------------------------------------------------------------
-    void SetText(int row, int col, std::string_view text);
+    void SetText(int row, int col, std::string_view text) {
+        // A text written before is a store (RecentHandle).
+        if (Contains(row, col) && col != 0) {
+            const std::uint32_t handle = RecentHandle(text);
+            std::uint32_t& cell = CellData()[Index(row, col)].text;
+            if (handle != 0 && (cell == 0 || cell == handle || (cell & kNumberTag))) {
+                cell = handle;
+                return;
+            }
+        }
+        SetTextSlowly(row, col, text);
+    }
     // Writes one text into several cells of a row; wide reports repeat a few markers per row.
     void SetText(int row, std::span<const int> cols, std::string_view text);
     // Writes a number as plain decimal text.
     void SetNumber(int row, int col, long value) {
         if (!Contains(row, col)) return;
         if (value >= -kNumberBias && value < kNumberBias)
-            cells_[Index(row, col)].text = NumberHandle(value);
+            CellData()[Index(row, col)].text = NumberHandle(value);
         else
             SetText(row, col, std::to_string(value));
     }
@@ -84,7 +103,7 @@ public:
     // own text, or for a number its digits written into `digits`. Valid while the sheet and
     // `digits` are unchanged.
     using NumberDigits = std::array<char, 24>;
-    std::string_view TextView(int row, int col, NumberDigits& digits) const {
+    [[gnu::always_inline]] std::string_view TextView(int row, int col, NumberDigits& digits) const {
         const std::uint32_t h = Handle(row, col);
         if (h == 0) return {};
         if (!(h & kNumberTag)) return pool_.View(h);
@@ -103,16 +122,6 @@ public:
     }
     // True when the cell holds a number as SetNumber writes it.
     bool HoldsNumber(int row, int col) const { return (Handle(row, col) & kNumberTag) != 0; }
-    // Room for a new label of `size` characters (1 to TextPool::kRoomMax) in column 0 of `row`,
-    // below the header, for the caller to fill in full with a text that is not a plain number;
-    // nullptr when the cell is outside the sheet or holds a text already.
-    char* NewLabelRoom(int row, std::size_t size) {
-        if (row <= 0 || row >= rows_ || cols_ == 0) return nullptr;
-        std::uint32_t& cell = cells_[Index(row, 0)].text;
-        return cell == 0 ? pool_.AddLooseRoom(size, cell) : nullptr;
-    }
-    // Makes room for `count` more labels (column 0 texts below the header).
-    void ReserveLabels(std::size_t count) { pool_.ReserveLoose(count); }
     // Lets go of the texts no cell holds any more, when they are many (a report that rewrites
     // its labels leaves the first ones behind).
     void DropUnusedTexts();
@@ -126,7 +135,10 @@ public:
     bool SameText(int row, int col, int otherRow, int otherCol) const {
         const std::uint32_t a = Handle(row, col);
         const std::uint32_t b = Handle(otherRow, otherCol);
-        return a == b || SameLabelText(a, b);
+        if (a == b) return true;
+        // Every text but a label is kept once: only a label's may stand under two handles.
+        const bool label = (col == 0 && row > 0) || (otherCol == 0 && otherRow > 0);
+        return label && SameLabelText(a, b);
     }
     // The number at the start of the cell's text, blanks ignored; 0 for an empty or non-numeric
     // text.
@@ -134,6 +146,33 @@ public:
     // CellValue as a 16-bit counter: rounded half to even, clamped.
     short CellNumber(int row, int col) const { return HandleNumber(Handle(row, col)); }
 
+    // --- colours ---------------------------------------------------------------------------
+    void SetBackColor(int row, int col, Rgb colour) {
+        if (Contains(row, col)) CellData()[Index(row, col)].back = PaletteIndex(colour);
+    }
+    // Colours several cells of a row; wide reports stripe many columns of every row.
+    void SetBackColor(int row, std::span<const int> cols, Rgb colour);
+    void SetForeColor(int row, int col, Rgb colour) {
+        if (Contains(row, col)) CellData()[Index(row, col)].fore = PaletteIndex(colour);
+    }
+    Rgb BackColor(int row, int col) const {
+        return Contains(row, col) ? palette_[CellData()[Index(row, col)].back] : kDefaultColour;
+    }
+    Rgb ForeColor(int row, int col) const {
+        return Contains(row, col) ? palette_[CellData()[Index(row, col)].fore] : kDefaultColour;
+    }
+
+    // --- TRANSITIONAL, goes once every report writes plain cells ---------------------------
+    // Room for a new label of `size` characters (1 to TextPool::kRoomMax) in column 0 of `row`,
+    // below the header, for the caller to fill in full with a text that is not a plain number;
+    // nullptr when the cell is outside the sheet or holds a text already.
+    char* NewLabelRoom(int row, std::size_t size) {
+        if (row <= 0 || row >= rows_ || cols_ == 0) return nullptr;
+        std::uint32_t& cell = CellData()[Index(row, 0)].text;
+        return cell == 0 ? pool_.AddLooseRoom(size, cell) : nullptr;
+    }
+    // Makes room for `count` more labels (column 0 texts below the header).
+    void ReserveLabels(std::size_t count) { pool_.ReserveLoose(count); }
     // A text looked up once, for passes that compare many cells with it (TallyColumns): the
     // handle that every cell holding exactly that text has, but a label.
     struct TextKey {
@@ -151,7 +190,7 @@ public:
     TextKey Prepare(std::string_view text) { return {TextHandle(text), text}; }
     void SetText(int row, int col, const TextKey& text) {
         if (!Contains(row, col)) return;
-        std::uint32_t& cell = cells_[Index(row, col)].text;
+        std::uint32_t& cell = CellData()[Index(row, col)].text;
         if (col == 0 && row > 0) return SetText(row, col, text.text);  // labels: the general way
         // A text written over another may leave that one unused: counted for DropUnusedTexts.
         if (cell != 0 && cell != text.handle && !(cell & kNumberTag)) ++replacedTexts_;
@@ -242,7 +281,7 @@ public:
         run.firstCol_ = firstCol;
         if (row < 0 || row >= rows_ || firstCol < 0) return run;
         run.count_ = std::max(0, std::min(lastCol, cols_ - 1) - firstCol + 1);
-        if (run.count_ > 0) run.cells_ = cells_.data() + Index(row, firstCol);
+        if (run.count_ > 0) run.cells_ = CellData() + Index(row, firstCol);
         return run;
     }
 
@@ -251,37 +290,13 @@ public:
     // other cells. Index 0 of both is column `firstCol`; columns past their size are left out.
     void TallyColumns(int firstRow, int lastRow, int firstCol, const TextKey& key,
                       std::span<short> matches, std::span<short> maxOthers) const;
-    // Row `row` of the Miss counters, one counter per column from `firstCol` on (columns past
-    // their size are left out): an empty cell gets its column's counter, which then counts on;
-    // any other cell starts it again at 1 and, holding `key`'s text, adds to `matches`. With
-    // `closedRuns`, `maxMisses` is raised to the CellNumber of each cell but the matches.
-    void CountMisses(int row, int firstCol, const TextKey& key, bool closedRuns,
-                     std::span<short> counters, std::span<short> matches,
-                     std::span<short> maxMisses);
-
-    // --- colours ---------------------------------------------------------------------------
     // A colour made ready once for a pass that paints many cells with it, or with one of a few
     // colours picked by a table: each SetBackColor with the key is then a store. Valid for the
     // life of the sheet.
     ColourKey PrepareColour(Rgb colour) { return {PaletteIndex(colour)}; }
     void SetBackColor(int row, int col, ColourKey colour) {
-        if (Contains(row, col)) cells_[Index(row, col)].back = colour.index;
+        if (Contains(row, col)) CellData()[Index(row, col)].back = colour.index;
     }
-    void SetBackColor(int row, int col, Rgb colour) {
-        if (Contains(row, col)) cells_[Index(row, col)].back = PaletteIndex(colour);
-    }
-    // Colours several cells of a row; wide reports stripe many columns of every row.
-    void SetBackColor(int row, std::span<const int> cols, Rgb colour);
-    void SetForeColor(int row, int col, Rgb colour) {
-        if (Contains(row, col)) cells_[Index(row, col)].fore = PaletteIndex(colour);
-    }
-    Rgb BackColor(int row, int col) const {
-        return Contains(row, col) ? palette_[cells_[Index(row, col)].back] : kDefaultColour;
-    }
-    Rgb ForeColor(int row, int col) const {
-        return Contains(row, col) ? palette_[cells_[Index(row, col)].fore] : kDefaultColour;
-    }
-
     // --- geometry, in twips ----------------------------------------------------------------
     // -1 means the report left the width or height at the default.
     void SetColWidth(int col, int twips);
@@ -356,8 +371,51 @@ private:
         return RoundedValue(h);
     }
     short RoundedValue(std::uint32_t h) const;
+    void SetTextSlowly(int row, int col, std::string_view text);
     // The handle a cell holding `text` gets: inline for a plain number, interned otherwise.
-    std::uint32_t TextHandle(std::string_view text);
+    std::uint32_t TextHandle(std::string_view text) {
+        const std::uint32_t handle = RecentHandle(text);
+        return handle != 0 ? handle : NewTextHandle(text);
+    }
+    std::uint32_t NewTextHandle(std::string_view text);
+    // The handle of `text` when it was written before; 0 when it is not at hand. A short text is
+    // found by its characters, a longer one by where they are, and checked.
+    std::uint32_t RecentHandle(std::string_view text) const {
+        if (text.size() <= 8) {
+            const std::uint64_t chars = Packed(text);
+            const ShortText& known = shortTexts_[ShortTextSlot(chars, text.size())];
+            return known.chars == chars && known.size == text.size() ? known.handle : 0;
+        }
+        const RecentText& recent = recentTexts_[RecentTextSlot(text)];
+        if (recent.data != text.data() || recent.size != text.size() || recent.handle == 0 ||
+            (recent.handle & kNumberTag))
+            return 0;
+        return pool_.View(recent.handle) == text ? recent.handle : 0;
+    }
+    // Reports write a few markers and table texts over and over: each is found again without
+    // parsing or interning it.
+    static std::size_t ShortTextSlot(std::uint64_t chars, std::size_t size) {
+        return static_cast<std::size_t>(((chars + size) * 0x9E3779B97F4A7C15ull) >> 54);
+    }
+    static std::size_t RecentTextSlot(std::string_view text) {
+        const auto at = reinterpret_cast<std::uintptr_t>(text.data());
+        return static_cast<std::uint32_t>((at ^ (at >> 7) ^ text.size()) * 0x9E3779B1u) >> 27;
+    }
+    // Up to eight characters as one number, the same for the same characters. Read in at most two
+    // loads that may overlap, never past the text.
+    static std::uint64_t Packed(std::string_view text) {
+        const auto* p = reinterpret_cast<const unsigned char*>(text.data());
+        const std::size_t n = text.size();
+        if (n >= 4) {
+            std::uint32_t first, last;
+            std::memcpy(&first, p, 4);
+            std::memcpy(&last, p + n - 4, 4);
+            return first | (static_cast<std::uint64_t>(last) << (8 * (n - 4)));
+        }
+        if (n == 0) return 0;
+        return p[0] | (static_cast<std::uint64_t>(p[n / 2]) << (8 * (n / 2))) |
+               (static_cast<std::uint64_t>(p[n - 1]) << (8 * (n - 1)));
+    }
     // Writes `text` into a label cell (column 0 below the header).
     void SetLabel(std::uint32_t& cell, std::string_view text);
     // True when two different handles, one of them a label's, name the same text.
@@ -365,38 +423,12 @@ private:
     // True when the inline number `h` is written as `text`.
     static bool NumberIs(std::uint32_t h, std::string_view text);
 
-    // Zeroed cell memory. Large sheets take their pages straight from the system, asking for huge
-    // pages, so that a 30 MB sheet is not faulted in 4 KB at a time; the thread keeps the last one
-    // let go for its next large sheet.
-    class CellBuffer {
-    public:
-        CellBuffer() = default;
-        explicit CellBuffer(std::size_t count);
-        ~CellBuffer();
-        CellBuffer(CellBuffer&& other) noexcept { Swap(other); }
-        CellBuffer& operator=(CellBuffer&& other) noexcept {
-            CellBuffer(std::move(other)).Swap(*this);
-            return *this;
-        }
-        Cell& operator[](std::size_t i) { return data_[i]; }
-        const Cell& operator[](std::size_t i) const { return data_[i]; }
-        Cell* data() { return data_; }
-        const Cell* data() const { return data_; }
-        std::size_t capacity() const { return capacity_; }
-        void Swap(CellBuffer& other) noexcept {
-            std::swap(data_, other.data_);
-            std::swap(capacity_, other.capacity_);
-            std::swap(mappedBytes_, other.mappedBytes_);
-        }
-
-    private:
-        Cell* data_ = nullptr;
-        std::size_t capacity_ = 0;
-        std::size_t mappedBytes_ = 0;  // the size of a mapping; 0 for memory from the heap
-    };
+    // The cells, rows_ * cols_ of them in use; cells beyond them are always empty.
+    Cell* CellData() const { return static_cast<Cell*>(memory_.data()); }
+    std::size_t CellCapacity() const { return memory_.size() / sizeof(Cell); }
 
     std::uint32_t Handle(int row, int col) const {
-        return Contains(row, col) ? cells_[Index(row, col)].text : 0;
+        return Contains(row, col) ? CellData()[Index(row, col)].text : 0;
     }
     std::size_t Index(int row, int col) const {
         return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
@@ -416,7 +448,7 @@ private:
 
     int rows_ = 0;
     int cols_ = 0;
-    CellBuffer cells_;  // rows_ * cols_ cells in use; cells beyond them are always empty
+    CellMemory memory_;
     TextPool pool_;
     std::size_t replacedTexts_ = 0;  // texts written over by other texts since the last drop
     std::vector<Rgb> palette_{kDefaultColour};
@@ -426,6 +458,20 @@ private:
         std::uint16_t index = 0;
     };
     std::array<RecentColour, 16> recentColours_{};
+    // Texts of up to eight characters written before, by ShortTextSlot (a handle of 0: none).
+    struct ShortText {
+        std::uint64_t chars = 0;
+        std::uint32_t size = 0;
+        std::uint32_t handle = 0;
+    };
+    std::vector<ShortText> shortTexts_ = std::vector<ShortText>(1024);
+    // Longer texts written before, by RecentTextSlot.
+    struct RecentText {
+        const char* data = nullptr;
+        std::size_t size = 0;
+        std::uint32_t handle = 0;
+    };
+    std::array<RecentText, 32> recentTexts_{};
     std::vector<int> colWidths_;
     std::vector<int> rowHeights_;
     int row_ = 0;

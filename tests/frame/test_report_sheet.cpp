@@ -14,6 +14,18 @@ namespace numarel {
 namespace {
 
 using testing::RowTexts;
+using Texts = std::vector<std::string>;
+
+// A sheet with a hit column 5 whose rows 1..n hold `cells` ("" or a marker).
+ReportSheet HitColumn(const std::vector<std::string>& cells) {
+    ReportSheet sheet;
+    int n = static_cast<int>(cells.size());
+    ResetSheet(sheet, n, n + 2);
+    sheet.SetCols(6);
+    for (int r = 1; r <= n; ++r)
+        sheet.SetText(r, 5, cells[static_cast<std::size_t>(r - 1)]);
+    return sheet;
+}
 
 TEST(ReportSheet, NumbersAreWrittenAsTextAndTextIsKeptAsTyped) {
     ReportSheet sheet(2, 3);
@@ -95,119 +107,88 @@ TEST(ReportSheet, WritesOutsideTheSheetAreIgnoredAndReadsAreEmpty) {
             EXPECT_TRUE(sheet.IsEmpty(r, c));
 }
 
-// A run of a row reads and writes as the cell calls do, and is cut to the sheet.
-TEST(ReportSheet, RowRunsAgreeWithCellCallsAndStayInTheSheet) {
-    ReportSheet sheet(3, 5);
-    sheet.SetText(1, 1, "***");
-    sheet.SetText(1, 2, " 12.5x");
-    sheet.SetNumber(1, 3, 7);
-    ReportSheet::RowRun run = sheet.Run(1, 1, 9);
-    ASSERT_EQ(run.Count(), 4);  // columns 1 to 4
-    for (int i = 0; i < run.Count(); ++i) {
-        EXPECT_EQ(run.IsEmpty(i), sheet.IsEmpty(1, 1 + i)) << i;
-        EXPECT_EQ(run.CellNumber(i), sheet.CellNumber(1, 1 + i)) << i;
-        EXPECT_EQ(run.TextIs(i, "***"), sheet.TextIs(1, 1 + i, "***")) << i;
-        EXPECT_EQ(run.HoldsNumber(i), i == 2) << i;
-    }
-    run.SetNumber(3, 2000000000);  // too large to keep as a number: kept as its text
-    EXPECT_EQ(sheet.Text(1, 4), "2000000000");
-    EXPECT_EQ(sheet.Run(3, 0, 4).Count(), 0);
-    EXPECT_EQ(sheet.Run(-1, 0, 4).Count(), 0);
-    EXPECT_EQ(sheet.Run(0, 5, 9).Count(), 0);
+// A text written again is found again without being read anew, but only while it is the same
+// text: a buffer reused with other characters, of any length, writes its new text; a text that
+// reads as a number is kept as one; a label keeps its own text.
+TEST(ReportSheet, TextsWrittenAgainReadAsWritten) {
+    ReportSheet sheet(4, 4);
+    std::string buffer = "***";
+    sheet.SetText(1, 1, buffer);
+    buffer[1] = '+';
+    sheet.SetText(1, 2, buffer);
+    buffer = "a text longer than eight";
+    sheet.SetText(1, 3, buffer);
+    buffer[0] = 'A';
+    sheet.SetText(2, 3, buffer);
+    buffer = "12";
+    sheet.SetText(2, 1, buffer);
+    buffer = "07";
+    sheet.SetText(2, 2, buffer);
+    sheet.SetText(3, 0, "***");  // a label
+    sheet.SetText(3, 1, "***");
+    EXPECT_EQ(RowTexts(sheet, 1, 1, 3), (Texts{"***", "*+*", "a text longer than eight"}));
+    EXPECT_EQ(RowTexts(sheet, 2, 1, 3), (Texts{"12", "07", "A text longer than eight"}));
+    EXPECT_TRUE(sheet.HoldsNumber(2, 1));
+    EXPECT_FALSE(sheet.HoldsNumber(2, 2));
+    EXPECT_TRUE(sheet.SameText(3, 0, 3, 1));
+    EXPECT_TRUE(sheet.SameText(1, 1, 3, 1));
+    EXPECT_FALSE(sheet.SameText(1, 1, 1, 2));
+    // Written over again and again, then the texts no cell holds let go: what is written after
+    // reads as written.
+    for (int i = 0; i < 6000; ++i)
+        sheet.SetText(1, 1, std::to_string(i) + "x");
+    sheet.DropUnusedTexts();
+    sheet.SetText(2, 2, "07");
+    sheet.SetText(1, 2, "*+*");
+    EXPECT_EQ(RowTexts(sheet, 1, 1, 3), (Texts{"5999x", "*+*", "a text longer than eight"}));
+    EXPECT_EQ(sheet.Text(2, 2), "07");
 }
 
-// A run compares, writes prepared texts and paints with colour keys as the cell calls do, a
-// label in column 0 included.
-TEST(ReportSheet, RowRunsCompareWriteAndPaintAsTheCellCallsDo) {
-    ReportSheet sheet(3, 5);
-    sheet.SetText(2, 0, "***");  // a label
-    ReportSheet::RowRun run = sheet.Run(2, 0, 4);
-    const ReportSheet::TextKey marker = sheet.Prepare("***");
-    run.SetText(1, marker);
-    run.SetText(2, sheet.Prepare("07"));
-    run.SetNumber(3, 7);
-    for (int i = 0; i < 5; ++i)
-        for (int j = 0; j < 5; ++j)
-            EXPECT_EQ(run.SameText(i, j), sheet.SameText(2, i, 2, j)) << i << j;
-    EXPECT_TRUE(run.SameText(0, 1));
-    EXPECT_FALSE(run.SameText(2, 3));  // "07" is a text, 7 a number
-    for (int i = 0; i < 5; ++i)
-        EXPECT_EQ(run.TextIs(i, marker), sheet.TextIs(2, i, "***")) << i;  // the label too
-    EXPECT_TRUE(run.Holds(1, marker));
-    EXPECT_FALSE(run.Holds(0, marker));  // the label has the text, not the key
-    // Numbers without a branch: a number, clamped to a counter; any other cell is 0.
-    run.SetNumber(4, 40000);
-    EXPECT_EQ((std::array{run.NumberOrZero(1), run.NumberOrZero(2), run.NumberOrZero(3),
-                          run.NumberOrZero(4)}),
-              (std::array<short, 4>{0, 0, 7, 32767}));
-    EXPECT_EQ(sheet.Run(1, 1, 1).NumberOrZero(0), 0);  // empty
-    run.SetText(0, sheet.Prepare("x"));
-    EXPECT_EQ(sheet.Text(2, 0), "x");
-
-    const ReportSheet::ColourKey red = sheet.PrepareColour(0xFF0000);
-    run.SetBackColor(4, red);
-    sheet.SetBackColor(1, 1, red);
-    EXPECT_EQ(sheet.BackColor(2, 4), 0xFF0000u);
-    EXPECT_EQ(sheet.BackColor(1, 1), 0xFF0000u);
-    EXPECT_EQ(run.BackColour(3).index, sheet.PrepareColour(kDefaultColour).index);
-    sheet.SetBackColor(9, 9, red);  // outside: nothing
-}
-
-// Tallies agree with the cell calls: a marker, a number written as text, a text read as its
-// leading number, a number past a counter's range, empty cells, and a label that reads as the key.
-TEST(ReportSheet, ColumnTalliesReadCellsAsTheCellCallsDo) {
-    ReportSheet sheet(6, 4);
+// Amount and Max Miss agree with the cell calls on any cell: a marker, a number written as text,
+// a text read as its leading number, a number past a counter's range, empty cells, and a label
+// that reads as the marker.
+TEST(FrameStatistics, TalliesReadCellsAsTheCellCallsDo) {
     const char* cells[6][4] = {
         {"***", "7", "", "x"},    {" 1000001:123", "***", " 12", "7"}, {"***", "40000", "***", ""},
         {"", "-3", "2.5", "***"}, {"***", "***", "7", " 7"},           {"9", "", "***", "-40000"},
     };
-    for (int r = 0; r < 6; ++r)
-        for (int c = 0; c < 4; ++c)
-            sheet.SetText(r, c, cells[r][c]);
-    for (std::string_view text : {"***", "7", "", " 1000001:123", "absent"}) {
-        std::vector<short> matches(4, 0), maxOthers(4, 0);
-        sheet.TallyColumns(1, 5, 0, sheet.KeyOf(text), matches, maxOthers);
-        for (int c = 0; c < 4; ++c) {
-            short expectedMatches = 0, expectedMax = 0;
+    for (std::string_view marker : {"***", "7", " 1000001:123", "absent"}) {
+        ReportSheet sheet(12, 4);
+        for (int r = 0; r < 6; ++r)
+            for (int c = 0; c < 4; ++c)
+                sheet.SetText(r, c, cells[r][c]);
+        sheet.SetDrawCount(5);
+        AddMissStatistics(sheet, 0, 3, marker);
+        for (int c = 1; c < 4; ++c) {  // column 0 below the drawings holds the rows' names
+            short amount = 0, maxMiss = 0;
             for (int r = 1; r <= 5; ++r) {
-                if (sheet.TextIs(r, c, text))
-                    ++expectedMatches;
-                else
-                    expectedMax = std::max(expectedMax, sheet.CellNumber(r, c));
+                if (sheet.TextIs(r, c, marker))
+                    ++amount;
+                else if (r < 5)  // a run still open in the last row is not counted
+                    maxMiss = std::max(maxMiss, sheet.CellNumber(r, c));
             }
-            EXPECT_EQ(matches[c], expectedMatches) << text << " column " << c;
-            EXPECT_EQ(maxOthers[c], expectedMax) << text << " column " << c;
+            EXPECT_EQ(sheet.CellNumber(7, c), amount) << marker << " column " << c;
+            EXPECT_EQ(sheet.CellNumber(8, c), maxMiss) << marker << " column " << c;
         }
     }
-    std::vector<short> matches(2, 0), maxOthers(2, 0);  // narrower than the sheet: cut to it
-    sheet.TallyColumns(0, 99, 3, sheet.KeyOf("***"), matches, maxOthers);
-    EXPECT_EQ(matches[0], 1);
-    EXPECT_EQ(maxOthers[0], 7);
-    EXPECT_EQ(maxOthers[1], 0);
 }
 
-// A prepared text writes as the text itself would: over an empty cell, a number, another text
-// and a label, and as a plain number when it reads as one.
-TEST(ReportSheet, PreparedTextsWriteAsTheirText) {
-    ReportSheet sheet(3, 3);
-    sheet.SetNumber(1, 1, 4);
-    sheet.SetText(1, 2, "x");
-    sheet.SetText(2, 0, " 1000001:123");
-    const ReportSheet::TextKey marker = sheet.Prepare("***");
-    for (int c = 0; c < 3; ++c)
-        sheet.SetText(1, c, marker);
-    sheet.SetText(2, 0, marker);
-    sheet.SetText(2, 1, sheet.Prepare("12"));
-    for (int c = 0; c < 3; ++c)
-        EXPECT_TRUE(sheet.SameText(1, c, 2, 0)) << c;
-    EXPECT_TRUE(sheet.HoldsNumber(2, 1));
-    EXPECT_EQ(sheet.CellNumber(2, 1), 12);
-    EXPECT_TRUE(sheet.Holds(1, 1, marker));
-    EXPECT_TRUE(sheet.Holds(2, 1, sheet.Prepare("12")));
-    EXPECT_FALSE(sheet.Holds(2, 0, marker));  // the label has the text, not the key
-    EXPECT_FALSE(sheet.Holds(0, 0, sheet.Prepare("")));
-    sheet.SetText(5, 5, marker);  // outside: nothing
-    EXPECT_FALSE(sheet.Holds(5, 5, marker));
+// Miss counters filled a row at a time give what FillMissCounters gives, the Miss numbers in
+// their fore colour and the hits as they were.
+TEST(FrameMissCounters, RowByRowAsTheWholePassWithTheirColour) {
+    const std::vector<std::string> hits = {"", "*", "", "", "*", "x", ""};
+    ReportSheet whole = HitColumn(hits);
+    FillMissCounters(whole, 5, 5);
+    ReportSheet byRow = HitColumn(hits);
+    MissCounters counters(5, 5, 0x123456);
+    for (int r = 1; r <= static_cast<int>(hits.size()); ++r)
+        counters.FillRow(byRow, r);
+    for (int r = 1; r <= static_cast<int>(hits.size()); ++r) {
+        EXPECT_EQ(byRow.Text(r, 5), whole.Text(r, 5)) << r;
+        EXPECT_EQ(byRow.ForeColor(r, 5),
+                  hits[static_cast<std::size_t>(r - 1)].empty() ? 0x123456u : kDefaultColour)
+            << r;
+    }
 }
 
 TEST(ReportSheet, ResizingKeepsWhatFits) {
@@ -330,19 +311,6 @@ TEST(TextPool, EachTextOnceAndViewsSurviveGrowth) {
 }
 
 using testing::Drawings;
-
-using Texts = std::vector<std::string>;
-
-// A sheet with a hit column 5 whose rows 1..n hold `cells` ("" or a marker).
-ReportSheet HitColumn(const std::vector<std::string>& cells) {
-    ReportSheet sheet;
-    int n = static_cast<int>(cells.size());
-    ResetSheet(sheet, n, n + 2);
-    sheet.SetCols(6);
-    for (int r = 1; r <= n; ++r)
-        sheet.SetText(r, 5, cells[static_cast<std::size_t>(r - 1)]);
-    return sheet;
-}
 
 TEST(FrameLabel, DateByTheNumberRuleThenTheTrimmedDigits) {
     EXPECT_EQ(DrawingLabel({"2020001", "1", "2", "3"}), " 2020001:123");

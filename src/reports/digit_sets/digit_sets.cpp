@@ -17,18 +17,16 @@ namespace {
 constexpr int kDistinctCol = 4;  // store of the drawing's distinct digits for the scoring pass
 constexpr int kFirstSetCol = 5;
 
-// What sets the reports of the family apart.
+// What sets one report of the family apart; the defaults are what most of them share. The scan
+// of a set runs over the digits its header holds.
 struct DigitSetReport {
     std::span<const std::string_view> sets;
-    // How many digits of each set the scan looks at; 0: each set's own length, taken from its
-    // header, where the sets of one report differ in length.
-    int scanLength;
-    int setWidth;
-    std::string_view hitMarker;
+    int setWidth = 620;
+    std::string_view hitMarker = "*****";
     // A 3 Way Box whose two digits lie in the set is a hit too, shown in red.
-    bool threeWayBoxHits;
-    int fontDecipoints;  // 68: the 6.75 pt grid font, to the nearest tenth
-    int lastBlankCol;    // of the next drawing's row
+    bool threeWayBoxHits = false;
+    int fontDecipoints = 68;  // the 6.75 pt grid font, to the nearest tenth
+    int lastBlankCol = 6;     // of the next drawing's row
 };
 
 constexpr std::string_view kSixDigits[] = {"145789"};
@@ -67,114 +65,38 @@ static_assert(std::max({std::size(kSixDigits), std::size(kSevenDigits), std::siz
                         std::size(k012TypeSets), std::size(kMixedSets)}) <= 32);
 
 constexpr DigitSetReport kSixWayThisSix = {
-    .sets = kSixDigits,
-    .scanLength = 6,
-    .setWidth = 806,
-    .hitMarker = "*****",
-    .threeWayBoxHits = false,
-    .fontDecipoints = 75,
-    .lastBlankCol = 5,
-};
-constexpr DigitSetReport kBoxThisSix = {
-    .sets = kSixDigits,
-    .scanLength = 6,
-    .setWidth = 806,
-    .hitMarker = "*****",
-    .threeWayBoxHits = true,
-    .fontDecipoints = 75,
-    .lastBlankCol = 5,
-};
+    .sets = kSixDigits, .setWidth = 806, .fontDecipoints = 75, .lastBlankCol = 5};
+constexpr DigitSetReport kBoxThisSix = {.sets = kSixDigits,
+                                        .setWidth = 806,
+                                        .threeWayBoxHits = true,
+                                        .fontDecipoints = 75,
+                                        .lastBlankCol = 5};
 constexpr DigitSetReport kSixWayThisSeven = {
-    .sets = kSevenDigits,
-    .scanLength = 7,
-    .setWidth = 806,
-    .hitMarker = "*****",
-    .threeWayBoxHits = false,
-    .fontDecipoints = 75,
-    .lastBlankCol = 5,
-};
-constexpr DigitSetReport kBoxThisSeven = {
-    .sets = kSevenDigits,
-    .scanLength = 7,
-    .setWidth = 806,
-    .hitMarker = "*****",
-    .threeWayBoxHits = true,
-    .fontDecipoints = 75,
-    .lastBlankCol = 5,
-};
+    .sets = kSevenDigits, .setWidth = 806, .fontDecipoints = 75, .lastBlankCol = 5};
+constexpr DigitSetReport kBoxThisSeven = {.sets = kSevenDigits,
+                                          .setWidth = 806,
+                                          .threeWayBoxHits = true,
+                                          .fontDecipoints = 75,
+                                          .lastBlankCol = 5};
 constexpr DigitSetReport kSixWayTheseFour = {
-    .sets = kFourDigitSets,
-    .scanLength = 4,
-    .setWidth = 434,
-    .hitMarker = "****",
-    .threeWayBoxHits = false,
-    .fontDecipoints = 68,
-    .lastBlankCol = 6,
-};
-constexpr DigitSetReport kSixWayTheseFive = {
-    .sets = kFiveDigitSets,
-    .scanLength = 5,
-    .setWidth = 496,
-    .hitMarker = "*****",
-    .threeWayBoxHits = false,
-    .fontDecipoints = 68,
-    .lastBlankCol = 6,
-};
-constexpr DigitSetReport kSixWayTheseSix = {
-    .sets = kSixDigitSets,
-    .scanLength = 6,
-    .setWidth = 620,
-    .hitMarker = "*****",
-    .threeWayBoxHits = false,
-    .fontDecipoints = 68,
-    .lastBlankCol = 6,
-};
-constexpr DigitSetReport kSixWayTheseSeven = {
-    .sets = kSevenDigitSets,
-    .scanLength = 7,
-    .setWidth = 682,
-    .hitMarker = "*****",
-    .threeWayBoxHits = false,
-    .fontDecipoints = 68,
-    .lastBlankCol = 6,
-};
-constexpr DigitSetReport kSixWayRuns = {
-    .sets = kSixDigitRuns,
-    .scanLength = 6,
-    .setWidth = 620,
-    .hitMarker = "*****",
-    .threeWayBoxHits = false,
-    .fontDecipoints = 68,
-    .lastBlankCol = 6,
-};
+    .sets = kFourDigitSets, .setWidth = 434, .hitMarker = "****"};
+constexpr DigitSetReport kSixWayTheseFive = {.sets = kFiveDigitSets, .setWidth = 496};
+constexpr DigitSetReport kSixWayTheseSix = {.sets = kSixDigitSets};
+constexpr DigitSetReport kSixWayTheseSeven = {.sets = kSevenDigitSets, .setWidth = 682};
+constexpr DigitSetReport kSixWayRuns = {.sets = kSixDigitRuns};
 constexpr DigitSetReport kSixWay012Types = {
-    .sets = k012TypeSets,
-    .scanLength = 0,
-    .setWidth = 496,
-    .hitMarker = "****",
-    .threeWayBoxHits = false,
-    .fontDecipoints = 68,
-    .lastBlankCol = 6,
-};
+    .sets = k012TypeSets, .setWidth = 496, .hitMarker = "****"};
 constexpr DigitSetReport kBoxTheseN = {
-    .sets = kMixedSets,
-    .scanLength = 0,
-    .setWidth = 620,
-    .hitMarker = "******",
-    .threeWayBoxHits = true,
-    .fontDecipoints = 68,
-    .lastBlankCol = 6,
-};
+    .sets = kMixedSets, .hitMarker = "******", .threeWayBoxHits = true};
 
-// How often each character stands among the first `length` characters of a set: a drawing's
-// score is then the sum of these counts over its distinct digits, each matching place counted,
-// a look-up per digit instead of a walk along the set.
+// How often each character stands in a set: a drawing's score is then the sum of these counts
+// over its distinct digits, each matching place counted.
 using SetCounts = std::array<std::uint8_t, 256>;
 
-SetCounts CountsOf(std::string_view set, std::size_t length) {
+SetCounts CountsOf(std::string_view set) {
     SetCounts counts{};
-    for (std::size_t i = 0; i < length; ++i)
-        ++counts[static_cast<unsigned char>(set[i])];
+    for (char c : set)
+        ++counts[static_cast<unsigned char>(c)];
     return counts;
 }
 
@@ -185,42 +107,34 @@ struct SetHits {
     std::uint32_t red = 0;
 };
 
-// Scores the distinct-digit texts read back from the sheet against the sets. A text of up to three
-// digits is scored once, when it first comes, and remembered: such texts are few, and every
-// drawing has one.
+// The sets each distinct-digit text hits, worked out when the text first comes: such texts are
+// few, and every drawing has one.
 class SetScorer {
 public:
     SetScorer(std::vector<SetCounts> sets, bool threeWayBoxHits)
         : sets_(std::move(sets)), threeWayBoxHits_(threeWayBoxHits) {}
 
-    // HitsOf for the text of the digits of `digitSet` (a bit per digit), remembered by the set.
-    SetHits HitsOfDigits(unsigned digitSet, std::string_view distinct) {
-        Remembered& remembered = byDigits_[digitSet];
-        if (!remembered.known) remembered = {Score(distinct), true};
-        return remembered.hits;
-    }
-
     SetHits HitsOf(std::string_view distinct) {
-        const int slot = SlotOf(distinct);
-        if (slot < 0) [[unlikely]]
-            return Score(distinct);
-        Remembered& remembered = remembered_[static_cast<std::size_t>(slot)];
-        if (!remembered.known) remembered = {Score(distinct), true};
-        return remembered.hits;
+        const int place = PlaceOf(distinct);
+        if (place < 0) return Score(distinct);
+        Scored& scored = byPlace_[static_cast<std::size_t>(place)];
+        if (!scored.known) scored = {Score(distinct), true};
+        return scored.hits;
     }
 
 private:
     // A place for each text of up to three digits: each character counts as 1 to 10 in base 11,
-    // so that no two such texts share a place. -1 for any other text.
-    static int SlotOf(std::string_view text) {
+    // so that no two such texts share a place; -1 for any other text.
+    static int PlaceOf(std::string_view text) {
         if (text.size() > 3) return -1;
-        int slot = 0;
-        for (char ch : text) {
-            if (ch < '0' || ch > '9') return -1;
-            slot = slot * 11 + (ch - '0' + 1);
+        int place = 0;
+        for (char c : text) {
+            if (c < '0' || c > '9') return -1;
+            place = place * 11 + (c - '0' + 1);
         }
-        return slot;
+        return place;
     }
+
     // The score of a set is the number of the text's characters that the set holds, each
     // matching place counted.
     SetHits Score(std::string_view distinct) const {
@@ -236,51 +150,13 @@ private:
         return hits;
     }
 
-    struct Remembered {
+    struct Scored {
         SetHits hits;
         bool known = false;
     };
     std::vector<SetCounts> sets_;
     bool threeWayBoxHits_;
-    std::array<Remembered, 11 * 11 * 11> remembered_{};
-    std::array<Remembered, 1024> byDigits_{};
-};
-
-// The DistinctDigits texts of a report, each made ready once, when it first comes, and then
-// stored. The distinct digits depend only on which digits a drawing holds, so a bit per digit
-// finds the text.
-class DistinctDigitTexts {
-public:
-    // Sorts the digits in hand and writes their DistinctDigits into (row, col). The digits stay
-    // sorted: a field of the next drawing that cannot be read keeps its sorted digit. Gives the
-    // digits written as a bit per digit, or 0 for a field that is no digit.
-    unsigned Write(ReportSheet& sheet, int row, int col, CurrentDigits& digits) {
-        SortDigits(digits);
-        const bool allDigits = IsDigit(digits[0]) & IsDigit(digits[1]) & IsDigit(digits[2]);
-        if (!allDigits) [[unlikely]] {  // a field such as 12 is written as it stands
-            sheet.SetText(row, col, DistinctDigits(digits));
-            return 0;
-        }
-        const unsigned digitSet = (1u << digits[0]) | (1u << digits[1]) | (1u << digits[2]);
-        ReportSheet::TextKey& key = keys_[digitSet];
-        if (key.handle == 0) {
-            std::array<char, 3>& text = texts_[digitSet];
-            std::size_t size = 0;
-            for (int d = 0; d <= 9; ++d)
-                if (digitSet & (1u << d)) text[size++] = static_cast<char>('0' + d);
-            key = sheet.Prepare(std::string_view(text.data(), size));
-        }
-        sheet.SetText(row, col, key);
-        return digitSet;
-    }
-    // The text Write gave the digits of `digitSet`.
-    const ReportSheet::TextKey& KeyOf(unsigned digitSet) const { return keys_[digitSet]; }
-
-private:
-    static bool IsDigit(short value) { return value >= 0 && value <= 9; }
-
-    std::array<std::array<char, 3>, 1024> texts_{};
-    std::array<ReportSheet::TextKey, 1024> keys_{};
+    std::array<Scored, 11 * 11 * 11> byPlace_{};
 };
 
 void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, ReportSheet& sheet) {
@@ -309,30 +185,19 @@ void Build(const DigitSetReport& report, std::span<const DrawRecord> drawings, R
     // The sets are whatever the header row says.
     std::vector<SetCounts> sets;
     for (int c = kFirstSetCol; c <= lastSetCol; ++c) {
-        const std::string set = sheet.Text(0, c);
-        const std::size_t length =
-            report.scanLength > 0
-                ? std::min(set.size(), static_cast<std::size_t>(report.scanLength))
-                : set.size();
-        sets.push_back(CountsOf(set, length));
+        sets.push_back(CountsOf(sheet.Text(0, c)));
     }
     SetScorer scorer(std::move(sets), report.threeWayBoxHits);
-    const ReportSheet::TextKey hitMarker = sheet.Prepare(report.hitMarker);
-    DistinctDigitTexts distinctTexts;
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        // The distinct digits are scored as the cell holds them: where it holds the text just
-        // written, that text's digits find the score without reading it again.
-        const unsigned digitSet = distinctTexts.Write(sheet, row, kDistinctCol, digits);
-        SetHits hits;
-        if (const auto& key = distinctTexts.KeyOf(digitSet); sheet.Holds(row, kDistinctCol, key)) {
-            hits = scorer.HitsOfDigits(digitSet, key.text);
-        } else {
-            ReportSheet::NumberDigits buffer;
-            hits = scorer.HitsOf(sheet.TextView(row, kDistinctCol, buffer));
-        }
+        // The digits stay sorted: a field of the next drawing that cannot be read keeps its
+        // sorted digit.
+        SortDigits(digits);
+        sheet.SetText(row, kDistinctCol, DistinctDigits(digits));
+        ReportSheet::NumberDigits buffer;
+        const SetHits hits = scorer.HitsOf(sheet.TextView(row, kDistinctCol, buffer));
         for (std::uint32_t rest = hits.all; rest != 0; rest &= rest - 1) {
             const int i = std::countr_zero(rest);
-            sheet.SetText(row, kFirstSetCol + i, hitMarker);
+            sheet.SetText(row, kFirstSetCol + i, report.hitMarker);
             if (hits.red & (1u << i)) sheet.SetBackColor(row, kFirstSetCol + i, colours::kHit);
         }
     });

@@ -47,16 +47,9 @@ public:
     void JudgeRow(int row);
 
 private:
-    // The most blocks, and forecast cells in all, that a judge takes.
-    static constexpr std::size_t kMaxBlocks = 8;
-    static constexpr std::size_t kMaxCells = 24;
+    static constexpr std::size_t kMaxBlocks = 8;  // the most blocks a judge takes
     ReportSheet& sheet_;
     std::span<const ForecastBlock> blocks_;
-    ReportSheet::TextKey marker_;
-    // Each block's hit and pair colours, made ready for the sheet.
-    std::array<ReportSheet::ColourKey, kMaxBlocks> hitColours_{};
-    std::array<ReportSheet::ColourKey, kMaxBlocks> pairColours_{};
-    int lastCol_ = 0;  // the last column a block reads or marks
 };
 
 }  // namespace numarel

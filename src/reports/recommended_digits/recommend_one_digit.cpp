@@ -63,13 +63,7 @@ bool IsEndOfDrawings(const DrawRecord& record) {
 class WeightedSumForecast {
 public:
     WeightedSumForecast(ReportSheet& sheet, std::span<const DrawRecord> drawings)
-        : sheet_(sheet),
-          drawings_(drawings),
-          yes_(sheet.Prepare("-Y-")),
-          no_(sheet.Prepare("-N-")) {
-        for (std::size_t i = 0; i < counts_.size(); ++i)
-            counts_[i] = sheet.Prepare(kDrawnCounts[i]);
-    }
+        : sheet_(sheet), drawings_(drawings) {}
 
     void WorkRow(int r) {
         const bool forecastBefore = r >= 2 && !ended_;
@@ -79,7 +73,7 @@ public:
             int drawn = 0;
             for (int p = 1; p <= 3; ++p)
                 if (sheet_.CellNumber(r, p) == x_) ++drawn;
-            sheet_.SetText(r, kJudgementCol, counts_[static_cast<std::size_t>(drawn)]);
+            sheet_.SetText(r, kJudgementCol, kDrawnCounts[static_cast<std::size_t>(drawn)]);
         }
         if (!ended_) {
             if (auto sum = WeightedSum(sheet_.CellNumber(r, 1), sheet_.CellNumber(r, 2),
@@ -89,10 +83,10 @@ public:
         }
         // The judgement reads the count back and writes over it.
         if (sheet_.CellNumber(r, kJudgementCol) > 0) {
-            sheet_.SetText(r, kJudgementCol, yes_);
+            sheet_.SetText(r, kJudgementCol, "-Y-");
             sheet_.SetBackColor(r, kJudgementCol, colours::kHit);
         } else {
-            sheet_.SetText(r, kJudgementCol, no_);
+            sheet_.SetText(r, kJudgementCol, "-N-");
         }
     }
 
@@ -101,19 +95,16 @@ private:
     std::span<const DrawRecord> drawings_;
     bool ended_ = false;  // an end marker was read
     short x_ = 0;
-    ReportSheet::TextKey yes_;
-    ReportSheet::TextKey no_;
-    std::array<ReportSheet::TextKey, std::size(kDrawnCounts)> counts_;
 };
 
 // The forecast by the table, worked on each drawing's row: the judgement of the forecast the row
 // before gave, then the forecast for the next row. An H outside 0 to 9 has no line in the table
 // and leaves the next row without a forecast.
-void WorkRowByHundredsTable(ReportSheet& sheet, int r, const ReportSheet::TextKey& yes) {
+void WorkRowByHundredsTable(ReportSheet& sheet, int r) {
     if (r >= 2) {
         for (int p = 1; p <= 3; ++p) {
             if (sheet.SameText(r, p, r, kForecastCol)) {
-                sheet.SetText(r, kJudgementCol, yes);
+                sheet.SetText(r, kJudgementCol, "-Y-");
                 sheet.SetBackColor(r, kJudgementCol, colours::kHit);
             }
         }
@@ -138,9 +129,8 @@ void Build(Method method, std::span<const DrawRecord> drawings, ReportSheet& she
         WeightedSumForecast forecast(sheet, drawings);
         FillSheet(sheet, drawings, [&](int row, CurrentDigits&) { forecast.WorkRow(row); });
     } else {
-        const ReportSheet::TextKey yes = sheet.Prepare("-Y-");
         FillSheet(sheet, drawings,
-                  [&](int row, CurrentDigits&) { WorkRowByHundredsTable(sheet, row, yes); });
+                  [&](int row, CurrentDigits&) { WorkRowByHundredsTable(sheet, row); });
     }
 
     HeadDigitColumns(sheet);

@@ -2,7 +2,6 @@
 // the drawing they forecast and judged there; the last drawing's forecast is the recommendation.
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <climits>
 #include <span>
 #include <string>
@@ -125,29 +124,13 @@ void WriteTriple(ReportSheet& sheet, int row, int firstCol, const DigitTriple& d
 }
 
 // The three digits missing longest on row `row`, the longest last; of equal Misses the larger
-// digit ranks as the longer, as a stable sort of all ten leaves them.
-DigitTriple LongestMissing(ReportSheet& sheet, int row, int chartCol,
-                           const ReportSheet::TextKey& star) {
-    // A chart cell holds a Miss number or a star, in places that are random: both are read
-    // without a branch, and any other text, which is rare, by its number afterwards (a star
-    // written any other way reads as 0 too). A cell outside the sheet reads as empty, a Miss of 0.
-    const ReportSheet::RowRun chart = sheet.Run(row, chartCol, chartCol + 9);
-    std::array<short, 10> misses{};
-    unsigned others = 0;
-    for (int d = 0; d < chart.Count(); ++d) {
-        misses[static_cast<std::size_t>(d)] = chart.NumberOrZero(d);
-        others |= static_cast<unsigned>(!chart.HoldsNumber(d) & !chart.Holds(d, star)) << d;
-    }
-    for (unsigned rest = others; rest != 0; rest &= rest - 1) {
-        const int d = std::countr_zero(rest);
-        misses[static_cast<std::size_t>(d)] = chart.CellNumber(d);
-    }
-    // A digit's rank as one number, its Miss before it and the digit after it; the three largest
-    // are kept in ascending order. Each rank goes in at its place and the smallest drops out,
-    // without a branch. No two ranks are equal, as their digits differ.
+// digit ranks as the longer, as a stable sort of all ten leaves them. A star reads as a Miss of 0.
+DigitTriple LongestMissing(const ReportSheet& sheet, int row, int chartCol) {
+    // A digit's rank is its Miss and then the digit, as one number. The three largest ranks are
+    // kept in ascending order: each rank goes in at its place and the smallest drops out.
     std::array<int, 3> top = {INT_MIN, INT_MIN, INT_MIN};
     for (int d = 0; d < 10; ++d) {
-        const int rank = misses[static_cast<std::size_t>(d)] * 16 + d;
+        const int rank = sheet.CellNumber(row, chartCol + d) * 16 + d;
         const int below2 = std::min(top[2], rank);
         const int below1 = std::min(top[1], below2);
         top = {std::max(top[0], below1), std::max(top[1], below2), std::max(top[2], rank)};
@@ -160,7 +143,7 @@ DigitTriple LongestMissing(ReportSheet& sheet, int row, int chartCol,
 
 // Writes the forecast derived from the drawing of row `row` into row `row` + 1.
 void Derive(ReportSheet& sheet, const ThreeDigitReport& report, const ThreeDigitForecast& f,
-            int row, const ReportSheet::TextKey& star) {
+            int row) {
     const int col = f.block.firstCol;
     switch (f.derivation) {
         case Derivation::ByUnits:
@@ -175,102 +158,49 @@ void Derive(ReportSheet& sheet, const ThreeDigitReport& report, const ThreeDigit
             break;
         }
         case Derivation::LongestMisses: {
-            WriteTriple(sheet, row + 1, col, LongestMissing(sheet, row, report.missChartCol, star));
+            WriteTriple(sheet, row + 1, col, LongestMissing(sheet, row, report.missChartCol));
             break;
         }
     }
 }
 
+// True when (row, col) lies in a forecast block and holds a forecast already.
+bool HoldsForecast(const ReportSheet& sheet, int row, int col,
+                   std::span<const ForecastBlock> blocks) {
+    for (const ForecastBlock& block : blocks)
+        if (col >= block.firstCol && col <= block.lastCol && !sheet.IsEmpty(row, col)) return true;
+    return false;
+}
+
 // The miss chart of a drawing's row: "*" where a digit was drawn, and in each cell still empty
 // the number of drawings since the digit's last hit, counting this one, in its own fore colour.
-class MissChart {
-public:
-    MissChart(ReportSheet& sheet, int firstCol)
-        : sheet_(sheet),
-          firstCol_(firstCol),
-          star_(sheet.Prepare("*")),
-          missFore_(sheet.PrepareColour(kMissChartFore)) {}
-    // The star of a drawn digit, made ready for the sheet.
-    const ReportSheet::TextKey& Star() const { return star_; }
-
-    // A digit outside 0 to 9 puts its star outside the chart, where it may meet a forecast
-    // cell: the forecast, which the row before gave already, stays there, as it would be written
-    // over the star if the forecasts came after the whole chart.
-    void WriteRow(int row, const CurrentDigits& digits, std::span<const ForecastBlock> blocks) {
-        for (short d : digits) {
-            const int col = firstCol_ + d;
-            if ((d < 0 || d > 9) && HoldsForecast(row, col, blocks)) continue;
-            sheet_.SetText(row, col, star_);
-        }
-        // Which cells are empty is random: they are gathered with their Miss numbers first, and
-        // the counters move on, without a branch; then the gathered cells are written.
-        ReportSheet::RowRun chart = sheet_.Run(row, firstCol_, firstCol_ + 9);
-        std::array<int, 10> emptyCells;
-        std::array<short, 10> misses;
-        std::size_t empty = 0;
-        for (int i = 0; i < chart.Count(); ++i) {
-            short& counter = counters_[static_cast<std::size_t>(i)];
-            const bool isEmpty = chart.IsEmpty(i);
-            emptyCells[empty] = i;
-            misses[empty] = counter;
-            empty += isEmpty;
-            counter = isEmpty ? static_cast<short>(counter + 1) : short{1};
-        }
-        for (std::size_t k = 0; k < empty; ++k) {
-            chart.SetForeColor(emptyCells[k], missFore_);
-            chart.SetNumber(emptyCells[k], misses[k]);
-        }
+// A digit outside 0 to 9 puts its star outside the chart, where it may meet a forecast cell: the
+// forecast, which the row before gave already, stays there, as it would be written over the star
+// if the forecasts came after the whole chart.
+void WriteMissChartRow(ReportSheet& sheet, int row, int firstCol, const CurrentDigits& digits,
+                       std::span<const ForecastBlock> blocks, MissCounters& misses) {
+    for (short d : digits) {
+        const int col = firstCol + d;
+        if ((d < 0 || d > 9) && HoldsForecast(sheet, row, col, blocks)) continue;
+        sheet.SetText(row, col, "*");
     }
-
-private:
-    bool HoldsForecast(int row, int col, std::span<const ForecastBlock> blocks) const {
-        for (const ForecastBlock& block : blocks)
-            if (col >= block.firstCol && col <= block.lastCol && !sheet_.IsEmpty(row, col))
-                return true;
-        return false;
-    }
-
-    ReportSheet& sheet_;
-    int firstCol_;
-    ReportSheet::TextKey star_;
-    ReportSheet::ColourKey missFore_;
-    std::array<short, 10> counters_ = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
-};
+    misses.FillRow(sheet, row);
+}
 
 // "Just hit" on row `row` where every distinct digit of a drawing with two or three of them was
-// forecast.
-// `written` is the text the distinct digits were written with, read again only where the cell
-// no longer holds it.
-void MarkWholeDrawingForecast(ReportSheet& sheet, const ThreeDigitReport& report, int row,
-                              const ReportSheet::TextKey& written) {
+// forecast: each forecast cell counts by its trimmed text, when that is one character.
+void MarkWholeDrawingForecast(ReportSheet& sheet, const ThreeDigitReport& report, int row) {
     const ForecastBlock& block = report.forecasts.front().block;
     ReportSheet::NumberDigits distinctDigits;
-    ReportSheet::NumberDigits forecastDigits;
-    const std::string_view distinct = sheet.Holds(row, report.distinctCol, written)
-                                          ? written.text
-                                          : sheet.TextView(row, report.distinctCol, distinctDigits);
-    // Each of the three forecast cells' trimmed text as one character, or none where it is
-    // longer or empty. The forecasts are digits: a number's text is one character from 0 to 9.
-    const ReportSheet::RowRun cells = sheet.Run(row, block.firstCol, block.firstCol + 2);
-    std::array<char, 3> forecast{};
-    std::array<bool, 3> single{};
-    for (std::size_t i = 0; i < forecast.size(); ++i) {
-        const int c = block.firstCol + static_cast<int>(i);
-        if (static_cast<int>(i) < cells.Count() && cells.HoldsNumber(static_cast<int>(i))) {
-            const int value = cells.CellNumber(static_cast<int>(i));
-            single[i] = value >= 0 && value <= 9;
-            forecast[i] = static_cast<char>('0' + value);
-        } else {
-            const std::string_view trimmed = Trim(sheet.TextView(row, c, forecastDigits));
-            single[i] = trimmed.size() == 1;
-            forecast[i] = single[i] ? trimmed[0] : '\0';
-        }
-    }
-    // The drawings are random: the characters are compared without a branch on each.
+    const std::string_view distinct = sheet.TextView(row, report.distinctCol, distinctDigits);
     int found = 0;
-    for (char digit : distinct)
-        for (std::size_t i = 0; i < forecast.size(); ++i)
-            found += single[i] && forecast[i] == digit;
+    for (int c = block.firstCol; c <= block.firstCol + 2; ++c) {
+        ReportSheet::NumberDigits forecastDigits;
+        const std::string_view forecast = Trim(sheet.TextView(row, c, forecastDigits));
+        if (forecast.size() != 1) continue;
+        for (char digit : distinct)
+            found += digit == forecast[0];
+    }
     if (found == 3 || (found == 2 && distinct.size() == 2)) {
         sheet.SetText(row, report.noteCol, "Just hit");
         sheet.SetBackColor(row, report.noteCol, colours::kHit);
@@ -290,21 +220,19 @@ void Build(const ThreeDigitReport& report, std::span<const DrawRecord> drawings,
     for (const ThreeDigitForecast& forecast : report.forecasts)
         blocks.push_back(forecast.block);
     ForecastJudge judge(sheet, blocks);
-    MissChart missChart(sheet, report.missChartCol);
-    SortedDigitTexts distinctTexts(sheet, DistinctDigits);
+    MissCounters chartMisses(report.missChartCol, report.missChartCol + 9, kMissChartFore);
 
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
-        if (report.missChartCol >= 0) missChart.WriteRow(row, digits, blocks);
-        ReportSheet::TextKey distinct;
+        if (report.missChartCol >= 0)
+            WriteMissChartRow(sheet, row, report.missChartCol, digits, blocks, chartMisses);
         if (report.distinctCol >= 0) {
             SortDigits(digits);
-            distinct = distinctTexts.Write(row, report.distinctCol, digits);
+            sheet.SetText(row, report.distinctCol, DistinctDigits(digits));
         }
         for (const ThreeDigitForecast& forecast : report.forecasts)
-            if (row >= forecast.firstSourceRow)
-                Derive(sheet, report, forecast, row, missChart.Star());
+            if (row >= forecast.firstSourceRow) Derive(sheet, report, forecast, row);
         judge.JudgeRow(row);
-        if (report.noteCol >= 0) MarkWholeDrawingForecast(sheet, report, row, distinct);
+        if (report.noteCol >= 0) MarkWholeDrawingForecast(sheet, report, row);
     });
 
     WriteHeaders(sheet, report.columns);

@@ -79,19 +79,14 @@ void Build(const ChanceReport& report, std::span<const DrawRecord> drawings, Rep
     HeadDigitColumns(sheet);
     sheet.SetText(0, kBoxCol, "3 Way Box");
     if (report.widthRule) sheet.SetText(0, kWidthBoxCol, "3 Way Box");
-    const ReportSheet::TextKey signalMark = sheet.Prepare("***");
-    const ReportSheet::TextKey boxMark = sheet.Prepare("YES");
-    const ReportSheet::TextKey widthBoxMark =
-        report.widthRule ? sheet.Prepare("  YES") : ReportSheet::TextKey{};
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         WriteDateAlone(sheet, row);
-        if (SignalsBeforeSort(report.signal, digits)) sheet.SetText(row, kSignalCol, signalMark);
+        if (SignalsBeforeSort(report.signal, digits)) sheet.SetText(row, kSignalCol, "***");
         SortDigits(digits);
-        if (report.signal == Signal::Run && IsRun(digits))
-            sheet.SetText(row, kSignalCol, signalMark);
+        if (report.signal == Signal::Run && IsRun(digits)) sheet.SetText(row, kSignalCol, "***");
         if (IsThreeWayBox(digits)) {
-            sheet.SetText(row, kBoxCol, boxMark);
-            if (report.widthRule) sheet.SetText(row, kWidthBoxCol, widthBoxMark);
+            sheet.SetText(row, kBoxCol, "YES");
+            if (report.widthRule) sheet.SetText(row, kWidthBoxCol, "  YES");
         }
         if (!sheet.IsEmpty(row, kSignalCol)) {
             for (int k = 1; k <= kSignalStretch; ++k)

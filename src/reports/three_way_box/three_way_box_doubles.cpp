@@ -3,13 +3,12 @@
 #include <charconv>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "frame/frame_passes.h"
+#include "frame/label_forms.h"
 #include "frame/number_classes.h"
 #include "reports/report_registry.h"
-#include "reports/three_way_box/label_forms.h"
 
 namespace numarel {
 namespace {
@@ -30,10 +29,8 @@ constexpr Rgb kLabelBack = MakeRgb(192, 192, 0);
 
 enum class Column0 { DateAndDigits, DateAlone };
 
-class ClassHeaders;
-
 // Writes the class found for a drawing with double `d` (0, 11, ..., 99) on row `row`.
-using Classify = void (*)(ReportSheet& sheet, const ClassHeaders& headers, int row, int d);
+using Classify = void (*)(ReportSheet& sheet, int row, int d);
 
 // What sets the two reports apart.
 struct DoublesReport {
@@ -51,38 +48,18 @@ struct DoublesReport {
     std::span<const std::string_view> labels;
 };
 
-// The header row, read back once the headers are written: a class cell holds its column's
-// header text, made ready once for the many cells it goes into.
-class ClassHeaders {
-public:
-    ClassHeaders(ReportSheet& sheet, int cols) {
-        for (int c = 0; c < cols && c < kMaxCols; ++c) {
-            const auto i = static_cast<std::size_t>(c);
-            texts_[i] = sheet.Text(0, c);
-            keys_[i] = sheet.Prepare(texts_[i]);
-        }
-    }
-    // The keys view the texts held here.
-    ClassHeaders(const ClassHeaders&) = delete;
-    ClassHeaders& operator=(const ClassHeaders&) = delete;
-
-    void Mark(ReportSheet& sheet, int row, int col, Rgb back) const {
-        sheet.SetText(row, col, keys_[static_cast<std::size_t>(col)]);
-        sheet.SetBackColor(row, col, back);
-    }
-
-private:
-    static constexpr int kMaxCols = 33;
-    std::array<std::string, kMaxCols> texts_;
-    std::array<ReportSheet::TextKey, kMaxCols> keys_;
-};
+// Marks a class cell: it holds its column's header text, on the back colour `back`.
+void MarkClass(ReportSheet& sheet, int row, int col, Rgb back) {
+    sheet.SetText(row, col, sheet.Text(0, col));
+    sheet.SetBackColor(row, col, back);
+}
 
 bool IsPrimeDouble(int d) {
     return IsPrime(d / 11);
 }
 
 // The double against the third digit: by size, parity and primeness.
-void ClassifyWithThirdDigit(ReportSheet& sheet, const ClassHeaders& headers, int row, int d) {
+void ClassifyWithThirdDigit(ReportSheet& sheet, int row, int d) {
     const short outer = sheet.CellNumber(row, kOuterPairCol);
     const int a = outer / 10;
     const int c = outer % 10;
@@ -95,7 +72,7 @@ void ClassifyWithThirdDigit(ReportSheet& sheet, const ClassHeaders& headers, int
         sizeCol = 21;  // 3S
     else if (d > 44 && a > 4)
         sizeCol = 22;  // 3B
-    if (sizeCol >= 0) headers.Mark(sheet, row, sizeCol, colours::kHit);
+    if (sizeCol >= 0) MarkClass(sheet, row, sizeCol, colours::kHit);
 
     // Parity and primeness look at the digits as drawn.
     bool anyOdd = false;
@@ -117,33 +94,33 @@ void ClassifyWithThirdDigit(ReportSheet& sheet, const ClassHeaders& headers, int
         parityCol = 26;  // 3E
     else if (!anyEven && !evenDouble)
         parityCol = 27;  // 3O
-    if (parityCol >= 0) headers.Mark(sheet, row, parityCol, kClassBack);
+    if (parityCol >= 0) MarkClass(sheet, row, parityCol, kClassBack);
 
     const bool primeDouble = IsPrimeDouble(d);
     if (!primeDouble && anyPrime) {
-        headers.Mark(sheet, row, 30, colours::kHit);  // 2C1P
+        MarkClass(sheet, row, 30, colours::kHit);  // 2C1P
     } else if (primeDouble && anyComposite) {
-        headers.Mark(sheet, row, 29, colours::kHit);  // 2P1C
+        MarkClass(sheet, row, 29, colours::kHit);  // 2P1C
     }
     if (primeDouble && !anyComposite) {
-        headers.Mark(sheet, row, 31, colours::kHit);  // 3P
+        MarkClass(sheet, row, 31, colours::kHit);  // 3P
     } else if (!primeDouble && !anyPrime) {
-        headers.Mark(sheet, row, 32, colours::kHit);  // 3C
+        MarkClass(sheet, row, 32, colours::kHit);  // 3C
     }
 }
 
 // The double on its own; the third digit is not looked at.
-void ClassifyDoubleAlone(ReportSheet& sheet, const ClassHeaders& headers, int row, int d) {
-    headers.Mark(sheet, row, d < 55 ? 19 : 20, colours::kHit);  // Small, Big
+void ClassifyDoubleAlone(ReportSheet& sheet, int row, int d) {
+    MarkClass(sheet, row, d < 55 ? 19 : 20, colours::kHit);  // Small, Big
     const int digit = d / 11;
     int typeCol = 24;  // 2Type
     if (d % 3 == 0)
         typeCol = 22;  // 0Type
     else if (digit % 3 == 1)
         typeCol = 23;  // 1Type
-    headers.Mark(sheet, row, typeCol, kClassBack);
-    headers.Mark(sheet, row, d % 2 == 0 ? 26 : 27, colours::kHit);     // Even, Odd
-    headers.Mark(sheet, row, IsPrimeDouble(d) ? 30 : 29, kClassBack);  // Prime, Composite
+    MarkClass(sheet, row, typeCol, kClassBack);
+    MarkClass(sheet, row, d % 2 == 0 ? 26 : 27, colours::kHit);     // Even, Odd
+    MarkClass(sheet, row, IsPrimeDouble(d) ? 30 : 29, kClassBack);  // Prime, Composite
 }
 
 constexpr std::string_view kTypeHeaders[] = {
@@ -246,11 +223,9 @@ void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, Re
         SetDigitPair(sheet, 0, c, c - kFirstDoubleCol, c - kFirstDoubleCol);
     for (std::size_t i = 0; i < report.classHeaders.size(); ++i)
         sheet.SetText(0, kFirstClassCol + static_cast<int>(i), report.classHeaders[i]);
-    const ClassHeaders headers(sheet, report.cols);
     std::array<short, kLastDoubleCol + 1> doubles{};
     for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c)
         doubles[c] = sheet.CellNumber(0, c);
-    const ReportSheet::TextKey boxMark = sheet.Prepare("-Y-");
 
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         RewriteLabel(sheet, row, report.column0);
@@ -267,9 +242,9 @@ void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, Re
         for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
             const int d = doubles[c];
             if (low != d && high != d) continue;
-            headers.Mark(sheet, row, c, colours::kHit);
-            sheet.SetText(row, kBoxMarkCol, boxMark);
-            report.classify(sheet, headers, row, d);
+            MarkClass(sheet, row, c, colours::kHit);
+            sheet.SetText(row, kBoxMarkCol, "-Y-");
+            report.classify(sheet, row, d);
         }
     });
 
@@ -277,20 +252,14 @@ void Build(const DoublesReport& report, std::span<const DrawRecord> drawings, Re
 
     // Non-hit cells are greyed. A run counts only once it is closed, which the back colours
     // tell: a non-hit row whose colour differs from the row after it.
-    // Row by row, the order in which the cells are stored; each row's colours are read once, as
-    // the row after the one before.
     sheet.SetText(maxMissRow, 0, "Max Miss");
     std::array<short, kLastDoubleCol + 1> maxMiss{};
-    std::array<Rgb, kLastDoubleCol + 1> backs{};
-    for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c)
-        backs[c] = sheet.BackColor(1, c);
     for (int r = 1; r <= drawCount; ++r)
         for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {
-            const Rgb next = sheet.BackColor(r + 1, c);
-            const Rgb back = std::exchange(backs[c], next);
+            const Rgb back = sheet.BackColor(r, c);
             if (back == colours::kHit) continue;
             sheet.SetForeColor(r, c, kMissFore);
-            if (r == drawCount || back == next) continue;
+            if (r == drawCount || back == sheet.BackColor(r + 1, c)) continue;
             maxMiss[c] = std::max(maxMiss[c], sheet.CellNumber(r, c));
         }
     for (int c = kFirstDoubleCol; c <= kLastDoubleCol; ++c) {

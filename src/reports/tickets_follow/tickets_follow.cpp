@@ -5,10 +5,10 @@
 #include <unordered_map>
 #include <vector>
 
+#include "frame/followed_numbers.h"
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "reports/report_registry.h"
-#include "reports/three_way_box/box_statistics.h"
 
 namespace numarel {
 namespace {
@@ -185,7 +185,7 @@ int SharedDigitScore(std::string_view ticket, std::string_view digits) {
     return score;
 }
 
-// Looks texts up by their characters, so that a cell's view needs no copy.
+// Looks texts up by their characters.
 struct TextHash {
     using is_transparent = void;
     std::size_t operator()(std::string_view text) const {
@@ -205,21 +205,10 @@ public:
     TicketHits(HitTest test, std::vector<std::string> tickets)
         : test_(test), tickets_(std::move(tickets)) {}
 
-    // The columns `box` hits, found by its characters.
     const std::vector<int>& Of(std::string_view box) {
         auto it = byText_.find(box);
         if (it == byText_.end()) it = byText_.emplace(std::string(box), Columns(box)).first;
         return it->second;
-    }
-    // The columns the box text of `known`, a slot of the caller's own, hits; worked out on the
-    // slot's first use.
-    struct Known {
-        std::vector<int> columns;
-        bool worked = false;
-    };
-    const std::vector<int>& Of(std::string_view box, Known& known) {
-        if (!known.worked) known = {Columns(box), true};
-        return known.columns;
     }
 
 private:
@@ -269,32 +258,22 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
     }
     sheet.SetText(0, groupCol, report.groupHeader);
 
-    // The tickets are whatever the header row says, and a drawing's box text is matched as its
-    // cell holds it: where it holds the text just written, that text's columns are known.
+    // The tickets are whatever the header row says; a drawing's box text is matched as its cell
+    // holds it.
     std::vector<std::string> tickets;
     for (int c = kFirstTicketCol; c <= lastTicketCol; ++c)
         tickets.push_back(sheet.Text(0, c));
     TicketHits ticketHits(report.hitTest, std::move(tickets));
-    SortedDigitTexts boxTexts(
-        sheet, report.hitTest == HitTest::SharedDigits ? DistinctDigits : JoinedDigits);
-    std::vector<TicketHits::Known> knownHits(1000);  // by SortedDigitTexts::IndexOf
-    const ReportSheet::TextKey hitMarker = sheet.Prepare(report.hitMarker);
-    std::vector<const std::vector<int>*> rowHits(static_cast<std::size_t>(drawCount) + 1);
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         SortDigits(digits);
-        const ReportSheet::TextKey box = boxTexts.Write(row, kBoxCol, digits);
-        const std::vector<int>* hits;
-        if (sheet.Holds(row, kBoxCol, box)) {
-            const auto index = static_cast<std::size_t>(SortedDigitTexts::IndexOf(digits));
-            hits = &ticketHits.Of(box.text, knownHits[index]);
-        } else {
-            ReportSheet::NumberDigits buffer;
-            hits = &ticketHits.Of(sheet.TextView(row, kBoxCol, buffer));
-        }
-        for (int c : *hits)
-            sheet.SetText(row, c, hitMarker);
-        if (!hits->empty()) sheet.SetText(row, groupCol, hitMarker);
-        rowHits[static_cast<std::size_t>(row)] = hits;
+        sheet.SetText(row, kBoxCol,
+                      report.hitTest == HitTest::SharedDigits ? DistinctDigits(digits)
+                                                              : JoinedDigits(digits));
+        ReportSheet::NumberDigits boxDigits;
+        const std::vector<int>& hits = ticketHits.Of(sheet.TextView(row, kBoxCol, boxDigits));
+        for (int c : hits)
+            sheet.SetText(row, c, report.hitMarker);
+        if (!hits.empty()) sheet.SetText(row, groupCol, report.hitMarker);
     });
     FinishLoad(sheet);
 
@@ -302,19 +281,13 @@ void Build(const TicketsFollow& report, std::span<const DrawRecord> drawings, Re
     FillMissCountersAndStatisticRows(sheet, lastFollowedCol, report.hitMarker, report.average,
                                      kFirstTicketCol);
 
-    // After the Miss numbers are in, only the whole hit marker counts as a hit. Every hit also
-    // marked the group column, so a row without the marker there has nothing to find. The Miss
-    // numbers filled every other ticket cell, so only the columns the row's hits were written
-    // into, in ascending order, can hold the marker.
-    const bool letters = std::any_of(report.lists.begin(), report.lists.end(),
-                                     [](const TicketList& list) { return !list.letter.empty(); });
-    for (int r = 1; letters && r <= drawCount; ++r) {
+    // After the Miss numbers are in, a list's letter marks a drawing that one of its tickets hit.
+    // Every hit also marked the group column, so a row without the marker there has none.
+    for (int r = 1; r <= drawCount; ++r) {
         if (!sheet.TextIs(r, groupCol, report.hitMarker)) continue;
-        const std::vector<int>& hits = *rowHits[static_cast<std::size_t>(r)];
         for (std::size_t i = 0; i < report.lists.size(); ++i) {
             if (report.lists[i].letter.empty()) continue;
-            for (int c : hits) {
-                if (c < starts[i] || c >= starts[i + 1]) continue;
+            for (int c = starts[i]; c < starts[i + 1]; ++c) {
                 if (sheet.TextIs(r, c, report.hitMarker)) {
                     sheet.SetText(r, firstLetterCol + static_cast<int>(i), report.lists[i].letter);
                     break;

@@ -5,7 +5,7 @@
 
 namespace numarel {
 
-// The reports of this group show column 0 in other forms than the usual DrawingLabel
+// Some reports show column 0 in other forms than the usual DrawingLabel
 // (" 2020001:123"); each is derived from that label once FillSheet has written it.
 
 // The date alone, with the blank of the number-to-text rule: " 2020001".

@@ -9,7 +9,8 @@
 
 namespace numarel {
 
-// What sets apart the reports that follow a list of Box Numbers at once.
+// What sets apart the reports that follow a list of Box Numbers at once (the Box statistics and
+// the 70 tickets).
 struct FollowedNumbers {
     std::vector<std::string> (*numbers)();  // the headers of the number columns, in order
     bool stripeEvenSums = false;            // columns of an even digit sum are striped
