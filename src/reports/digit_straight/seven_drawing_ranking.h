@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <span>
 
 #include "frame/report_sheet.h"
@@ -45,28 +44,10 @@ DigitCounts CountDigits(std::span<const short> digits);
 // a place, a digit with count 0 included.
 std::array<short, 10> RankDigits(const DigitCounts& counts);
 
-// The ranking as it slides down the sheet, for a report that works each row while it is at hand
-// (inside FillSheet's work): Rank is given the rows in order from row 1, each once its digits
-// are written.
-class SevenDrawingRanking {
-public:
-    explicit SevenDrawingRanking(ReportSheet& sheet)
-        : byCount_{sheet.PrepareColour(ranking_colours::kSeldom),
-                   sheet.PrepareColour(ranking_colours::kSeldom),
-                   sheet.PrepareColour(ranking_colours::kTwice),
-                   sheet.PrepareColour(ranking_colours::kOften)} {}
-    // Takes the digits of columns 34..36 of row - 1, read back from the sheet, into the seven and
-    // lets the oldest go; from row 8 on writes the counts of the seven into columns 1..10 of
-    // `row`, colours those count cells, and writes the ranked digits into columns 12..21. Rows 1
-    // to 7 get nothing.
-    void Rank(ReportSheet& sheet, int row);
-
-private:
-    std::array<std::array<short, 3>, kRankingDrawings> window_{};
-    DigitCounts counts_{};
-    // The colour of a count cell by its count, the last for every count above 2.
-    std::array<ReportSheet::ColourKey, 4> byCount_;
-};
+// From row 8 on: counts the digits of columns 34..36 of the seven rows before `row`, read back
+// from the sheet, writes the counts into columns 1..10 of `row`, colours those count cells, and
+// writes the ranked digits into columns 12..21. Rows 1 to 7 get nothing.
+void RankSevenDrawings(ReportSheet& sheet, int row);
 
 // Bands the four middle ranks, columns 15..18, of a row, ranked or not.
 void ShadeMiddleRanks(ReportSheet& sheet, int row);
