@@ -86,6 +86,7 @@ void MarkPattern(ReportSheet& sheet, int r) {
         if (!sheet.TextIs(0, c, pattern)) continue;
         sheet.SetText(r, c, pattern);
         sheet.SetBackColor(r, c, kPatternColour);
+        return;
     }
 }
 
@@ -224,12 +225,13 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
+    SevenDrawingRanking ranking;
     // A row's lists rest on the rows above it only, so each row is worked whole while it is at
     // hand: its lists, the Warm band, and for a drawing with lists its pattern.
     FillSheet(
         sheet, drawings,
         [&](int r, CurrentDigits&) {
-            RankSevenDrawings(sheet, r);
+            ranking.Rank(sheet, r);
             // The Warm digits are banded; a row with a pattern bands them with its hits.
             if (r > kRankingDrawings)
                 MarkPattern(sheet, r);
@@ -239,7 +241,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         DigitColumns{ranking_cols::kFirstDigit, ranking_cols::kFirstDigit + 1,
                      ranking_cols::kFirstDigit + 2});
     // The next drawing's row gets lists and no pattern; the last row is only banded.
-    RankSevenDrawings(sheet, drawCount + 1);
+    ranking.Rank(sheet, drawCount + 1);
     ShadeMiddleRanks(sheet, drawCount + 1);
     ShadeMiddleRanks(sheet, drawCount + 2);
 

@@ -40,8 +40,10 @@ constexpr int kLastFirstGroupCarriedCol = 6;
 
 // The mask of `digit`, with "(YES)" after it on a hit.
 std::string MaskOf(const CarriedDigit& carried, std::string_view digit, bool hit) {
-    std::string mask =
-        std::string(carried.before) + std::string(digit) + std::string(carried.after);
+    std::string mask;
+    mask += carried.before;
+    mask += digit;
+    mask += carried.after;
     if (hit) mask += "(YES)";
     return mask;
 }
@@ -56,7 +58,9 @@ void WriteDate(ReportSheet& sheet, int row, const std::string& date) {
 void MaskRow(ReportSheet& sheet, int row) {
     for (const CarriedDigit& carried : kCarried) {
         const bool hit = sheet.SameText(row, carried.col, row, carried.positionCol);
-        sheet.SetText(row, carried.col, MaskOf(carried, sheet.Text(row, carried.col), hit));
+        ReportSheet::NumberDigits digits;
+        const std::string_view digit = sheet.TextView(row, carried.col, digits);
+        sheet.SetText(row, carried.col, MaskOf(carried, digit, hit));
         if (hit) sheet.SetBackColor(row, carried.col, colours::kHit);
     }
 }

@@ -2,6 +2,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
@@ -86,24 +87,41 @@ constexpr RegionsChart kFourRegions{
     {51, kFourRegionTypes},
 };
 
-// A drawing's value is shown by writing, in the columns of a header run headed by the value, the
-// header's own text.
-void MarkHeaded(ReportSheet& sheet, const HeaderRun& run, int r, std::string_view value,
-                Rgb colour) {
-    for (int i = 0; i < static_cast<int>(run.headers.size()); ++i) {
-        const int col = run.firstCol + i;
-        if (!sheet.TextIs(0, col, value)) continue;
-        sheet.SetText(r, col, value);
-        sheet.SetBackColor(r, col, colour);
+// A header run as read back from row 0 once. A drawing's value is shown by writing, in the
+// column headed by the value, the header's own text.
+class HeadedColumns {
+public:
+    HeadedColumns(const ReportSheet& sheet, const HeaderRun& run) : firstCol_(run.firstCol) {
+        for (int i = 0; i < static_cast<int>(run.headers.size()); ++i)
+            headers_.push_back(sheet.Text(0, run.firstCol + i));
     }
-}
+    // Marks the first column headed `value`; nothing when no column has that header.
+    void Mark(ReportSheet& sheet, int r, std::string_view value, Rgb colour) const {
+        for (std::size_t i = 0; i < headers_.size(); ++i) {
+            if (headers_[i] != value) continue;
+            MarkAt(sheet, r, static_cast<int>(i), colour);
+            return;
+        }
+    }
+    // Marks the run's column `index`, counted from 0.
+    void MarkAt(ReportSheet& sheet, int r, int index, Rgb colour) const {
+        sheet.SetText(r, firstCol_ + index, headers_[static_cast<std::size_t>(index)]);
+        sheet.SetBackColor(r, firstCol_ + index, colour);
+    }
 
-// Marks the run's column `index`, counted from 0, with its header.
-void MarkAt(ReportSheet& sheet, const HeaderRun& run, int r, int index, Rgb colour) {
-    const int col = run.firstCol + index;
-    sheet.SetText(r, col, sheet.Text(0, col));
-    sheet.SetBackColor(r, col, colour);
-}
+private:
+    int firstCol_;
+    std::vector<std::string> headers_;
+};
+
+// The header runs a drawing is marked under.
+struct ChartColumns {
+    ChartColumns(const ReportSheet& sheet, const RegionsChart& chart)
+        : patterns(sheet, chart.patterns), sums(sheet, chart.sums), types(sheet, chart.types) {}
+    HeadedColumns patterns;
+    HeadedColumns sums;   // sorted codes only
+    HeadedColumns types;  // sorted codes only
+};
 
 void WriteHeaders(ReportSheet& sheet, const HeaderRun& run) {
     for (int i = 0; i < static_cast<int>(run.headers.size()); ++i)
@@ -156,26 +174,27 @@ std::array<int, 4> MarkDrawnDigits(ReportSheet& sheet, const RegionsChart& chart
 }
 
 // The counts of the regions, in region order, are the pattern.
-void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart,
+void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart, const ChartColumns& columns,
                       const std::array<int, 4>& counts, int r) {
     std::string pattern;
     for (std::size_t k = 0; k < chart.regions.size(); ++k)
         pattern += static_cast<char>('0' + counts[k]);
-    MarkHeaded(sheet, chart.patterns, r, pattern, kPatternColour);
+    columns.patterns.Mark(sheet, r, pattern, kPatternColour);
 }
 
 // The sorted codes a <= b <= c joined are the pattern; their sum picks a sum column; the type
 // says whether the digits lie in three regions, two or one.
-void MarkSortedCodes(ReportSheet& sheet, const RegionsChart& chart, int r) {
+void MarkSortedCodes(ReportSheet& sheet, const RegionsChart& chart, const ChartColumns& columns,
+                     int r) {
     const int sorted = chart.firstCodeCol + 3;
     const short a = sheet.CellNumber(r, sorted);
     const short b = sheet.CellNumber(r, sorted + 1);
     const short c = sheet.CellNumber(r, sorted + 2);
-    MarkHeaded(sheet, chart.patterns, r, std::to_string(a) + std::to_string(b) + std::to_string(c),
-               kPatternColour);
-    MarkHeaded(sheet, chart.sums, r, std::to_string(a + b + c), kSumColour);
+    columns.patterns.Mark(sheet, r, std::to_string(a) + std::to_string(b) + std::to_string(c),
+                          kPatternColour);
+    columns.sums.Mark(sheet, r, std::to_string(a + b + c), kSumColour);
     const int type = c == a ? 2 : (b == a || c == b) ? 1 : 0;
-    MarkAt(sheet, chart.types, r, type, kPatternColour);
+    columns.types.MarkAt(sheet, r, type, kPatternColour);
 }
 
 void WriteAllHeaders(ReportSheet& sheet, const RegionsChart& chart) {
@@ -201,18 +220,19 @@ void Build(const RegionsChart& chart, std::span<const DrawRecord> drawings, Repo
     // The headers come first, so that every pass of a row can run while the row is at hand: no
     // pass reads another row than its own.
     WriteAllHeaders(sheet, chart);
+    const ChartColumns columns(sheet, chart);
     if (chart.rule == PatternRule::RegionCounts) {
         FillSheet(sheet, drawings, [&](int r, CurrentDigits&) {
             WriteRegionDigits(sheet, chart, r);
             const auto counts = MarkDrawnDigits(sheet, chart, r);
-            MarkRegionCounts(sheet, chart, counts, r);
+            MarkRegionCounts(sheet, chart, columns, counts, r);
         });
     } else {
         FillSheet(sheet, drawings, [&](int r, CurrentDigits&) {
             WriteRegionDigits(sheet, chart, r);
             WriteRegionCodes(sheet, chart.firstCodeCol, r);
             MarkDrawnDigits(sheet, chart, r);
-            MarkSortedCodes(sheet, chart, r);
+            MarkSortedCodes(sheet, chart, columns, r);
         });
     }
     FinishLoad(sheet);

@@ -4,13 +4,6 @@
 
 namespace numarel {
 
-DigitCounts CountDigits(std::span<const short> digits) {
-    DigitCounts counts{};
-    for (short d : digits)
-        if (d >= 0 && d <= 9) ++counts[static_cast<std::size_t>(d)];
-    return counts;
-}
-
 std::array<short, 10> RankDigits(const DigitCounts& counts) {
     // A key per digit that ranks it: its count, then the digit reversed, so that among equal
     // counts the smaller digit ranks higher. A digit's place is the number of higher keys.
@@ -19,9 +12,10 @@ std::array<short, 10> RankDigits(const DigitCounts& counts) {
         keys[d] = counts[d] * 10 + (9 - static_cast<int>(d));
     std::array<short, 10> order{};
     for (std::size_t d = 0; d < 10; ++d) {
-        const auto place =
-            std::count_if(keys.begin(), keys.end(), [&keys, d](int key) { return key > keys[d]; });
-        order[static_cast<std::size_t>(place)] = static_cast<short>(d);
+        std::size_t place = 0;
+        for (int key : keys)
+            place += key > keys[d] ? 1 : 0;
+        order[place] = static_cast<short>(d);
     }
     return order;
 }
@@ -36,21 +30,23 @@ Rgb CountColour(short count) {
 
 }  // namespace
 
-void RankSevenDrawings(ReportSheet& sheet, int row) {
+void SevenDrawingRanking::Rank(ReportSheet& sheet, int row) {
     using namespace ranking_cols;
+    auto count = [&](int r, short step) {
+        for (int c = kFirstDigit; c < kFirstDigit + 3; ++c) {
+            const short d = sheet.CellNumber(r, c);
+            if (d >= 0 && d <= 9) counts_[static_cast<std::size_t>(d)] += step;
+        }
+    };
+    if (row >= 2) count(row - 1, 1);
+    if (row >= 2 + kRankingDrawings) count(row - 1 - kRankingDrawings, -1);
     if (row <= kRankingDrawings) return;
-    std::array<short, kRankingDrawings * 3> digits{};
-    std::size_t n = 0;
-    for (int r = row - kRankingDrawings; r < row; ++r)
-        for (int c = kFirstDigit; c < kFirstDigit + 3; ++c)
-            digits[n++] = sheet.CellNumber(r, c);
-    const DigitCounts counts = CountDigits(digits);
     for (int d = 0; d <= 9; ++d) {
-        const short n = counts[static_cast<std::size_t>(d)];
+        const short n = counts_[static_cast<std::size_t>(d)];
         sheet.SetNumber(row, kFirstCount + d, n);
         sheet.SetBackColor(row, kFirstCount + d, CountColour(n));
     }
-    const auto order = RankDigits(counts);
+    const auto order = RankDigits(counts_);
     for (int i = 0; i < 10; ++i)
         sheet.SetNumber(row, kFirstRank + i, order[static_cast<std::size_t>(i)]);
 }

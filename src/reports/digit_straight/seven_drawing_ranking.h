@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <span>
 
 #include "frame/report_sheet.h"
 
@@ -35,19 +34,25 @@ inline constexpr Rgb kMiddleRanks = MakeRgb(249, 212, 194);
 
 using DigitCounts = std::array<short, 10>;
 
-// How often each digit occurs in `digits`. A value outside 0..9 has no counter and is passed
-// over, as a failed statement would be.
-DigitCounts CountDigits(std::span<const short> digits);
-
 // The ten digits ordered by count, highest first; equal counts go by the smaller digit first,
 // so a digit's place among equals depends on its value, never on when it came. Every digit has
 // a place, a digit with count 0 included.
 std::array<short, 10> RankDigits(const DigitCounts& counts);
 
-// From row 8 on: counts the digits of columns 34..36 of the seven rows before `row`, read back
-// from the sheet, writes the counts into columns 1..10 of `row`, colours those count cells, and
-// writes the ranked digits into columns 12..21. Rows 1 to 7 get nothing.
-void RankSevenDrawings(ReportSheet& sheet, int row);
+// The ranking as it slides down the sheet, for a report that works each row while it is at hand
+// (inside FillSheet's work): Rank is given the rows in order from row 1, each once its digits
+// are written.
+class SevenDrawingRanking {
+public:
+    // Counts the digits of columns 34..36 of row - 1, read back from the sheet, and lets those of
+    // row - 8 go; from row 8 on writes the counts of the seven rows before `row` into columns
+    // 1..10 of `row`, colours those count cells, and writes the ranked digits into columns
+    // 12..21. Rows 1 to 7 get nothing.
+    void Rank(ReportSheet& sheet, int row);
+
+private:
+    DigitCounts counts_{};
+};
 
 // Bands the four middle ranks, columns 15..18, of a row, ranked or not.
 void ShadeMiddleRanks(ReportSheet& sheet, int row);

@@ -55,7 +55,8 @@ void Build(std::span<const std::string_view> pairs, std::span<const DrawRecord> 
         SetPairText(sheet, row, kLastPairCol, digits[1], digits[2]);
         // The pairs read back from their cells, against the list.
         for (int p = kFirstPairCol; p <= kLastPairCol; ++p) {
-            const int c = list.Find(sheet.Text(row, p));
+            ReportSheet::NumberDigits digits;
+            const int c = list.Find(sheet.TextView(row, p, digits));
             if (c < 0) continue;
             sheet.SetText(row, c, list.Header(c));
             sheet.SetBackColor(row, c, colours::kHit);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,7 +12,8 @@ namespace numarel {
 // The text of an unordered pair of digits: the smaller digit first, so that 7 with 2 and 2 with 7
 // are both "27". Two equal digits give a double such as "55".
 std::string PairText(int first, int second);
-// Writes PairText(first, second) into a cell.
+// Writes PairText(first, second) into a cell. A pair such as "27" reads as a plain number and is
+// kept as one by the sheet whichever way it is written; it is written as one here, which is faster.
 void SetPairText(ReportSheet& sheet, int row, int col, int first, int second);
 
 // The columns of a header row range, looked up by their header text.
@@ -29,7 +31,8 @@ public:
 private:
     int firstCol_;
     std::vector<std::string> headers_;
-    std::vector<std::string> keys_;  // the headers as they are compared
+    std::vector<std::string> keys_;    // the headers as they are compared
+    std::array<int, 100> byDigits_{};  // two-digit keys, by their value; -1 when none
 };
 
 }  // namespace numarel

@@ -97,10 +97,11 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
+    SevenDrawingRanking ranking;
     // A row's ranking rests on the rows above it only, so each row is worked whole while it is at
     // hand: its ranking, its recommended pairs and, for a drawing, their judgement.
     auto recommend = [&](int r) {
-        RankSevenDrawings(sheet, r);
+        ranking.Rank(sheet, r);
         ShadeMiddleRanks(sheet, r);
         if (r >= kFirstPairRow) WriteRecommendedPairs(sheet, r);
     };

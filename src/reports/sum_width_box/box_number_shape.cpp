@@ -1,6 +1,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
@@ -104,29 +105,54 @@ void DescribeDrawing(ReportSheet& sheet, int r) {
         sheet.SetNumber(r, kBlocks[b].countCol, counts[b]);
 }
 
-// Under the first of `count` columns from `firstCol` whose header reads as `value`: the header's
-// text and the trace colour.
-void MarkTrace(ReportSheet& sheet, int r, int firstCol, int count, int value) {
-    for (int c = firstCol; c < firstCol + count; ++c) {
-        if (sheet.CellNumber(0, c) != value) continue;
-        sheet.SetText(r, c, sheet.Text(0, c));
-        sheet.SetBackColor(r, c, kTrace);
-        return;
+// A run of trace columns with their headers, as read back from row 0 once.
+class TraceColumns {
+public:
+    TraceColumns(const ReportSheet& sheet, int firstCol, int count) : firstCol_(firstCol) {
+        for (int c = firstCol; c < firstCol + count; ++c) {
+            values_.push_back(sheet.CellNumber(0, c));
+            texts_.push_back(sheet.Text(0, c));
+        }
     }
-}
+    // Under the first header that reads as `value`: the header's text and the trace colour.
+    void Mark(ReportSheet& sheet, int r, int value) const {
+        for (std::size_t i = 0; i < values_.size(); ++i) {
+            if (values_[i] != value) continue;
+            const int col = firstCol_ + static_cast<int>(i);
+            sheet.SetText(r, col, texts_[i]);
+            sheet.SetBackColor(r, col, kTrace);
+            return;
+        }
+    }
+
+private:
+    int firstCol_;
+    std::vector<short> values_;
+    std::vector<std::string> texts_;
+};
 
 // The sorted type pattern and the three counts, each as a cell under the header that reads as
 // its number ("012" reads as 12, "2E" as 2).
-void TraceDrawing(ReportSheet& sheet, int r) {
-    CurrentDigits types;
-    for (int p = 0; p < 3; ++p)
-        types[static_cast<std::size_t>(p)] = sheet.CellNumber(r, kFirstTypeCol + p);
-    SortDigits(types);
-    MarkTrace(sheet, r, kFirstPatternCol, kPatternCount, types[0] * 100 + types[1] * 10 + types[2]);
-    for (const CountBlock& block : kBlocks)
-        MarkTrace(sheet, r, block.countCol + kFirstCountTraceOffset, kCountTraces,
-                  sheet.CellNumber(r, block.countCol));
-}
+struct Traces {
+    explicit Traces(const ReportSheet& sheet)
+        : patterns(sheet, kFirstPatternCol, kPatternCount),
+          counts{{{sheet, kBlocks[0].countCol + kFirstCountTraceOffset, kCountTraces},
+                  {sheet, kBlocks[1].countCol + kFirstCountTraceOffset, kCountTraces},
+                  {sheet, kBlocks[2].countCol + kFirstCountTraceOffset, kCountTraces}}} {}
+
+    void Mark(ReportSheet& sheet, int r) const {
+        CurrentDigits types;
+        for (int p = 0; p < 3; ++p)
+            types[static_cast<std::size_t>(p)] = sheet.CellNumber(r, kFirstTypeCol + p);
+        SortDigits(types);
+        patterns.Mark(sheet, r, types[0] * 100 + types[1] * 10 + types[2]);
+        for (std::size_t b = 0; b < kBlocks.size(); ++b)
+            counts[b].Mark(sheet, r, sheet.CellNumber(r, kBlocks[b].countCol));
+    }
+
+    TraceColumns patterns;
+    std::array<TraceColumns, kBlocks.size()> counts;
+};
 
 // Keeps its designed caption: widths and header first, one empty row after the next drawing's.
 void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
@@ -135,10 +161,11 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
     // The header is written, so each row is described and traced while it is at hand.
+    const Traces traces(sheet);
     FillSheet(sheet, drawings,
               [&](int r, CurrentDigits&) {
                   DescribeDrawing(sheet, r);
-                  TraceDrawing(sheet, r);
+                  traces.Mark(sheet, r);
               },
               {kFirstStoreCol, kFirstStoreCol + 1, kFirstStoreCol + 2});
     sheet.SetRowHeight(0, 300);

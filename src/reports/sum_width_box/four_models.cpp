@@ -1,3 +1,4 @@
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -37,14 +38,27 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         sheet.SetText(0, c, kModels[c - kFirstModelCol]);
 
     // A drawing hits the model whose header is its own pair of tallies; three Big, three Small,
-    // three Odd or three Even digits match no header.
+    // three Odd or three Even digits match no header. The tallies depend only on how many digits
+    // are Small and how many Even, so each pair of tallies is written out once.
+    std::array<std::string, 16> talliesByCounts;
     FillSheet(sheet, drawings, [&](int r, CurrentDigits&) {
         const CurrentDigits digits = {sheet.CellNumber(r, 1), sheet.CellNumber(r, 2),
                                       sheet.CellNumber(r, 3)};
-        const std::string tallies = TallyString(digits, ClassPair::BigSmall) + ';' +
-                                    TallyString(digits, ClassPair::OddEven);
-        for (int c = kFirstModelCol; c <= kLastModelCol; ++c)
-            if (sheet.TextIs(0, c, tallies)) sheet.SetText(r, c, kHitMarker);
+        int small = 0;
+        int even = 0;
+        for (short digit : digits) {
+            if (DigitClassLetter(digit, ClassPair::BigSmall) == 'S') ++small;
+            if (DigitClassLetter(digit, ClassPair::OddEven) == 'E') ++even;
+        }
+        std::string& tallies = talliesByCounts[static_cast<std::size_t>(small * 4 + even)];
+        if (tallies.empty())
+            tallies = TallyString(digits, ClassPair::BigSmall) + ';' +
+                      TallyString(digits, ClassPair::OddEven);
+        for (int c = kFirstModelCol; c <= kLastModelCol; ++c) {
+            if (!sheet.TextIs(0, c, tallies)) continue;
+            sheet.SetText(r, c, kHitMarker);
+            break;
+        }
     });
     FinishLoad(sheet);
     FillMissCountersAndStatisticRows(sheet, kLastModelCol, kHitMarker, AverageRule::EmptyWhenNoHit,
