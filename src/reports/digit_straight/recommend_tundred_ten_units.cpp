@@ -48,6 +48,28 @@ std::string MaskOf(const CarriedDigit& carried, std::string_view digit, bool hit
     return mask;
 }
 
+// The masks of the digits 0 to 9, without and with "(YES)", per carried column.
+class MaskTable {
+public:
+    MaskTable() {
+        for (std::size_t k = 0; k < kCarried.size(); ++k)
+            for (char d = '0'; d <= '9'; ++d)
+                for (bool hit : {false, true})
+                    masks_[k][static_cast<std::size_t>(d - '0')][hit] =
+                        MaskOf(kCarried[k], std::string_view(&d, 1), hit);
+    }
+    // The mask of carried column k for the digit text `digit`.
+    std::string_view Mask(std::size_t k, std::string_view digit, bool hit,
+                          std::string& other) const {
+        if (digit.size() == 1 && digit[0] >= '0' && digit[0] <= '9')
+            return masks_[k][static_cast<std::size_t>(digit[0] - '0')][hit];
+        return other = MaskOf(kCarried[k], digit, hit);
+    }
+
+private:
+    std::array<std::array<std::array<std::string, 2>, 10>, kCarried.size()> masks_;
+};
+
 // Column 0's date: the number-to-text rule. Empty when the date is not a number.
 void WriteDate(ReportSheet& sheet, int row, const std::string& date) {
     if (auto value = WholeNumber(date)) sheet.SetText(row, 0, NumberToText(*value));
@@ -55,12 +77,14 @@ void WriteDate(ReportSheet& sheet, int row, const std::string& date) {
 
 // The masks of row `row`, each compared with the digit of its position in the row. Compared as
 // texts: both cells hold numbers, alike exactly when their texts are.
-void MaskRow(ReportSheet& sheet, int row) {
-    for (const CarriedDigit& carried : kCarried) {
+void MaskRow(ReportSheet& sheet, int row, const MaskTable& masks) {
+    for (std::size_t k = 0; k < kCarried.size(); ++k) {
+        const CarriedDigit& carried = kCarried[k];
         const bool hit = sheet.SameText(row, carried.col, row, carried.positionCol);
         ReportSheet::NumberDigits digits;
-        const std::string_view digit = sheet.TextView(row, carried.col, digits);
-        sheet.SetText(row, carried.col, MaskOf(carried, digit, hit));
+        std::string other;
+        sheet.SetText(row, carried.col,
+                      masks.Mask(k, sheet.TextView(row, carried.col, digits), hit, other));
         if (hit) sheet.SetBackColor(row, carried.col, colours::kHit);
     }
 }
@@ -95,6 +119,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 5, 4);
 
+    static const MaskTable masks;
     drawings = drawings.first(static_cast<std::size_t>(drawCount));
     ReadDrawings(drawings, [&](int row, const DrawRecord& record, CurrentDigits& digits) {
         WriteDate(sheet, row, record.date);
@@ -105,7 +130,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         for (const CarriedDigit& carried : kCarried)
             sheet.SetNumber(row + 1, carried.col, sheet.CellNumber(row, carried.fromCol));
         if (row < 2) return;
-        MaskRow(sheet, row);
+        MaskRow(sheet, row, masks);
         MarkGroups(sheet, row);
     });
 

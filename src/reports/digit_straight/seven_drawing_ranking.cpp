@@ -22,10 +22,11 @@ std::array<short, 10> RankDigits(const DigitCounts& counts) {
 
 namespace {
 
+// The colour of a count cell: counts 0 and 1, 2, then 3 and more.
 Rgb CountColour(short count) {
-    if (count > 2) return ranking_colours::kOften;
-    if (count == 2) return ranking_colours::kTwice;
-    return ranking_colours::kSeldom;
+    static constexpr std::array<Rgb, 4> kByCount{ranking_colours::kSeldom, ranking_colours::kSeldom,
+                                                 ranking_colours::kTwice, ranking_colours::kOften};
+    return kByCount[std::min<std::size_t>(static_cast<std::size_t>(count), kByCount.size() - 1)];
 }
 
 }  // namespace

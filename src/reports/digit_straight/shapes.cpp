@@ -117,13 +117,27 @@ void WriteWord(ReportSheet& sheet, const WordBlock& block, int r,
     sheet.SetText(r, block.wordCol, word);
 }
 
-// Marks the word columns whose header equals the word of row r, read back from its cell.
-void MarkWord(ReportSheet& sheet, const WordBlock& block, int r) {
+// The words of a block's header, as read back from row 0 once.
+using WordHeaders = std::array<std::string, kWordCount>;
+
+WordHeaders ReadWordHeaders(const ReportSheet& sheet, const WordBlock& block) {
+    WordHeaders headers;
+    for (int w = 0; w < kWordCount; ++w)
+        headers[static_cast<std::size_t>(w)] = sheet.Text(0, block.wordCol + kFirstWordOffset + w);
+    return headers;
+}
+
+// Marks the word column whose header equals the word of row r, read back from its cell.
+void MarkWord(ReportSheet& sheet, const WordBlock& block, const WordHeaders& headers, int r) {
+    ReportSheet::NumberDigits digits;
+    const std::string_view word = sheet.TextView(r, block.wordCol, digits);
     for (int w = 0; w < kWordCount; ++w) {
+        const std::string& header = headers[static_cast<std::size_t>(w)];
+        if (header != word) continue;
         const int col = block.wordCol + kFirstWordOffset + w;
-        if (!sheet.SameText(r, block.wordCol, 0, col)) continue;
-        sheet.SetText(r, col, sheet.Text(0, col));
+        sheet.SetText(r, col, header);
         sheet.SetBackColor(r, col, block.wordColour);
+        return;
     }
 }
 
@@ -149,6 +163,9 @@ void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet&
     for (int c = kStoreCol; c < kStoreCol + 3; ++c)
         sheet.SetColWidth(c, 2);
 
+    std::array<WordHeaders, kWordBlocks.size()> headers;
+    for (std::size_t b = 0; b < kWordBlocks.size(); ++b)
+        headers[b] = ReadWordHeaders(sheet, kWordBlocks[b]);
     // Row by row, while its cells are at hand: the letters and the words from the digits read
     // back, then each word read back and matched.
     StartSecondLoadOrder(drawings, sheet, {kStoreCol, kStoreCol + 1, kStoreCol + 2},
@@ -158,8 +175,8 @@ void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet&
                                                              sheet.CellNumber(r, kStoreCol + 2)};
                              for (const WordBlock& block : kWordBlocks)
                                  WriteWord(sheet, block, r, digits);
-                             for (const WordBlock& block : kWordBlocks)
-                                 MarkWord(sheet, block, r);
+                             for (std::size_t b = 0; b < kWordBlocks.size(); ++b)
+                                 MarkWord(sheet, kWordBlocks[b], headers[b], r);
                          });
     sheet.SetTopRow(sheet.Rows() - 1);
 }

@@ -38,7 +38,10 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         SortDigits(digits);
         sheet.SetText(row, kDistinctCol, DistinctDigits(digits));
         if (row == 1) return;
-        if (SharedCharacters(sheet.Text(row - 1, kDistinctCol), sheet.Text(row, kDistinctCol)) == 2)
+        ReportSheet::NumberDigits before;
+        ReportSheet::NumberDigits after;
+        if (SharedCharacters(sheet.TextView(row - 1, kDistinctCol, before),
+                             sheet.TextView(row, kDistinctCol, after)) == 2)
             sheet.SetText(row, kInheritCol, "YES");
     });
 

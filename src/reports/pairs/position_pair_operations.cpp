@@ -128,13 +128,23 @@ void WriteHeader(ReportSheet& sheet) {
         sheet.SetNumber(0, kFirstUnitsCol + u, u);
 }
 
-// Each pair goes behind what its column already holds, as "74;", in the order of the positions.
+// Each pair goes into the column of the units of its product, as "74;", behind the pairs of
+// earlier positions that fell there too.
 void PlacePairs(ReportSheet& sheet, int r, const CurrentDigits& digits) {
+    std::array<std::string, 10> pairsByUnits;
     for (const PositionPair& pair : kPositionPairs) {
         const int x = digits[static_cast<std::size_t>(pair.first)];
         const int y = digits[static_cast<std::size_t>(pair.second)];
-        const int col = kFirstUnitsCol + std::abs(x * y) % 10;
-        sheet.SetText(r, col, sheet.Text(r, col) + std::to_string(x) + std::to_string(y) + ";");
+        std::string& pairs = pairsByUnits[static_cast<std::size_t>(std::abs(x * y) % 10)];
+        pairs += std::to_string(x);
+        pairs += std::to_string(y);
+        pairs += ';';
+    }
+    for (int u = 0; u <= 9; ++u) {
+        const std::string& pairs = pairsByUnits[static_cast<std::size_t>(u)];
+        if (pairs.empty()) continue;
+        const int col = kFirstUnitsCol + u;
+        sheet.SetText(r, col, pairs);
         sheet.SetBackColor(r, col, kPairColour);
     }
 }
