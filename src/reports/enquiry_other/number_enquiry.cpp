@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
@@ -70,13 +71,16 @@ void LoadHistory(const NumberEnquiry& enquiry, std::span<const DrawRecord> drawi
 // Marks each ticket column, and "Gather", in the rows whose key is the ticket as a number; the
 // tickets are read back from the header, as typed, so a Box ticket out of order never hits.
 void MarkHits(ReportSheet& sheet, int gatherCol) {
+    std::vector<short> tickets;
+    for (int c = kFirstTicketCol; c < gatherCol; ++c)
+        tickets.push_back(sheet.CellNumber(0, c));
     const int drawCount = sheet.DrawCount();
     for (int r = 1; r <= drawCount; ++r) {
         const short key = sheet.CellNumber(r, kKeyCol);
         bool hit = false;
-        for (int c = kFirstTicketCol; c < gatherCol; ++c) {
-            if (sheet.CellNumber(0, c) != key) continue;
-            sheet.SetText(r, c, kHitMarker);
+        for (std::size_t i = 0; i < tickets.size(); ++i) {
+            if (tickets[i] != key) continue;
+            sheet.SetText(r, kFirstTicketCol + static_cast<int>(i), kHitMarker);
             hit = true;
         }
         if (hit) sheet.SetText(r, gatherCol, kHitMarker);

@@ -66,10 +66,14 @@ void LayOut(ReportSheet& sheet) {
 
 // The pair columns of a row from the digits of their rank columns, read back from the row.
 void WriteRecommendedPairs(ReportSheet& sheet, int r) {
+    using ranking_cols::kFirstRank;
+    std::array<short, ranking_cols::kLastRank - kFirstRank + 1> ranked{};
+    for (std::size_t i = 0; i < ranked.size(); ++i)
+        ranked[i] = sheet.CellNumber(r, kFirstRank + static_cast<int>(i));
     for (std::size_t i = 0; i < kRankPairs.size(); ++i) {
         SetPairText(sheet, r, kFirstPairCol + static_cast<int>(i),
-                    sheet.CellNumber(r, kRankPairs[i].first),
-                    sheet.CellNumber(r, kRankPairs[i].second));
+                    ranked[static_cast<std::size_t>(kRankPairs[i].first - kFirstRank)],
+                    ranked[static_cast<std::size_t>(kRankPairs[i].second - kFirstRank)]);
     }
 }
 
