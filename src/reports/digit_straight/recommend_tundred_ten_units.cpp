@@ -58,12 +58,11 @@ public:
                     masks_[k][static_cast<std::size_t>(d - '0')][hit] =
                         MaskOf(kCarried[k], std::string_view(&d, 1), hit);
     }
-    // The mask of carried column k for the digit text `digit`.
-    std::string_view Mask(std::size_t k, std::string_view digit, bool hit,
-                          std::string& other) const {
+    // The mask of carried column k for the digit text `digit`, a digit 0 to 9 or any other.
+    std::string Mask(std::size_t k, std::string_view digit, bool hit) const {
         if (digit.size() == 1 && digit[0] >= '0' && digit[0] <= '9')
             return masks_[k][static_cast<std::size_t>(digit[0] - '0')][hit];
-        return other = MaskOf(kCarried[k], digit, hit);
+        return MaskOf(kCarried[k], digit, hit);
     }
 
 private:
@@ -82,9 +81,8 @@ void MaskRow(ReportSheet& sheet, int row, const MaskTable& masks) {
         const CarriedDigit& carried = kCarried[k];
         const bool hit = sheet.SameText(row, carried.col, row, carried.positionCol);
         ReportSheet::NumberDigits digits;
-        std::string other;
         sheet.SetText(row, carried.col,
-                      masks.Mask(k, sheet.TextView(row, carried.col, digits), hit, other));
+                      masks.Mask(k, sheet.TextView(row, carried.col, digits), hit));
         if (hit) sheet.SetBackColor(row, carried.col, colours::kHit);
     }
 }
