@@ -59,86 +59,36 @@ void LayOut(ReportSheet& sheet) {
         sheet.SetColWidth(c, 2);
 }
 
-// The pattern columns as their headers read back from row 0, found by the counts h, w, c.
-class PatternColumns {
-public:
-    // Reads the headers and makes them ready to be written as markers.
-    explicit PatternColumns(ReportSheet& sheet) {
-        cols_.fill(-1);
-        for (int c = kFirstPatternCol; c <= kLastPatternCol; ++c) {
-            std::string& header = headers_[static_cast<std::size_t>(c - kFirstPatternCol)];
-            header = sheet.Text(0, c);
-            int key = 0;
-            bool valid = header.size() == 3;
-            for (char ch : header) {
-                valid = valid && ch >= '0' && ch <= '3';
-                key = key * 4 + (ch - '0');
-            }
-            if (!valid) continue;
-            cols_[static_cast<std::size_t>(key)] = c;
-            keys_[static_cast<std::size_t>(c - kFirstPatternCol)] = sheet.Prepare(header);
-        }
-    }
-    PatternColumns(const PatternColumns&) = delete;  // the keys view the headers held here
-    PatternColumns& operator=(const PatternColumns&) = delete;
-
-    // Writes the header of the column for these counts into row r; counts that no header names
-    // (digits outside 0..9) mark nothing.
-    void Mark(ReportSheet& sheet, int r, const std::array<int, 3>& counts) const {
-        for (int n : counts)
-            if (n > 3) return;
-        const int col = cols_[static_cast<std::size_t>(counts[0] * 16 + counts[1] * 4 + counts[2])];
-        if (col < 0) return;
-        sheet.SetText(r, col, keys_[static_cast<std::size_t>(col - kFirstPatternCol)]);
-        sheet.SetBackColor(r, col, kPatternColour);
-    }
-
-private:
-    static constexpr std::size_t kCount = kLastPatternCol - kFirstPatternCol + 1;
-    std::array<int, 64> cols_;
-    std::array<std::string, kCount> headers_;
-    std::array<ReportSheet::TextKey, kCount> keys_;
-};
-
-// The colours of the list cells: the hit colours of the Hot, Warm and Cold lists, and the band
-// of the middle ranks, which a hit covers.
-struct ListColours {
-    std::array<ReportSheet::ColourKey, kClasses.size()> hits;
-    ReportSheet::ColourKey band;
-    explicit ListColours(ReportSheet& sheet)
-        : hits{sheet.PrepareColour(kHot.hitColour), sheet.PrepareColour(kWarm.hitColour),
-               sheet.PrepareColour(kCold.hitColour)},
-          band(sheet.PrepareColour(ranking_colours::kMiddleRanks)) {}
-};
-
 // Compares a drawing from row 8 on with the lists of its own row, which rest on the seven
-// drawings before it: paints the list cells its digits hit and marks its pattern. A digit drawn
-// twice counts twice; its list cell is painted once.
-void MarkPattern(ReportSheet& sheet, const PatternColumns& patterns, const ListColours& colours,
-                 int r) {
+// drawings before it: paints the list cells its digits hit and marks its pattern, the column whose
+// header is the numbers of Hot, Warm and Cold digits. A digit drawn twice counts twice; its list
+// cell is painted once. A list cell no digit hit keeps its colour, but for the band of the middle
+// ranks.
+void MarkPattern(ReportSheet& sheet, const std::vector<std::string>& patternHeaders, int r) {
     std::array<short, 3> digits{};
     for (int i = 0; i < 3; ++i)
         digits[static_cast<std::size_t>(i)] = sheet.CellNumber(r, ranking_cols::kFirstDigit + i);
-    ReportSheet::RowRun lists = sheet.Run(r, ranking_cols::kFirstRank, ranking_cols::kLastRank);
-    if (lists.Count() <= ranking_cols::kLastRank - ranking_cols::kFirstRank) return;
-    std::array<int, 3> counts{};
-    for (std::size_t k = 0; k < kClasses.size(); ++k) {
-        const DigitClass& cls = kClasses[k];
+    std::string pattern;
+    for (const DigitClass& cls : kClasses) {
+        int count = 0;
         for (int c = cls.firstCol; c < cls.firstCol + cls.size; ++c) {
-            const int i = c - ranking_cols::kFirstRank;
-            const short listed = lists.CellNumber(i);
-            const int hits = (digits[0] == listed ? 1 : 0) + (digits[1] == listed ? 1 : 0) +
-                             (digits[2] == listed ? 1 : 0);
-            counts[k] += hits;
-            // A cell no digit hit keeps its colour, but for the band of the middle ranks. Which
-            // digits were drawn is anybody's guess: the colour is picked without a branch.
-            const bool banded =
-                c >= ranking_cols::kFirstMiddleRank && c <= ranking_cols::kLastMiddleRank;
-            const ReportSheet::ColourKey missed = banded ? colours.band : lists.BackColour(i);
-            lists.SetBackColor(i, hits > 0 ? colours.hits[k] : missed);
+            const int hits =
+                static_cast<int>(std::count(digits.begin(), digits.end(), sheet.CellNumber(r, c)));
+            count += hits;
+            if (hits > 0)
+                sheet.SetBackColor(r, c, cls.hitColour);
+            else if (c >= ranking_cols::kFirstMiddleRank && c <= ranking_cols::kLastMiddleRank)
+                sheet.SetBackColor(r, c, ranking_colours::kMiddleRanks);
         }
+        pattern += static_cast<char>('0' + count);
     }
-    patterns.Mark(sheet, r, counts);
+    for (std::size_t i = 0; i < patternHeaders.size(); ++i) {
+        if (patternHeaders[i] != pattern) continue;
+        const int c = kFirstPatternCol + static_cast<int>(i);
+        sheet.SetText(r, c, pattern);
+        sheet.SetBackColor(r, c, kPatternColour);
+        return;
+    }
 }
 
 // --- Next Box numbers ----------------------------------------------------------------------
@@ -276,9 +226,10 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
-    const PatternColumns patterns(sheet);
-    SevenDrawingRanking ranking(sheet);
-    const ListColours listColours(sheet);
+    SevenDrawingRanking ranking;
+    std::vector<std::string> patternHeaders;  // as read back from row 0
+    for (int c = kFirstPatternCol; c <= kLastPatternCol; ++c)
+        patternHeaders.push_back(sheet.Text(0, c));
     // A row's lists rest on the rows above it only, so each row is worked whole while it is at
     // hand: its lists, the Warm band, and for a drawing with lists its pattern.
     FillSheet(
@@ -287,7 +238,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
             ranking.Rank(sheet, r);
             // The Warm digits are banded; a row with a pattern bands them with its hits.
             if (r > kRankingDrawings)
-                MarkPattern(sheet, patterns, listColours, r);
+                MarkPattern(sheet, patternHeaders, r);
             else
                 ShadeMiddleRanks(sheet, r);
         },

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
@@ -39,118 +38,57 @@ constexpr int kLastCarriedCol = 9;
 // Columns 4 to 6 make the first group, 7 to 9 the second, whatever position they stand for.
 constexpr int kLastFirstGroupCarriedCol = 6;
 
-// The longest text a mask cell gets: the stars, a digit as the sheet writes a number, "(YES)".
-using MaskBuffer = std::array<char, 48>;
-
-// The mask of `digit`, with "(YES)" after it on a hit, written into `out`.
-std::string_view MaskOf(const CarriedDigit& carried, std::string_view digit, bool hit,
-                        MaskBuffer& out) {
-    char* at = out.data();
-    for (char c : carried.before)
-        *at++ = c;
-    if (digit.size() == 1)  // nearly always
-        *at++ = digit[0];
-    else
-        at = std::copy(digit.begin(), digit.end(), at);
-    for (char c : carried.after)
-        *at++ = c;
-    if (hit) {
-        constexpr std::string_view kYes = "(YES)";
-        at = std::copy(kYes.begin(), kYes.end(), at);
-    }
-    return {out.data(), static_cast<std::size_t>(at - out.data())};
+// The mask of `digit`, with "(YES)" after it on a hit.
+std::string MaskOf(const CarriedDigit& carried, std::string_view digit, bool hit) {
+    std::string mask;
+    mask += carried.before;
+    mask += digit;
+    mask += carried.after;
+    if (hit) mask += "(YES)";
+    return mask;
 }
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-// The masks of the digits 0 to 9, without and with "(YES)", per carried column: nearly every
-// mask is one of them.
+// The masks of the digits 0 to 9, without and with "(YES)", per carried column.
 class MaskTable {
 public:
     MaskTable() {
-        MaskBuffer buffer;
         for (std::size_t k = 0; k < kCarried.size(); ++k)
             for (char d = '0'; d <= '9'; ++d)
                 for (bool hit : {false, true})
                     masks_[k][static_cast<std::size_t>(d - '0')][hit] =
-                        std::string(MaskOf(kCarried[k], {&d, 1}, hit, buffer));
+                        MaskOf(kCarried[k], std::string_view(&d, 1), hit);
     }
-    // The mask as text, for a digit of the table.
-    const std::string& Mask(std::size_t k, int digit, bool hit) const {
-        return masks_[k][static_cast<std::size_t>(digit)][hit];
+    // The mask of carried column k for the digit text `digit`, a digit 0 to 9 or any other.
+    std::string Mask(std::size_t k, std::string_view digit, bool hit) const {
+        if (digit.size() == 1 && digit[0] >= '0' && digit[0] <= '9')
+            return masks_[k][static_cast<std::size_t>(digit[0] - '0')][hit];
+        return MaskOf(kCarried[k], digit, hit);
     }
 
 private:
     std::array<std::array<std::array<std::string, 2>, 10>, kCarried.size()> masks_;
 };
 
-// The masks of the table made ready for one sheet, so that writing one is a store.
-class MaskKeys {
-public:
-    MaskKeys(ReportSheet& sheet, const MaskTable& masks) {
-        for (std::size_t k = 0; k < kCarried.size(); ++k)
-            for (int d = 0; d <= 9; ++d)
-                for (bool hit : {false, true})
-                    keys_[k][static_cast<std::size_t>(d)][hit] =
-                        sheet.Prepare(masks.Mask(k, d, hit));
-    }
-    // The key of the mask of `digit`, or nullptr for a digit the table lacks.
-    const ReportSheet::TextKey* Find(std::size_t k, std::string_view digit, bool hit) const {
-        if (digit.size() != 1 || !IsDigit(digit[0])) return nullptr;
-        return &keys_[k][static_cast<std::size_t>(digit[0] - '0')][hit];
-    }
-
-private:
-    std::array<std::array<std::array<ReportSheet::TextKey, 2>, 10>, kCarried.size()> keys_;
-};
-
-// Column 0's date: the number-to-text rule, which writes a date of plain digits without a leading
-// zero as it stands, after a blank. Empty when the date is not a number.
+// Column 0's date: the number-to-text rule. Empty when the date is not a number.
 void WriteDate(ReportSheet& sheet, int row, const std::string& date) {
-    constexpr std::size_t kPlainMax = 15;
-    if (!date.empty() && date.size() <= kPlainMax && (date[0] != '0' || date.size() == 1) &&
-        std::all_of(date.begin(), date.end(), IsDigit)) {
-        std::array<char, kPlainMax + 1> text;
-        text[0] = ' ';
-        date.copy(text.data() + 1, date.size());
-        sheet.SetText(row, 0, std::string_view(text.data(), date.size() + 1));
-    } else if (auto value = WholeNumber(date)) {
-        sheet.SetText(row, 0, NumberToText(*value));
-    }
+    if (auto value = WholeNumber(date)) sheet.SetText(row, 0, NumberToText(*value));
 }
 
 // The masks of row `row`, each compared with the digit of its position in the row. Compared as
 // texts: both cells hold numbers, alike exactly when their texts are.
-void MaskRow(ReportSheet& sheet, int row, const MaskKeys& keys) {
-    ReportSheet::NumberDigits digitText;
-    MaskBuffer mask;
-    std::array<int, kCarried.size()> hitCols;
-    std::size_t hits = 0;
+void MaskRow(ReportSheet& sheet, int row, const MaskTable& masks) {
     for (std::size_t k = 0; k < kCarried.size(); ++k) {
         const CarriedDigit& carried = kCarried[k];
-        const std::string_view digit = sheet.TextView(row, carried.col, digitText);
         const bool hit = sheet.SameText(row, carried.col, row, carried.positionCol);
-        if (const ReportSheet::TextKey* key = keys.Find(k, digit, hit))
-            sheet.SetText(row, carried.col, *key);
-        else
-            sheet.SetText(row, carried.col, MaskOf(carried, digit, hit, mask));
-        // Which digits come back is random: the hit cells are gathered and coloured together.
-        hitCols[hits] = carried.col;
-        hits += hit;
+        ReportSheet::NumberDigits digits;
+        sheet.SetText(row, carried.col,
+                      masks.Mask(k, sheet.TextView(row, carried.col, digits), hit));
+        if (hit) sheet.SetBackColor(row, carried.col, colours::kHit);
     }
-    sheet.SetBackColor(row, std::span(hitCols).first(hits), colours::kHit);
 }
 
 // The group texts of row `row`, by the colours its masks now show.
-struct GroupTexts {
-    ReportSheet::TextKey first;
-    ReportSheet::TextKey second;
-    ReportSheet::TextKey either;
-};
-
-void MarkGroups(ReportSheet& sheet, int row, const GroupTexts& texts) {
+void MarkGroups(ReportSheet& sheet, int row) {
     int first = 0;
     int second = 0;
     for (int c = kFirstCarriedCol; c <= kLastCarriedCol; ++c) {
@@ -160,9 +98,9 @@ void MarkGroups(ReportSheet& sheet, int row, const GroupTexts& texts) {
         else
             second += hit;
     }
-    if (first > 0) sheet.SetText(row, kFirstGroupCol, texts.first);
-    if (second > 0) sheet.SetText(row, kSecondGroupCol, texts.second);
-    if (first > 0 || second > 0) sheet.SetText(row, kEitherGroupCol, texts.either);
+    if (first > 0) sheet.SetText(row, kFirstGroupCol, "(1)+(2)+(3)YES");
+    if (second > 0) sheet.SetText(row, kSecondGroupCol, "(4)+(5)+(6)YES");
+    if (first > 0 || second > 0) sheet.SetText(row, kEitherGroupCol, "(1)-----(6)YES");
 }
 
 // The drawings as the frame's fill reads them, but with the date alone in column 0: writing each
@@ -180,12 +118,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     ResetSheet(sheet, drawCount, drawCount + 5, 4);
 
     static const MaskTable masks;
-    const MaskKeys keys(sheet, masks);
-    const GroupTexts groupTexts{.first = sheet.Prepare("(1)+(2)+(3)YES"),
-                                .second = sheet.Prepare("(4)+(5)+(6)YES"),
-                                .either = sheet.Prepare("(1)-----(6)YES")};
     drawings = drawings.first(static_cast<std::size_t>(drawCount));
-    sheet.ReserveLabels(drawings.size());
     ReadDrawings(drawings, [&](int row, const DrawRecord& record, CurrentDigits& digits) {
         WriteDate(sheet, row, record.date);
         for (std::size_t i = 0; i < 3; ++i)
@@ -195,8 +128,8 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         for (const CarriedDigit& carried : kCarried)
             sheet.SetNumber(row + 1, carried.col, sheet.CellNumber(row, carried.fromCol));
         if (row < 2) return;
-        MaskRow(sheet, row, keys);
-        MarkGroups(sheet, row, groupTexts);
+        MaskRow(sheet, row, masks);
+        MarkGroups(sheet, row);
     });
 
     HeadDigitColumns(sheet);
@@ -207,11 +140,8 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     // The next drawing's row always gets its masks; with no drawing nothing was carried there, so
     // they are masks of empty digits, the stars alone.
     const int next = drawCount + 1;
-    ReportSheet::NumberDigits digitText;
-    MaskBuffer mask;
     for (const CarriedDigit& carried : kCarried)
-        sheet.SetText(next, carried.col,
-                      MaskOf(carried, sheet.TextView(next, carried.col, digitText), false, mask));
+        sheet.SetText(next, carried.col, MaskOf(carried, sheet.Text(next, carried.col), false));
 
     sheet.SetTopRow(sheet.Rows() - 1);
 }

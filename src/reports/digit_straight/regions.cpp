@@ -1,11 +1,9 @@
+#include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "data/basic_text.h"
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "reports/report_registry.h"
@@ -89,64 +87,40 @@ constexpr RegionsChart kFourRegions{
     {51, kFourRegionTypes},
 };
 
-// A header run read back from row 0. A drawing's value is shown by writing, in the column
-// headed by the value, the header's own text.
+// A header run as read back from row 0 once. A drawing's value is shown by writing, in the
+// column headed by the value, the header's own text.
 class HeadedColumns {
 public:
-    HeadedColumns(ReportSheet& sheet, const HeaderRun& run) : firstCol_(run.firstCol) {
-        for (int i = 0; i < static_cast<int>(run.headers.size()); ++i) {
-            const int col = run.firstCol + i;
-            Header& header = headers_.emplace_back();
-            header.text = sheet.Text(0, col);
-            header.packed = PackedText(header.text);
-            header.number = sheet.HoldsNumber(0, col);
-            if (header.number) header.value = sheet.CellNumber(0, col);
-        }
-        // Made ready once the texts stand still: the keys view them.
-        for (Header& header : headers_)
-            header.key = sheet.Prepare(header.text);
+    HeadedColumns(const ReportSheet& sheet, const HeaderRun& run) : firstCol_(run.firstCol) {
+        for (int i = 0; i < static_cast<int>(run.headers.size()); ++i)
+            headers_.push_back(sheet.Text(0, run.firstCol + i));
     }
-    HeadedColumns(const HeadedColumns&) = delete;
-    HeadedColumns& operator=(const HeadedColumns&) = delete;
-
-    // Marks the columns headed `value`; nothing when no column has that header.
+    // Marks the first column headed `value`; nothing when no column has that header.
     void Mark(ReportSheet& sheet, int r, std::string_view value, Rgb colour) const {
-        const std::uint64_t packed = PackedText(value);
         for (std::size_t i = 0; i < headers_.size(); ++i) {
-            const bool same =
-                packed == kLongText ? headers_[i].text == value : headers_[i].packed == packed;
-            if (same) MarkAt(sheet, r, static_cast<int>(i), colour);
-        }
-    }
-    // Marks the columns headed by the plain decimal text of `value`.
-    void MarkNumber(ReportSheet& sheet, int r, int value, Rgb colour) const {
-        if (value < -32767 || value > 32766) {  // beyond what a header's number tells apart
-            char text[16];
-            const char* end = std::to_chars(text, text + sizeof text, value).ptr;
-            Mark(sheet, r, std::string_view(text, static_cast<std::size_t>(end - text)), colour);
+            if (headers_[i] != value) continue;
+            MarkAt(sheet, r, static_cast<int>(i), colour);
             return;
         }
-        // A plain decimal text is kept as a number: only a number header can be headed by it.
-        for (std::size_t i = 0; i < headers_.size(); ++i)
-            if (headers_[i].number && headers_[i].value == value)
-                MarkAt(sheet, r, static_cast<int>(i), colour);
     }
     // Marks the run's column `index`, counted from 0.
     void MarkAt(ReportSheet& sheet, int r, int index, Rgb colour) const {
-        sheet.SetText(r, firstCol_ + index, headers_[static_cast<std::size_t>(index)].key);
+        sheet.SetText(r, firstCol_ + index, headers_[static_cast<std::size_t>(index)]);
         sheet.SetBackColor(r, firstCol_ + index, colour);
     }
 
 private:
-    struct Header {
-        std::string text;
-        std::uint64_t packed = 0;  // PackedText of the text
-        bool number = false;       // a plain decimal text, kept by the sheet as `value`
-        short value = 0;
-        ReportSheet::TextKey key;  // the text made ready to be written
-    };
     int firstCol_;
-    std::vector<Header> headers_;
+    std::vector<std::string> headers_;
+};
+
+// The header runs a drawing is marked under.
+struct ChartColumns {
+    ChartColumns(const ReportSheet& sheet, const RegionsChart& chart)
+        : patterns(sheet, chart.patterns), sums(sheet, chart.sums), types(sheet, chart.types) {}
+    HeadedColumns patterns;
+    HeadedColumns sums;   // sorted codes only
+    HeadedColumns types;  // sorted codes only
 };
 
 void WriteHeaders(ReportSheet& sheet, const HeaderRun& run) {
@@ -187,64 +161,38 @@ int LastCol(const RegionBlock& region) {
 std::array<int, 4> MarkDrawnDigits(ReportSheet& sheet, const RegionsChart& chart, int r) {
     const auto drawn = DrawnDigits(sheet, r);
     std::array<int, 4> counts{};
-    // Which digits were drawn is anybody's guess: each column goes to the end of the list of
-    // found digits and only a found one stays there, with no branch.
-    std::array<int, 16> found;
-    std::size_t foundCount = 0;
     for (std::size_t k = 0; k < chart.regions.size(); ++k) {
         const RegionBlock& region = chart.regions[k];
         for (int c = region.firstCol; c <= LastCol(region); ++c) {
-            const short d = sheet.CellNumber(r, c);
-            const int times = (d == drawn[0]) + (d == drawn[1]) + (d == drawn[2]);
+            const int times =
+                static_cast<int>(std::count(drawn.begin(), drawn.end(), sheet.CellNumber(r, c)));
             counts[k] += times;
-            found[foundCount] = c;
-            foundCount += times > 0 ? 1 : 0;
+            if (times > 0) sheet.SetBackColor(r, c, colours::kFoundDigit);
         }
     }
-    sheet.SetBackColor(r, std::span<const int>(found.data(), foundCount), colours::kFoundDigit);
     return counts;
 }
 
 // The counts of the regions, in region order, are the pattern.
-void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart, const HeadedColumns& patterns,
+void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart, const ChartColumns& columns,
                       const std::array<int, 4>& counts, int r) {
-    char key[8];
+    std::string pattern;
     for (std::size_t k = 0; k < chart.regions.size(); ++k)
-        key[k] = static_cast<char>('0' + counts[k]);
-    patterns.Mark(sheet, r, std::string_view(key, chart.regions.size()), kPatternColour);
+        pattern += static_cast<char>('0' + counts[k]);
+    columns.patterns.Mark(sheet, r, pattern, kPatternColour);
 }
-
-// The header runs of the sorted-codes rule, read back from row 0.
-struct SortedCodeColumns {
-    SortedCodeColumns(ReportSheet& sheet, const RegionsChart& chart)
-        : patterns(sheet, chart.patterns), sums(sheet, chart.sums), types(sheet, chart.types) {}
-    HeadedColumns patterns;
-    HeadedColumns sums;
-    HeadedColumns types;
-};
 
 // The sorted codes a <= b <= c joined are the pattern; their sum picks a sum column; the type
 // says whether the digits lie in three regions, two or one.
-void MarkSortedCodes(ReportSheet& sheet, const RegionsChart& chart,
-                     const SortedCodeColumns& columns, int r) {
+void MarkSortedCodes(ReportSheet& sheet, const RegionsChart& chart, const ChartColumns& columns,
+                     int r) {
     const int sorted = chart.firstCodeCol + 3;
     const short a = sheet.CellNumber(r, sorted);
     const short b = sheet.CellNumber(r, sorted + 1);
     const short c = sheet.CellNumber(r, sorted + 2);
-
-    // Three single digits, the first not 0, join into a plain decimal text.
-    if (a >= 1 && a <= 9 && b >= 0 && b <= 9 && c >= 0 && c <= 9) {
-        columns.patterns.MarkNumber(sheet, r, a * 100 + b * 10 + c, kPatternColour);
-    } else {
-        char text[24];
-        char* end = text;
-        for (short code : {a, b, c})
-            end = std::to_chars(end, text + sizeof text, code).ptr;
-        columns.patterns.Mark(
-            sheet, r, std::string_view(text, static_cast<std::size_t>(end - text)), kPatternColour);
-    }
-    columns.sums.MarkNumber(sheet, r, a + b + c, kSumColour);
-
+    columns.patterns.Mark(sheet, r, std::to_string(a) + std::to_string(b) + std::to_string(c),
+                          kPatternColour);
+    columns.sums.Mark(sheet, r, std::to_string(a + b + c), kSumColour);
     const int type = c == a ? 2 : (b == a || c == b) ? 1 : 0;
     columns.types.MarkAt(sheet, r, type, kPatternColour);
 }
@@ -272,15 +220,14 @@ void Build(const RegionsChart& chart, std::span<const DrawRecord> drawings, Repo
     // The headers come first, so that every pass of a row can run while the row is at hand: no
     // pass reads another row than its own.
     WriteAllHeaders(sheet, chart);
+    const ChartColumns columns(sheet, chart);
     if (chart.rule == PatternRule::RegionCounts) {
-        const HeadedColumns patterns(sheet, chart.patterns);
         FillSheet(sheet, drawings, [&](int r, CurrentDigits&) {
             WriteRegionDigits(sheet, chart, r);
             const auto counts = MarkDrawnDigits(sheet, chart, r);
-            MarkRegionCounts(sheet, chart, patterns, counts, r);
+            MarkRegionCounts(sheet, chart, columns, counts, r);
         });
     } else {
-        const SortedCodeColumns columns(sheet, chart);
         FillSheet(sheet, drawings, [&](int r, CurrentDigits&) {
             WriteRegionDigits(sheet, chart, r);
             WriteRegionCodes(sheet, chart.firstCodeCol, r);

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
-#include <span>
 
 #include "frame/report_sheet.h"
 
@@ -36,10 +34,6 @@ inline constexpr Rgb kMiddleRanks = MakeRgb(249, 212, 194);
 
 using DigitCounts = std::array<short, 10>;
 
-// How often each digit occurs in `digits`. A value outside 0..9 has no counter and is passed
-// over, as a failed statement would be.
-DigitCounts CountDigits(std::span<const short> digits);
-
 // The ten digits ordered by count, highest first; equal counts go by the smaller digit first,
 // so a digit's place among equals depends on its value, never on when it came. Every digit has
 // a place, a digit with count 0 included.
@@ -50,22 +44,14 @@ std::array<short, 10> RankDigits(const DigitCounts& counts);
 // are written.
 class SevenDrawingRanking {
 public:
-    explicit SevenDrawingRanking(ReportSheet& sheet)
-        : byCount_{sheet.PrepareColour(ranking_colours::kSeldom),
-                   sheet.PrepareColour(ranking_colours::kSeldom),
-                   sheet.PrepareColour(ranking_colours::kTwice),
-                   sheet.PrepareColour(ranking_colours::kOften)} {}
-    // Takes the digits of columns 34..36 of row - 1, read back from the sheet, into the seven and
-    // lets the oldest go; from row 8 on writes the counts of the seven into columns 1..10 of
-    // `row`, colours those count cells, and writes the ranked digits into columns 12..21. Rows 1
-    // to 7 get nothing.
+    // Counts the digits of columns 34..36 of row - 1, read back from the sheet, and lets those of
+    // row - 8 go; from row 8 on writes the counts of the seven rows before `row` into columns
+    // 1..10 of `row`, colours those count cells, and writes the ranked digits into columns
+    // 12..21. Rows 1 to 7 get nothing.
     void Rank(ReportSheet& sheet, int row);
 
 private:
-    std::array<std::array<short, 3>, kRankingDrawings> window_{};
     DigitCounts counts_{};
-    // The colour of a count cell by its count, the last for every count above 2.
-    std::array<ReportSheet::ColourKey, 4> byCount_;
 };
 
 // Bands the four middle ranks, columns 15..18, of a row, ranked or not.

@@ -1,9 +1,7 @@
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "data/basic_text.h"
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "reports/report_registry.h"
@@ -104,83 +102,44 @@ void BuildRiseDownShape(std::span<const DrawRecord> drawings, ReportSheet& sheet
     sheet.SetTopRow(sheet.Rows() - 1);
 }
 
-// What a block writes on every row, made ready once: its two letters, the eight words they make
-// (PatternStrings, the first letter's places as 0 bits, H the highest), and the words of its
-// header as read back from row 0, against which each row's word is matched.
-class BlockTexts {
-public:
-    BlockTexts(ReportSheet& sheet, const WordBlock& block) : block_(block) {
-        const auto& words = PatternStrings(block.pair);
-        for (std::size_t w = 0; w < words.size(); ++w)
-            words_[w] = sheet.Prepare(words[w]);
-        letters_ = {sheet.Prepare(words.front().substr(0, 1)),
-                    sheet.Prepare(words.back().substr(0, 1))};
-        for (int w = 0; w < kWordCount; ++w) {
-            const auto i = static_cast<std::size_t>(w);
-            headers_[i] = sheet.Text(0, block.wordCol + kFirstWordOffset + w);
-            packedHeaders_[i] = PackedText(headers_[i]);
-            headerKeys_[i] = sheet.Prepare(headers_[i]);
-        }
+// Writes the letters of the digits and the word they make into row r, and colours the letters
+// marked.
+void WriteWord(ReportSheet& sheet, const WordBlock& block, int r,
+               const std::array<int, 3>& digits) {
+    std::string word;
+    for (int p = 0; p < 3; ++p) {
+        const char letter = DigitClassLetter(digits[static_cast<std::size_t>(p)], block.pair);
+        const int col = block.wordCol + 1 + p;
+        sheet.SetText(r, col, std::string_view(&letter, 1));
+        if (letter == block.markedLetter) sheet.SetBackColor(r, col, block.letterColour);
+        word += letter;
     }
-    BlockTexts(const BlockTexts&) = delete;  // the keys view the headers held here
-    BlockTexts& operator=(const BlockTexts&) = delete;
+    sheet.SetText(r, block.wordCol, word);
+}
 
-    // Writes the letters of the digits and the word they make into row r, and colours the
-    // letters marked.
-    void WriteWord(ReportSheet& sheet, int r, const std::array<int, 3>& digits) const {
-        // Which letters are marked is anybody's guess: each column goes to the end of the list
-        // and only a marked one stays there, with no branch.
-        std::array<int, 3> marked;
-        std::size_t markedCount = 0;
-        std::size_t word = 0;
-        bool madeReady = true;  // every letter one of the two made ready
-        std::array<char, 3> letters;
-        for (std::size_t p = 0; p < letters.size(); ++p) {
-            const char letter = DigitClassLetter(digits[p], block_.pair);
-            const bool second = letter == letters_[1].text[0];
-            madeReady = madeReady && (second || letter == letters_[0].text[0]);
-            const int col = block_.wordCol + 1 + static_cast<int>(p);
-            sheet.SetText(r, col, letters_[second ? 1 : 0]);
-            marked[markedCount] = col;
-            markedCount += letter == block_.markedLetter ? 1 : 0;
-            word = word * 2 + (second ? 1 : 0);
-            letters[p] = letter;
-        }
-        sheet.SetBackColor(r, std::span<const int>(marked.data(), markedCount),
-                           block_.letterColour);
-        if (madeReady) {
-            sheet.SetText(r, block_.wordCol, words_[word]);
-        } else {
-            for (std::size_t p = 0; p < letters.size(); ++p)
-                sheet.SetText(r, block_.wordCol + 1 + static_cast<int>(p),
-                              std::string_view(&letters[p], 1));
-            sheet.SetText(r, block_.wordCol, std::string_view(letters.data(), letters.size()));
-        }
+// The words of a block's header, as read back from row 0 once.
+using WordHeaders = std::array<std::string, kWordCount>;
+
+WordHeaders ReadWordHeaders(const ReportSheet& sheet, const WordBlock& block) {
+    WordHeaders headers;
+    for (int w = 0; w < kWordCount; ++w)
+        headers[static_cast<std::size_t>(w)] = sheet.Text(0, block.wordCol + kFirstWordOffset + w);
+    return headers;
+}
+
+// Marks the word column whose header equals the word of row r, read back from its cell.
+void MarkWord(ReportSheet& sheet, const WordBlock& block, const WordHeaders& headers, int r) {
+    ReportSheet::NumberDigits digits;
+    const std::string_view word = sheet.TextView(r, block.wordCol, digits);
+    for (int w = 0; w < kWordCount; ++w) {
+        const std::string& header = headers[static_cast<std::size_t>(w)];
+        if (header != word) continue;
+        const int col = block.wordCol + kFirstWordOffset + w;
+        sheet.SetText(r, col, header);
+        sheet.SetBackColor(r, col, block.wordColour);
+        return;
     }
-
-    // Marks the word columns whose header equals the word of row r, read back from its cell.
-    void MarkWord(ReportSheet& sheet, int r) const {
-        ReportSheet::NumberDigits digits;
-        const std::string_view word = sheet.TextView(r, block_.wordCol, digits);
-        const std::uint64_t packed = PackedText(word);
-        for (std::size_t w = 0; w < headers_.size(); ++w) {
-            const bool same =
-                packed == kLongText ? headers_[w] == word : packedHeaders_[w] == packed;
-            if (!same) continue;
-            const int col = block_.wordCol + kFirstWordOffset + static_cast<int>(w);
-            sheet.SetText(r, col, headerKeys_[w]);
-            sheet.SetBackColor(r, col, block_.wordColour);
-        }
-    }
-
-private:
-    const WordBlock& block_;
-    std::array<ReportSheet::TextKey, 2> letters_;
-    std::array<ReportSheet::TextKey, kWordCount> words_;
-    std::array<std::string, kWordCount> headers_;
-    std::array<std::uint64_t, kWordCount> packedHeaders_;
-    std::array<ReportSheet::TextKey, kWordCount> headerKeys_;
-};
+}
 
 void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     // The header is written before the drawings are counted: the sheet starts as its header row.
@@ -204,11 +163,9 @@ void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet&
     for (int c = kStoreCol; c < kStoreCol + 3; ++c)
         sheet.SetColWidth(c, 2);
 
-    const BlockTexts oddEven(sheet, kWordBlocks[0]);
-    const BlockTexts bigSmall(sheet, kWordBlocks[1]);
-    const BlockTexts primeComposite(sheet, kWordBlocks[2]);
-    const std::array<const BlockTexts*, kWordBlocks.size()> blocks{&oddEven, &bigSmall,
-                                                                   &primeComposite};
+    std::array<WordHeaders, kWordBlocks.size()> headers;
+    for (std::size_t b = 0; b < kWordBlocks.size(); ++b)
+        headers[b] = ReadWordHeaders(sheet, kWordBlocks[b]);
     // Row by row, while its cells are at hand: the letters and the words from the digits read
     // back, then each word read back and matched.
     StartSecondLoadOrder(drawings, sheet, {kStoreCol, kStoreCol + 1, kStoreCol + 2},
@@ -216,10 +173,10 @@ void BuildStraightNumberShape(std::span<const DrawRecord> drawings, ReportSheet&
                              const std::array<int, 3> digits{sheet.CellNumber(r, kStoreCol),
                                                              sheet.CellNumber(r, kStoreCol + 1),
                                                              sheet.CellNumber(r, kStoreCol + 2)};
-                             for (const BlockTexts* block : blocks)
-                                 block->WriteWord(sheet, r, digits);
-                             for (const BlockTexts* block : blocks)
-                                 block->MarkWord(sheet, r);
+                             for (const WordBlock& block : kWordBlocks)
+                                 WriteWord(sheet, block, r, digits);
+                             for (std::size_t b = 0; b < kWordBlocks.size(); ++b)
+                                 MarkWord(sheet, kWordBlocks[b], headers[b], r);
                          });
     sheet.SetTopRow(sheet.Rows() - 1);
 }

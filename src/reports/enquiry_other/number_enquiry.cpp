@@ -1,9 +1,7 @@
 #include "reports/enquiry_other/number_enquiry.h"
 
-#include <algorithm>
-#include <charconv>
 #include <span>
-#include <unordered_map>
+#include <string>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -44,17 +42,10 @@ constexpr const NumberEnquiry* kEnquiries[] = {&kStraight, &kBox};
 // The three digits written one after the other, each as the number it was read as, into the
 // key cell.
 void SetKey(ReportSheet& sheet, int row, const CurrentDigits& digits) {
-    const bool singleDigits =
-        std::all_of(digits.begin(), digits.end(), [](short d) { return d >= 0 && d <= 9; });
-    if (singleDigits && digits[0] != 0) {  // a plain number, which the sheet keeps as one
-        sheet.SetNumber(row, kKeyCol, digits[0] * 100 + digits[1] * 10 + digits[2]);
-        return;
-    }
-    char buffer[24];
-    char* end = buffer;
+    std::string key;
     for (short d : digits)
-        end = std::to_chars(end, buffer + sizeof buffer, d).ptr;
-    sheet.SetText(row, kKeyCol, std::string_view(buffer, static_cast<std::size_t>(end - buffer)));
+        key += std::to_string(d);
+    sheet.SetText(row, kKeyCol, key);
 }
 
 // The window as it opens: the history with each drawing's key, no ticket columns yet.
@@ -80,26 +71,19 @@ void LoadHistory(const NumberEnquiry& enquiry, std::span<const DrawRecord> drawi
 // Marks each ticket column, and "Gather", in the rows whose key is the ticket as a number; the
 // tickets are read back from the header, as typed, so a Box ticket out of order never hits.
 void MarkHits(ReportSheet& sheet, int gatherCol) {
-    // The ticket columns by number, so that a row finds its hits without trying every ticket:
-    // the first column of each number, and per column the next one of the same number.
-    constexpr int kNone = -1;
-    std::unordered_map<short, int> firstOfNumber;
-    std::vector<int> nextOfNumber(static_cast<std::size_t>(gatherCol), kNone);
-    for (int c = gatherCol - 1; c >= kFirstTicketCol; --c) {
-        auto [it, added] = firstOfNumber.try_emplace(sheet.CellNumber(0, c), c);
-        if (!added) {
-            nextOfNumber[static_cast<std::size_t>(c)] = it->second;
-            it->second = c;
-        }
-    }
+    std::vector<short> tickets;
+    for (int c = kFirstTicketCol; c < gatherCol; ++c)
+        tickets.push_back(sheet.CellNumber(0, c));
     const int drawCount = sheet.DrawCount();
-    const ReportSheet::TextKey marker = sheet.Prepare(kHitMarker);
     for (int r = 1; r <= drawCount; ++r) {
-        auto it = firstOfNumber.find(sheet.CellNumber(r, kKeyCol));
-        if (it == firstOfNumber.end()) continue;
-        for (int c = it->second; c != kNone; c = nextOfNumber[static_cast<std::size_t>(c)])
-            sheet.SetText(r, c, marker);
-        sheet.SetText(r, gatherCol, marker);
+        const short key = sheet.CellNumber(r, kKeyCol);
+        bool hit = false;
+        for (std::size_t i = 0; i < tickets.size(); ++i) {
+            if (tickets[i] != key) continue;
+            sheet.SetText(r, kFirstTicketCol + static_cast<int>(i), kHitMarker);
+            hit = true;
+        }
+        if (hit) sheet.SetText(r, gatherCol, kHitMarker);
     }
 }
 

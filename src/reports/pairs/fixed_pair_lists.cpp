@@ -1,4 +1,3 @@
-#include <array>
 #include <string>
 #include <string_view>
 
@@ -46,24 +45,20 @@ void Build(std::span<const std::string_view> pairs, std::span<const DrawRecord> 
 
     // The pairs are whatever the header row says.
     const HeaderColumns list(sheet, kFirstListCol, kCols - 1, /*trim=*/false);
-    std::array<ReportSheet::TextKey, kCols - kFirstListCol> headers;
-    for (int c = kFirstListCol; c < kCols; ++c)
-        headers[static_cast<std::size_t>(c - kFirstListCol)] = sheet.Prepare(list.Header(c));
-    PairTextWriter pairTexts(sheet);
     FillSheet(sheet, drawings, [&](int row, CurrentDigits& digits) {
         sheet.SetNumber(row, kSumCol, SumOf(digits));
         sheet.SetBackColor(row, kSumCol, colours::kSumWidth);
         SortDigits(digits);
         sheet.SetNumber(row, kWidthCol, digits[2] - digits[0]);
-        pairTexts.Set(row, 6, digits[0], digits[1]);
-        pairTexts.Set(row, 7, digits[0], digits[2]);
-        pairTexts.Set(row, 8, digits[1], digits[2]);
+        SetPairText(sheet, row, kFirstPairCol, digits[0], digits[1]);
+        SetPairText(sheet, row, kFirstPairCol + 1, digits[0], digits[2]);
+        SetPairText(sheet, row, kLastPairCol, digits[1], digits[2]);
         // The pairs read back from their cells, against the list.
-        ReportSheet::NumberDigits text;
         for (int p = kFirstPairCol; p <= kLastPairCol; ++p) {
-            const int c = list.Find(sheet.TextView(row, p, text));
+            ReportSheet::NumberDigits digits;
+            const int c = list.Find(sheet.TextView(row, p, digits));
             if (c < 0) continue;
-            sheet.SetText(row, c, headers[static_cast<std::size_t>(c - kFirstListCol)]);
+            sheet.SetText(row, c, list.Header(c));
             sheet.SetBackColor(row, c, colours::kHit);
         }
     });

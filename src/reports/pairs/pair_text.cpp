@@ -1,6 +1,7 @@
 #include "reports/pairs/pair_text.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "data/basic_text.h"
 
@@ -26,33 +27,12 @@ std::string PairText(int first, int second) {
     return std::to_string(first) + std::to_string(second);
 }
 
-constexpr std::string_view kLeadingZero[10] = {"00", "01", "02", "03", "04",
-                                               "05", "06", "07", "08", "09"};
-
 void SetPairText(ReportSheet& sheet, int row, int col, int first, int second) {
     if (second < first) std::swap(first, second);
-    if (first < 0 || second > 9)
-        sheet.SetText(row, col, PairText(first, second));
-    else if (first == 0)
-        sheet.SetText(row, col, kLeadingZero[second]);
-    else
+    if (first >= 1 && second <= 9)
         sheet.SetNumber(row, col, first * 10 + second);
-}
-
-PairTextWriter::PairTextWriter(ReportSheet& sheet) : sheet_(sheet) {
-    // The texts the keys view: "00" to "99".
-    static constexpr auto kTexts = [] {
-        std::array<std::array<char, 2>, 100> texts{};
-        for (std::size_t i = 0; i < texts.size(); ++i)
-            texts[i] = {static_cast<char>('0' + i / 10), static_cast<char>('0' + i % 10)};
-        return texts;
-    }();
-    for (std::size_t first = 0; first <= 9; ++first) {
-        for (std::size_t second = 0; second <= 9; ++second) {
-            const auto& text = kTexts[std::min(first, second) * 10 + std::max(first, second)];
-            pairs_[first * 10 + second] = sheet.Prepare(std::string_view(text.data(), text.size()));
-        }
-    }
+    else
+        sheet.SetText(row, col, PairText(first, second));
 }
 
 HeaderColumns::HeaderColumns(const ReportSheet& sheet, int firstCol, int lastCol, bool trim)

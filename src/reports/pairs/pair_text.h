@@ -3,7 +3,6 @@
 #include <array>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "frame/report_sheet.h"
@@ -16,33 +15,6 @@ std::string PairText(int first, int second);
 // Writes PairText(first, second) into a cell. A pair such as "27" reads as a plain number and is
 // kept as one by the sheet whichever way it is written; it is written as one here, which is faster.
 void SetPairText(ReportSheet& sheet, int row, int col, int first, int second);
-
-// SetPairText for a pass that writes pairs into many cells: the pair texts of digits 0 to 9 are
-// made ready once, by the two digits in either order, so that each is written as a store with
-// no branch on which digit is the smaller.
-class PairTextWriter {
-public:
-    explicit PairTextWriter(ReportSheet& sheet);
-    // Writes PairText(first, second) into a cell.
-    void Set(int row, int col, int first, int second) {
-        if (static_cast<unsigned>(first) <= 9 && static_cast<unsigned>(second) <= 9)
-            sheet_.SetText(row, col, pairs_[static_cast<std::size_t>(first * 10 + second)]);
-        else
-            sheet_.SetText(row, col, PairText(first, second));
-    }
-
-    // Writes PairText(first, second) into cell i of a run.
-    void Set(ReportSheet::RowRun& cells, int i, int first, int second) {
-        if (static_cast<unsigned>(first) <= 9 && static_cast<unsigned>(second) <= 9)
-            cells.SetText(i, pairs_[static_cast<std::size_t>(first * 10 + second)]);
-        else
-            sheet_.SetText(cells.Row(), cells.Col(i), PairText(first, second));
-    }
-
-private:
-    ReportSheet& sheet_;
-    std::array<ReportSheet::TextKey, 100> pairs_;  // by first * 10 + second
-};
 
 // The columns of a header row range, looked up by their header text.
 class HeaderColumns {

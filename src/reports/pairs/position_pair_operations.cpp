@@ -1,5 +1,4 @@
 #include <array>
-#include <charconv>
 #include <cstdlib>
 #include <span>
 #include <string>
@@ -73,16 +72,13 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.SetDrawCount(drawCount);
     sheet.SetRowsPerDrawing(kRowsPerDrawing);
     sheet.SetRows(kRowsPerDrawing * drawCount + 3);  // the last two rows stay empty
-    sheet.ReserveLabels(static_cast<std::size_t>(kRowsPerDrawing * drawCount));
-    std::string label;
     ReadDrawings(drawings, [&](int n, const DrawRecord& record, CurrentDigits& digits) {
         const int first = kRowsPerDrawing * (n - 1) + 1;
-        const std::size_t drawingLabel = (label = DrawingLabel(record)).size();
+        const std::string label = DrawingLabel(record);
         for (int i = 0; i < kRowsPerDrawing; ++i) {
             const int r = first + i;
-            label.resize(drawingLabel);
-            label += kPositionPairs[static_cast<std::size_t>(i)].label;
-            sheet.SetText(r, 0, label);
+            sheet.SetText(r, 0,
+                          label + std::string(kPositionPairs[static_cast<std::size_t>(i)].label));
             for (int p = 0; p < 3; ++p)
                 sheet.SetNumber(r, kFirstDigitCol + p, digits[static_cast<std::size_t>(p)]);
         }
@@ -132,39 +128,24 @@ void WriteHeader(ReportSheet& sheet) {
         sheet.SetNumber(0, kFirstUnitsCol + u, u);
 }
 
-// Each pair goes behind what its column already holds, as "74;", in the order of the positions.
-// A column's pairs are put together first and written once.
+// Each pair goes into the column of the units of its product, as "74;", behind the pairs of
+// earlier positions that fell there too.
 void PlacePairs(ReportSheet& sheet, int r, const CurrentDigits& digits) {
-    // Room for three pairs of two 16-bit numbers, each with its ";".
-    struct ColumnText {
-        std::array<char, 3 * 13> chars;
-        std::size_t size = 0;
-    };
-    std::array<ColumnText, 10> texts;
-    std::array<int, kPositionPairs.size()> units{};
-    for (std::size_t i = 0; i < kPositionPairs.size(); ++i) {
-        const int x = digits[static_cast<std::size_t>(kPositionPairs[i].first)];
-        const int y = digits[static_cast<std::size_t>(kPositionPairs[i].second)];
-        units[i] = std::abs(x * y) % 10;
-        ColumnText& text = texts[static_cast<std::size_t>(units[i])];
-        char* at = text.chars.data() + text.size;
-        char* const end = text.chars.data() + text.chars.size();
-        at = std::to_chars(at, end, x).ptr;
-        at = std::to_chars(at, end, y).ptr;
-        *at++ = ';';
-        text.size = static_cast<std::size_t>(at - text.chars.data());
+    std::array<std::string, 10> pairsByUnits;
+    for (const PositionPair& pair : kPositionPairs) {
+        const int x = digits[static_cast<std::size_t>(pair.first)];
+        const int y = digits[static_cast<std::size_t>(pair.second)];
+        std::string& pairs = pairsByUnits[static_cast<std::size_t>(std::abs(x * y) % 10)];
+        pairs += std::to_string(x);
+        pairs += std::to_string(y);
+        pairs += ';';
     }
-    for (int u : units) {
-        ColumnText& text = texts[static_cast<std::size_t>(u)];
-        if (text.size == 0) continue;  // written with an earlier pair of the same column
+    for (int u = 0; u <= 9; ++u) {
+        const std::string& pairs = pairsByUnits[static_cast<std::size_t>(u)];
+        if (pairs.empty()) continue;
         const int col = kFirstUnitsCol + u;
-        const std::string_view pairs(text.chars.data(), text.size);
-        if (sheet.IsEmpty(r, col))
-            sheet.SetText(r, col, pairs);
-        else
-            sheet.SetText(r, col, sheet.Text(r, col).append(pairs));
+        sheet.SetText(r, col, pairs);
         sheet.SetBackColor(r, col, kPairColour);
-        text.size = 0;
     }
 }
 

@@ -1,5 +1,4 @@
 #include <array>
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -65,41 +64,34 @@ void LayOut(ReportSheet& sheet) {
     sheet.SetColWidth(kHitCol, 560);
 }
 
-// The pair columns of a row from the digits of their rank columns, read back from the row once.
-void WriteRecommendedPairs(ReportSheet& sheet, PairTextWriter& pairs, int r) {
+// The pair columns of a row from the digits of their rank columns, read back from the row.
+void WriteRecommendedPairs(ReportSheet& sheet, int r) {
     using ranking_cols::kFirstRank;
-    ReportSheet::RowRun cells = sheet.Run(r, kFirstRank, kLastPairCol);
-    if (cells.Count() <= kLastPairCol - kFirstRank) return;
-    std::array<short, ranking_cols::kLastRank - kFirstRank + 1> digits{};
-    for (std::size_t i = 0; i < digits.size(); ++i)
-        digits[i] = cells.CellNumber(static_cast<int>(i));
+    std::array<short, ranking_cols::kLastRank - kFirstRank + 1> ranked{};
+    for (std::size_t i = 0; i < ranked.size(); ++i)
+        ranked[i] = sheet.CellNumber(r, kFirstRank + static_cast<int>(i));
     for (std::size_t i = 0; i < kRankPairs.size(); ++i) {
-        pairs.Set(cells, kFirstPairCol - kFirstRank + static_cast<int>(i),
-                  digits[static_cast<std::size_t>(kRankPairs[i].first - kFirstRank)],
-                  digits[static_cast<std::size_t>(kRankPairs[i].second - kFirstRank)]);
+        SetPairText(sheet, r, kFirstPairCol + static_cast<int>(i),
+                    ranked[static_cast<std::size_t>(kRankPairs[i].first - kFirstRank)],
+                    ranked[static_cast<std::size_t>(kRankPairs[i].second - kFirstRank)]);
     }
 }
 
 // Each pair of the drawing against each recommended pair of its row: a match is red, and the
-// row is marked once however many match. Which pairs match is anybody's guess: the columns are
-// gathered without a branch.
-void JudgePairs(ReportSheet& sheet, const ReportSheet::TextKey& hitMarker, int r) {
-    const ReportSheet::RowRun cells = sheet.Run(r, kFirstPairCol, kLastDrawnPairCol);
-    if (cells.Count() <= kLastDrawnPairCol - kFirstPairCol) return;
-    constexpr int kDrawn = kFirstDrawnPairCol - kFirstPairCol;
-    std::array<int, kLastPairCol - kFirstPairCol + 1> hitCols;
-    std::size_t hitCount = 0;
-    for (int i = 0; i <= kLastPairCol - kFirstPairCol; ++i) {
-        const bool same = cells.SameText(i, kDrawn) | cells.SameText(i, kDrawn + 1) |
-                          cells.SameText(i, kDrawn + 2);
-        // Each column takes the next place of the list, which only a match keeps.
-        hitCols[hitCount] = kFirstPairCol + i;
-        hitCount += same ? 1 : 0;
+// row is marked once however many match.
+void JudgePairs(ReportSheet& sheet, int r) {
+    bool hit = false;
+    for (int c = kFirstPairCol; c <= kLastPairCol; ++c) {
+        for (int drawn = kFirstDrawnPairCol; drawn <= kLastDrawnPairCol; ++drawn) {
+            if (!sheet.SameText(r, c, r, drawn)) continue;
+            sheet.SetBackColor(r, c, colours::kHit);
+            hit = true;
+            break;
+        }
     }
-    if (hitCount == 0) return;
-    sheet.SetBackColor(r, std::span<const int>(hitCols.data(), hitCount), colours::kHit);
+    if (!hit) return;
     sheet.SetBackColor(r, kHitCol, kHitMarkerColour);
-    sheet.SetText(r, kHitCol, hitMarker);
+    sheet.SetText(r, kHitCol, kHitMarker);
 }
 
 void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
@@ -109,26 +101,24 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
 
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
-    PairTextWriter pairs(sheet);
-    const ReportSheet::TextKey hitMarker = sheet.Prepare(kHitMarker);
-    SevenDrawingRanking ranking(sheet);
+    SevenDrawingRanking ranking;
     // A row's ranking rests on the rows above it only, so each row is worked whole while it is at
     // hand: its ranking, its recommended pairs and, for a drawing, their judgement.
     auto recommend = [&](int r) {
         ranking.Rank(sheet, r);
         ShadeMiddleRanks(sheet, r);
-        if (r >= kFirstPairRow) WriteRecommendedPairs(sheet, pairs, r);
+        if (r >= kFirstPairRow) WriteRecommendedPairs(sheet, r);
     };
     FillSheet(
         sheet, drawings,
         [&](int r, CurrentDigits& digits) {
             SortDigits(digits);
             const auto [a, b, c] = digits;
-            pairs.Set(r, kFirstDrawnPairCol, a, b);
-            pairs.Set(r, kFirstDrawnPairCol + 1, a, c);
-            pairs.Set(r, kLastDrawnPairCol, b, c);
+            SetPairText(sheet, r, kFirstDrawnPairCol, a, b);
+            SetPairText(sheet, r, kFirstDrawnPairCol + 1, a, c);
+            SetPairText(sheet, r, kLastDrawnPairCol, b, c);
             recommend(r);
-            if (r >= kFirstPairRow) JudgePairs(sheet, hitMarker, r);
+            if (r >= kFirstPairRow) JudgePairs(sheet, r);
         },
         DigitColumns{ranking_cols::kFirstDigit, ranking_cols::kFirstDigit + 1,
                      ranking_cols::kFirstDigit + 2});

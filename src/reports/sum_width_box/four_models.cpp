@@ -1,7 +1,6 @@
 #include <array>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
@@ -39,36 +38,27 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         sheet.SetText(0, c, kModels[c - kFirstModelCol]);
 
     // A drawing hits the model whose header is its own pair of tallies; three Big, three Small,
-    // three Odd or three Even digits match no header. A tally depends only on how many digits
-    // have the pair's first letter, so the headers are compared once per pair of counts.
-    std::vector<std::string> models;
-    for (int c = kFirstModelCol; c <= kLastModelCol; ++c)
-        models.push_back(sheet.Text(0, c));
-    struct Hits {
-        bool known = false;
-        std::vector<int> cols;
-    };
-    std::array<Hits, 16> hitsByCounts;
-    const ReportSheet::TextKey hitMarker = sheet.Prepare(kHitMarker);
+    // three Odd or three Even digits match no header. The tallies depend only on how many digits
+    // are Small and how many Even, so each pair of tallies is written out once.
+    std::array<std::string, 16> talliesByCounts;
     FillSheet(sheet, drawings, [&](int r, CurrentDigits&) {
         const CurrentDigits digits = {sheet.CellNumber(r, 1), sheet.CellNumber(r, 2),
                                       sheet.CellNumber(r, 3)};
         int small = 0;
         int even = 0;
         for (short digit : digits) {
-            small += DigitClassLetter(digit, ClassPair::BigSmall) == 'S';
-            even += DigitClassLetter(digit, ClassPair::OddEven) == 'E';
+            if (DigitClassLetter(digit, ClassPair::BigSmall) == 'S') ++small;
+            if (DigitClassLetter(digit, ClassPair::OddEven) == 'E') ++even;
         }
-        Hits& hits = hitsByCounts[static_cast<std::size_t>(small * 4 + even)];
-        if (!hits.known) {
-            const std::string tallies = TallyString(digits, ClassPair::BigSmall) + ';' +
-                                        TallyString(digits, ClassPair::OddEven);
-            for (std::size_t i = 0; i < models.size(); ++i)
-                if (models[i] == tallies) hits.cols.push_back(kFirstModelCol + static_cast<int>(i));
-            hits.known = true;
+        std::string& tallies = talliesByCounts[static_cast<std::size_t>(small * 4 + even)];
+        if (tallies.empty())
+            tallies = TallyString(digits, ClassPair::BigSmall) + ';' +
+                      TallyString(digits, ClassPair::OddEven);
+        for (int c = kFirstModelCol; c <= kLastModelCol; ++c) {
+            if (!sheet.TextIs(0, c, tallies)) continue;
+            sheet.SetText(r, c, kHitMarker);
+            break;
         }
-        for (int c : hits.cols)
-            sheet.SetText(r, c, hitMarker);
     });
     FinishLoad(sheet);
     FillMissCountersAndStatisticRows(sheet, kLastModelCol, kHitMarker, AverageRule::EmptyWhenNoHit,
