@@ -162,141 +162,6 @@ public:
         return Contains(row, col) ? palette_[CellData()[Index(row, col)].fore] : kDefaultColour;
     }
 
-    // --- TRANSITIONAL, goes once every report writes plain cells ---------------------------
-    // Room for a new label of `size` characters (1 to TextPool::kRoomMax) in column 0 of `row`,
-    // below the header, for the caller to fill in full with a text that is not a plain number;
-    // nullptr when the cell is outside the sheet or holds a text already.
-    char* NewLabelRoom(int row, std::size_t size) {
-        if (row <= 0 || row >= rows_ || cols_ == 0) return nullptr;
-        std::uint32_t& cell = CellData()[Index(row, 0)].text;
-        return cell == 0 ? pool_.AddLooseRoom(size, cell) : nullptr;
-    }
-    // Makes room for `count` more labels (column 0 texts below the header).
-    void ReserveLabels(std::size_t count) { pool_.ReserveLoose(count); }
-    // A text looked up once, for passes that compare many cells with it (TallyColumns): the
-    // handle that every cell holding exactly that text has, but a label.
-    struct TextKey {
-        std::uint32_t handle = 0;
-        std::string_view text;
-    };
-    TextKey KeyOf(std::string_view text) const;
-    // A back colour made ready (PrepareColour, below).
-    struct ColourKey {
-        std::uint16_t index = 0;
-    };
-    // A text made ready once for a pass that writes it into many cells, such as a hit marker:
-    // each SetText with the key is then a store. `text` must outlive the key, and the key is
-    // valid until DropUnusedTexts.
-    TextKey Prepare(std::string_view text) { return {TextHandle(text), text}; }
-    void SetText(int row, int col, const TextKey& text) {
-        if (!Contains(row, col)) return;
-        std::uint32_t& cell = CellData()[Index(row, col)].text;
-        if (col == 0 && row > 0) return SetText(row, col, text.text);  // labels: the general way
-        // A text written over another may leave that one unused: counted for DropUnusedTexts.
-        if (cell != 0 && cell != text.handle && !(cell & kNumberTag)) ++replacedTexts_;
-        cell = text.handle;
-    }
-
-    // True when the cell holds what SetText with `key` writes, its text then being the key's
-    // (a label cell may hold the same text without this): one comparison, for passes that know
-    // which text to expect.
-    bool Holds(int row, int col, const TextKey& key) const {
-        return key.handle != 0 && Handle(row, col) == key.handle;
-    }
-
-    // A run of cells of one row, for passes that walk many cells: the row and the columns are
-    // checked once, when the run is taken, not at every cell. Cell i is column firstCol + i;
-    // columns beyond the sheet are left out, and a row outside it gives an empty run. A run is
-    // valid until the sheet is resized.
-    class RowRun {
-    public:
-        int Count() const { return count_; }
-        int Row() const { return row_; }
-        int Col(int i) const { return firstCol_ + i; }
-        bool IsEmpty(int i) const { return cells_[i].text == 0; }
-        // True when the cell holds a number as SetNumber writes it; such a cell is never exactly
-        // a text that does not start with a digit or "-".
-        bool HoldsNumber(int i) const { return (cells_[i].text & kNumberTag) != 0; }
-        bool TextIs(int i, std::string_view text) const {
-            return sheet_->HandleIs(cells_[i].text, text);
-        }
-        short CellNumber(int i) const { return sheet_->HandleNumber(cells_[i].text); }
-        // CellNumber of a cell that HoldsNumber, and 0 for any other cell, without a branch: for
-        // passes over cells whose kind is anybody's guess.
-        short NumberOrZero(int i) const {
-            const std::uint32_t h = cells_[i].text;
-            const long v = std::clamp(InlineValue(h), -32768L, 32767L);
-            // By a mask: a choice is compiled to a branch here.
-            const long numberMask = -static_cast<long>(h >> 31);  // all ones for a number
-            return static_cast<short>(v & numberMask);
-        }
-        // True when two cells of the run hold the same text, as SameText says.
-        bool SameText(int i, int j) const {
-            const std::uint32_t a = cells_[i].text;
-            const std::uint32_t b = cells_[j].text;
-            // Only column 0 below the header holds a label, which may match a text of its own.
-            // Whether cells match is often anybody's guess: no branch on it.
-            const bool label = firstCol_ == 0 && row_ > 0 && (i == 0 || j == 0);
-            return (a == b) | (label && sheet_->SameLabelText(a, b));
-        }
-        // True when the cell holds what SetText with `key` writes, as ReportSheet::Holds says.
-        bool Holds(int i, const TextKey& key) const {
-            return key.handle != 0 && cells_[i].text == key.handle;
-        }
-        // TextIs for a text made ready with Prepare.
-        bool TextIs(int i, const TextKey& text) const {
-            const std::uint32_t h = cells_[i].text;
-            const bool label = firstCol_ + i == 0 && row_ > 0;
-            return (h == text.handle) | (label && sheet_->HandleIs(h, text.text));
-        }
-        void SetText(int i, const TextKey& text) {
-            if (firstCol_ + i == 0 && row_ > 0) return sheet_->SetText(row_, 0, text);
-            if (cells_[i].text != 0 && cells_[i].text != text.handle &&
-                !(cells_[i].text & kNumberTag))
-                ++sheet_->replacedTexts_;
-            cells_[i].text = text.handle;
-        }
-        ColourKey BackColour(int i) const { return {cells_[i].back}; }
-        void SetBackColor(int i, ColourKey colour) { cells_[i].back = colour.index; }
-        void SetForeColor(int i, ColourKey colour) { cells_[i].fore = colour.index; }
-        void SetNumber(int i, long value) {
-            if (value >= -kNumberBias && value < kNumberBias)
-                cells_[i].text = NumberHandle(value);
-            else
-                sheet_->SetText(row_, firstCol_ + i, std::to_string(value));
-        }
-
-    private:
-        friend class ReportSheet;
-        ReportSheet* sheet_ = nullptr;
-        Cell* cells_ = nullptr;
-        int row_ = 0;
-        int firstCol_ = 0;
-        int count_ = 0;
-    };
-    RowRun Run(int row, int firstCol, int lastCol) {
-        RowRun run;
-        run.sheet_ = this;
-        run.row_ = row;
-        run.firstCol_ = firstCol;
-        if (row < 0 || row >= rows_ || firstCol < 0) return run;
-        run.count_ = std::max(0, std::min(lastCol, cols_ - 1) - firstCol + 1);
-        if (run.count_ > 0) run.cells_ = CellData() + Index(row, firstCol);
-        return run;
-    }
-
-    // Column by column over rows `firstRow` to `lastRow` (within the sheet): adds to `matches`
-    // the cells that hold `key`'s text, and raises `maxOthers` to the largest CellNumber of the
-    // other cells. Index 0 of both is column `firstCol`; columns past their size are left out.
-    void TallyColumns(int firstRow, int lastRow, int firstCol, const TextKey& key,
-                      std::span<short> matches, std::span<short> maxOthers) const;
-    // A colour made ready once for a pass that paints many cells with it, or with one of a few
-    // colours picked by a table: each SetBackColor with the key is then a store. Valid for the
-    // life of the sheet.
-    ColourKey PrepareColour(Rgb colour) { return {PaletteIndex(colour)}; }
-    void SetBackColor(int row, int col, ColourKey colour) {
-        if (Contains(row, col)) CellData()[Index(row, col)].back = colour.index;
-    }
     // --- geometry, in twips ----------------------------------------------------------------
     // -1 means the report left the width or height at the default.
     void SetColWidth(int col, int twips);
@@ -346,6 +211,14 @@ public:
     static constexpr long kNumberBias = 1L << 30;  // numbers in [-2^30, 2^30) are kept inline
 
 private:
+    // A text looked up once for a walk that compares many cells with it: the handle that every
+    // cell holding exactly that text has, but a label.
+    struct TextKey {
+        std::uint32_t handle = 0;
+        std::string_view text;
+    };
+    TextKey KeyOf(std::string_view text) const;
+
     static std::uint32_t NumberHandle(long value) {
         return kNumberTag | static_cast<std::uint32_t>(value + kNumberBias);
     }
