@@ -54,6 +54,17 @@ std::vector<MethodTrack> TrackMethods(std::span<const ScoredMethod* const> metho
                                       const ReportSheet& sheet) {
     std::vector<MethodTrack> tracks;
     const int drawCount = sheet.DrawCount();
+    // The drawing of each row (-1: unreadable), read once for each place the digits stand.
+    std::map<int, std::vector<int>> drawnAt;
+    const auto drawnNumbers = [&](int digitCol) -> const std::vector<int>& {
+        auto& numbers = drawnAt[digitCol];
+        if (numbers.empty()) {
+            numbers.assign(static_cast<std::size_t>(drawCount) + 1, -1);
+            for (int r = 1; r <= drawCount; ++r)
+                numbers[static_cast<std::size_t>(r)] = DrawnNumber(sheet, r, digitCol).value_or(-1);
+        }
+        return numbers;
+    };
     for (const ScoredMethod* method : methods) {
         const bool ticketList = IsTicketList(method->shape);
         const bool straight = IsStraightList(method->shape);
@@ -89,9 +100,10 @@ std::vector<MethodTrack> TrackMethods(std::span<const ScoredMethod* const> metho
             const std::string fixed =
                 method->claimInHeader ? ClaimText(column, sheet, 0) : std::string();
             const std::uint16_t fixedIndex = fixed.empty() ? 0 : figuresOf(fixed);
+            const std::vector<int>& drawn = drawnNumbers(method->digitCol);
             for (int r = std::max(1, method->firstJudgedRow); r <= drawCount; ++r) {
-                const std::optional<int> number = DrawnNumber(sheet, r, method->digitCol);
-                if (!number) continue;
+                const int number = drawn[static_cast<std::size_t>(r)];
+                if (number < 0) continue;
                 std::uint16_t index = fixedIndex;
                 if (fixed.empty()) {
                     const std::string claim = ClaimText(column, sheet, r);
@@ -100,7 +112,7 @@ std::vector<MethodTrack> TrackMethods(std::span<const ScoredMethod* const> metho
                 }
                 track.rows.push_back(r);
                 track.hits.push_back(JudgedHit(column, sheet, r) ? 1 : 0);
-                track.numbers.push_back(static_cast<std::uint16_t>(*number));
+                track.numbers.push_back(static_cast<std::uint16_t>(number));
                 track.claimOf.push_back(index);
             }
             track.nextClaim = ClaimText(column, sheet, drawCount + 1);
