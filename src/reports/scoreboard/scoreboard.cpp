@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <map>
 #include <thread>
+#include <tuple>
 #include <unordered_map>
 
 #include "reports/scoreboard/chance_stats.h"
@@ -65,6 +66,31 @@ std::vector<MethodTrack> TrackMethods(std::span<const ScoredMethod* const> metho
         }
         return numbers;
     };
+    // The claims of a run of cells, row by row, as indices into their texts: read once for all
+    // the methods whose claims stand in the same cells (the nine lists of Cold Warm Hot).
+    struct RowClaims {
+        std::vector<int> ofRow;  // -1: the row holds no claim
+        std::vector<std::string> texts;
+    };
+    std::map<std::tuple<int, int, bool>, RowClaims> claimsAt;
+    const auto rowClaims = [&](const MethodColumn& column) -> const RowClaims& {
+        const ScoredMethod& m = *column.method;
+        const std::tuple<int, int, bool> key{column.ClaimCol(), m.eachColumn > 1 ? 1 : m.claimCount,
+                                             m.shape == ClaimShape::PositionMasks};
+        const auto found = claimsAt.find(key);
+        if (found != claimsAt.end()) return found->second;
+        RowClaims& claims = claimsAt[key];
+        claims.ofRow.assign(static_cast<std::size_t>(drawCount) + 1, -1);
+        std::unordered_map<std::string, int> ids;
+        for (int r = 1; r <= drawCount; ++r) {
+            std::string text = ClaimText(column, sheet, r);
+            if (text.empty()) continue;
+            const auto [it, added] = ids.try_emplace(text, static_cast<int>(claims.texts.size()));
+            if (added) claims.texts.push_back(std::move(text));
+            claims.ofRow[static_cast<std::size_t>(r)] = it->second;
+        }
+        return claims;
+    };
     for (const ScoredMethod* method : methods) {
         const bool ticketList = IsTicketList(method->shape);
         const bool straight = IsStraightList(method->shape);
@@ -101,14 +127,19 @@ std::vector<MethodTrack> TrackMethods(std::span<const ScoredMethod* const> metho
                 method->claimInHeader ? ClaimText(column, sheet, 0) : std::string();
             const std::uint16_t fixedIndex = fixed.empty() ? 0 : figuresOf(fixed);
             const std::vector<int>& drawn = drawnNumbers(method->digitCol);
+            const RowClaims* claims = fixed.empty() ? &rowClaims(column) : nullptr;
+            std::vector<int> figuresOfText(claims ? claims->texts.size() : 0, -1);
             for (int r = std::max(1, method->firstJudgedRow); r <= drawCount; ++r) {
                 const int number = drawn[static_cast<std::size_t>(r)];
                 if (number < 0) continue;
                 std::uint16_t index = fixedIndex;
-                if (fixed.empty()) {
-                    const std::string claim = ClaimText(column, sheet, r);
-                    if (claim.empty()) continue;
-                    index = figuresOf(claim);
+                if (claims) {
+                    const int text = claims->ofRow[static_cast<std::size_t>(r)];
+                    if (text < 0) continue;
+                    int& figures = figuresOfText[static_cast<std::size_t>(text)];
+                    if (figures < 0)
+                        figures = figuresOf(claims->texts[static_cast<std::size_t>(text)]);
+                    index = static_cast<std::uint16_t>(figures);
                 }
                 track.rows.push_back(r);
                 track.hits.push_back(JudgedHit(column, sheet, r) ? 1 : 0);
