@@ -97,7 +97,8 @@ std::vector<MethodTrack> TrackMethods(std::span<const ScoredMethod* const> metho
         for (MethodColumn& column : ExpandMethod(*method, sheet)) {
             MethodTrack track;
             track.report = std::string(method->object);
-            track.title = sheet.Title();
+            const ReportDefinition* report = FindReport(method->object);
+            track.title = report ? std::string(report->title) : std::string(method->object);
             track.drawCount = drawCount;
             // Claims met before, by their text: most methods make a handful of different claims.
             std::unordered_map<std::string, std::uint16_t> known;
