@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "cli/report_names.h"
+#include "cli/score_command.h"
 #include "data/file_io.h"
 #include "reports/command_table.h"
 #include "reports/report_registry.h"
@@ -205,10 +206,7 @@ int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
         try {
             const ScoreTable table =
                 BuildScoreboard(records, {.lottery = drawings.stem().string(), .payouts = payouts});
-            const ReportSheet sheet = ScoreboardSheet(table);
-            Status s = WriteFileSafely(folder / "scoreboard.html", [&](std::ostream& os) {
-                WriteSheetHtml(sheet, "scoreboard", os);
-            });
+            Status s = WriteFileSafely(folder / "scoreboard.html", ScoreboardHtml(table));
             scoreboard = s.ok();
             if (!s.ok()) {
                 ++failures;

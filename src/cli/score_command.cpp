@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <ostream>
+#include <sstream>
 #include <vector>
 
 namespace numarel {
@@ -77,6 +78,18 @@ void WriteAligned(const ReportSheet& sheet, std::ostream& out) {
 
 }  // namespace
 
+std::string ScoreboardHtml(const ScoreTable& table) {
+    std::ostringstream page;
+    WriteSheetHtml(ScoreboardSheet(table), "scoreboard", page);
+    // A report's page opens at its newest drawings; the scoreboard's at its top.
+    std::string html = page.str();
+    const std::size_t script = html.rfind("<script>");
+    const std::size_t end = html.find("</script>\n", script);
+    if (script != std::string::npos && end != std::string::npos)
+        html.erase(script, end + 10 - script);
+    return html;
+}
+
 std::string ScoreboardJson(const ScoreTable& table) {
     std::string json = "{\"lottery\": " + JsonString(table.lottery) +
                        ", \"drawings\": " + std::to_string(table.drawings) + ", \"methods\": [";
@@ -126,7 +139,7 @@ void WriteScoreboard(const ScoreTable& table, SheetFormat format, std::ostream& 
             WriteSheetCsv(ScoreboardSheet(table), out);
             return;
         case SheetFormat::Html:
-            WriteSheetHtml(ScoreboardSheet(table), "scoreboard", out);
+            out << ScoreboardHtml(table);
             return;
     }
 }

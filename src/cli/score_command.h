@@ -16,6 +16,9 @@ namespace numarel {
 // "cost", "returned", "expectedReturn"}, ...]}.
 void WriteScoreboard(const ScoreTable& table, SheetFormat format, std::ostream& out);
 
+// The table as a standalone page, opening at its first rows, the smallest p-values.
+std::string ScoreboardHtml(const ScoreTable& table);
+
 // The JSON of the table.
 std::string ScoreboardJson(const ScoreTable& table);
 

@@ -128,6 +128,8 @@ TEST(ScoreCommand, PayoutTableBesideTheSelectionAndOtherFormats) {
     CliRun html = RunCliWith({"score", "--data", data.string(), "--format", "html"}, dir.path());
     EXPECT_EQ(html.code, 0);
     EXPECT_NE(html.out.find("<html"), std::string::npos);
+    EXPECT_EQ(html.out.find("scrollTop"), std::string::npos);  // opens at the smallest p
+    EXPECT_NE(html.out.find("</body></html>"), std::string::npos);
 }
 
 TEST(ScoreCommand, RefusalsAreOneLine) {
