@@ -405,7 +405,8 @@ ReportSheet ScoreboardSheet(const ScoreTable& table, int stretchIndex) {
             sheet.SetText(r, 15, Fixed(*score.returned, 0));
             sheet.SetText(r, 16, Fixed(*score.expectedReturn, 0));
         }
-        if (!score.tooFew && score.z >= 2) sheet.SetBackColor(r, 9, MakeRgb(255, 223, 157));
+        if (!score.tooFew && std::fabs(score.z) >= 2)
+            sheet.SetBackColor(r, 9, MakeRgb(255, 223, 157));
         ++r;
     }
     sheet.SetDrawCount(0);
