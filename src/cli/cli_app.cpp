@@ -1,6 +1,7 @@
 #include "cli/cli_app.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cerrno>
 #include <functional>
 #include <iostream>
@@ -9,12 +10,15 @@
 
 #include "cli/import_command.h"
 #include "cli/report_export.h"
+#include "cli/score_command.h"
 #include "data/file_io.h"
 #include "data/lottery_catalog.h"
 #include "export/sheet_format.h"
 #include "reports/command_table.h"
 #include "reports/enquiry_other/number_enquiry.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/payout_table.h"
+#include "reports/scoreboard/scoreboard.h"
 
 namespace numarel {
 namespace {
@@ -125,6 +129,17 @@ bool BuildSheet(const std::string& object, const std::string& data, const Progra
     return true;
 }
 
+// The payout table beside the selection file; its lines that cannot be read are named on
+// standard error, and the defaults stand for them.
+PayoutTable PayoutsOf(const ProgramFolder& folder, std::ostream& err) {
+    const std::filesystem::path file = folder.SelectionFile().parent_path() / kPayoutFileName;
+    std::vector<std::string> problems;
+    PayoutTable table = ReadPayoutTable(file, &problems);
+    for (const std::string& problem : problems)
+        err << "numarel-cli: " << file.string() << ", " << problem << "; the default is used\n";
+    return table;
+}
+
 // The options every command that prints a sheet takes.
 void AddSheetOptions(CLI::App* command, std::string& data, std::string& formatName,
                      std::string& output, int& tail) {
@@ -189,6 +204,16 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
     export320->add_option("--data", data, "A drawings file instead of the current lottery");
     export320->add_option("--output", output, "Write to this file instead of standard output");
 
+    int last = 0;
+    CLI::App* score = app.add_subcommand(
+        "score", "Print how every forecast, ticket list and digit set fared against chance");
+    score->add_option("--data", data, "A drawings file instead of the current lottery");
+    score->add_option("--last", last, "Add a stretch of the last N drawings")
+        ->check(CLI::PositiveNumber);
+    score->add_option("--format", formatName, "text, csv, html or json")
+        ->check(CLI::IsMember({"text", "csv", "html", "json"}));
+    score->add_option("--output", output, "Write to this file instead of standard output");
+
     ImportCommand import;
     AddImportCommand(app, import);
 
@@ -220,7 +245,7 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
         if (all) {
             for (const std::filesystem::path& file : ExportedFiles(format, output))
                 if (!OutputIsSafe(file.string(), data, folder, err)) return 1;
-            return ExportAllReports(path, format, output, err);
+            return ExportAllReports(path, format, output, err, PayoutsOf(folder, err));
         }
         ReportSheet sheet;
         Status s = RunReport(object, path, sheet);
@@ -229,6 +254,24 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
             return 1;
         }
         return Destination{output}.Deliver(sheet, format, object, tail, out, err);
+    }
+    if (*score) {
+        std::filesystem::path path;
+        if (!ResolveDataFile(data, folder, path, err)) return 1;
+        std::vector<DrawRecord> drawings;
+        if (Status s = ReadHistory(path, drawings); !s.ok()) {
+            err << "numarel-cli: " << s.message() << '\n';
+            return 1;
+        }
+        ScoreOptions options{.lottery = path.stem().string(), .payouts = PayoutsOf(folder, err)};
+        if (last > 0 && std::find(options.stretches.begin(), options.stretches.end(), last) ==
+                            options.stretches.end())
+            options.stretches.insert(options.stretches.end() - 1, last);
+        SheetFormat format = SheetFormat::Text;
+        ParseSheetFormat(formatName, format);
+        const ScoreTable table = BuildScoreboard(drawings, options);
+        return Destination{output}.Deliver(
+            [&](std::ostream& os) { WriteScoreboard(table, format, os); }, out, err);
     }
     if (*enquire) {
         const NumberEnquiry& enquiry =

@@ -10,9 +10,11 @@
 #include <thread>
 
 #include "cli/report_names.h"
+#include "cli/score_command.h"
 #include "data/file_io.h"
 #include "reports/command_table.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/scoreboard.h"
 
 namespace numarel {
 namespace {
@@ -51,7 +53,7 @@ std::string HtmlText(std::string_view text) {
 
 // The contents page of an export: the groups of the main window with their menus.
 std::string IndexPage(const std::filesystem::path& drawings,
-                      const std::set<std::string_view>& written) {
+                      const std::set<std::string_view>& written, bool scoreboard) {
     std::string lottery = HtmlText(drawings.stem().string());
     std::string page =
         "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n<title>" + lottery +
@@ -60,6 +62,10 @@ std::string IndexPage(const std::filesystem::path& drawings,
         "li.sep{list-style:none;border-top:1px solid #c0c0c0;margin:3px 0;width:240px}"
         "</style></head><body>\n<h1>" +
         lottery + "</h1>\n";
+    if (scoreboard)
+        page +=
+            "<p><a href=\"scoreboard.html\">Scoreboard</a>: which forecast, ticket list and "
+            "digit set did better than chance</p>\n";
     auto item = [&](std::string_view caption, std::string_view report) {
         if (written.contains(report))
             return "<li><a href=\"" + HtmlText(report) + ".html\">" + HtmlText(caption) +
@@ -128,12 +134,16 @@ std::vector<std::filesystem::path> ExportedFiles(SheetFormat format,
     for (ReportFamily family : ReportFamilies())
         for (const ReportDefinition& def : family())
             files.push_back(ExportedFile(folder, def.object, format));
-    if (format == SheetFormat::Html) files.push_back(folder / "index.html");
+    if (format == SheetFormat::Html) {
+        files.push_back(folder / "index.html");
+        files.push_back(folder / "scoreboard.html");
+    }
     return files;
 }
 
 int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
-                     const std::filesystem::path& folder, std::ostream& err) {
+                     const std::filesystem::path& folder, std::ostream& err,
+                     const PayoutTable& payouts) {
     if (folder.empty()) {
         err << "numarel-cli: --all writes into the folder given by --output\n";
         return 1;
@@ -192,8 +202,22 @@ int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
         }
     }
     if (format == SheetFormat::Html) {
+        bool scoreboard = false;
+        try {
+            const ScoreTable table =
+                BuildScoreboard(records, {.lottery = drawings.stem().string(), .payouts = payouts});
+            Status s = WriteFileSafely(folder / "scoreboard.html", ScoreboardHtml(table));
+            scoreboard = s.ok();
+            if (!s.ok()) {
+                ++failures;
+                err << "numarel-cli: " << s.message() << '\n';
+            }
+        } catch (const std::exception& e) {
+            ++failures;
+            err << "numarel-cli: scoreboard: " << e.what() << '\n';
+        }
         std::filesystem::path index = folder / "index.html";
-        std::string page = IndexPage(drawings, written);
+        std::string page = IndexPage(drawings, written, scoreboard);
         Status s = WriteFileSafely(index, page);
         if (!s.ok()) {
             ++failures;

@@ -8,6 +8,7 @@
 
 #include "export/sheet_format.h"
 #include "frame/report_sheet.h"
+#include "reports/scoreboard/method_claims.h"
 
 namespace numarel {
 
@@ -23,9 +24,11 @@ std::vector<std::filesystem::path> ExportedFiles(SheetFormat format,
                                                  const std::filesystem::path& folder);
 
 // Writes every built report on `drawings` into `folder` as <object>.<format>, and for HTML an
-// index.html listing them by group as the main window does. A failing report is reported and
+// index.html listing them by group as the main window does, and the scoreboard page
+// scoreboard.html, linked from it. A failing report is reported and
 // the others still written. Returns 0 when every report was written, 1 otherwise.
 int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
-                     const std::filesystem::path& folder, std::ostream& err);
+                     const std::filesystem::path& folder, std::ostream& err,
+                     const PayoutTable& payouts = {});
 
 }  // namespace numarel

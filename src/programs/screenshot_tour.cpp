@@ -1,8 +1,8 @@
 // Walks through the desktop program's windows under a display and photographs each with
-// ImageMagick's `import`: the welcome window, the main window with a group menu open, a report and
-// the drawings editor. Used by scripts/screenshots.sh; takes the folder for the pictures and,
-// optionally, the program folder to read data\, Numarel\ and help\ from (the executable's own
-// by default).
+// ImageMagick's `import`: the welcome window, the main window with a group menu open, a report,
+// the Scoreboard and the drawings editor. Used by scripts/screenshots.sh; takes the folder for the
+// pictures and, optionally, the program folder to read data\, Numarel\ and help\ from (the
+// executable's own by default).
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -21,6 +21,7 @@
 #include "shell/enquiry_window.h"
 #include "shell/main_window.h"
 #include "shell/report_window.h"
+#include "shell/scoreboard_window.h"
 #include "shell/welcome_window.h"
 
 namespace {
@@ -149,6 +150,21 @@ int main(int argc, char** argv) {
         ok &= Photograph(folder, QStringLiteral("report-enquiry.png"), enquiry->frameGeometry(),
                          enquiry->windowTitle());
         enquiry->close();
+        Settle(200);
+    } else {
+        ok = false;
+    }
+
+    // The Scoreboard on the sample's whole history, its first method charted.
+    main->findChild<QPushButton*>(QStringLiteral("CommandScoreboard"))->click();
+    Settle(300);
+    if (numarel::ScoreboardWindow* scoreboard = main->Scoreboard()) {
+        scoreboard->setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        scoreboard->showNormal();
+        Settle(1200);
+        ok &= Photograph(folder, QStringLiteral("scoreboard.png"), scoreboard->frameGeometry(),
+                         scoreboard->windowTitle());
+        scoreboard->close();
         Settle(200);
     } else {
         ok = false;

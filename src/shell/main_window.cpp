@@ -122,6 +122,13 @@ void MainWindow::BuildCommandButtons() {
         b->setObjectName(QLatin1String(place.control));
         PlaceAt(b, place.left, place.top, place.width, place.height);
     }
+    // Beside the designed buttons: every track record of the reports weighed against chance.
+    auto* scoreboard = new QPushButton(QStringLiteral("Scoreboard"), this);
+    scoreboard->setObjectName(QStringLiteral("CommandScoreboard"));
+    scoreboard->setToolTip(
+        QStringLiteral("Which forecast, ticket list or digit set did better than chance"));
+    PlaceAt(scoreboard, 2400, 1680, kButtonWidth, kButtonHeight);
+    connect(scoreboard, &QPushButton::clicked, this, &MainWindow::OpenScoreboard);
 
     connect(button("Command11"), &QPushButton::clicked, this,
             [this] { OpenHelpPage(session_.platform.launcher, session_.folder, "Numarelbook"); });
@@ -240,6 +247,24 @@ void MainWindow::SelectLottery() {
 void MainWindow::OpenDrawings() {
     DrawingsEditor editor(session_, this);
     editor.exec();
+}
+
+void MainWindow::OpenScoreboard() {
+    if (scoreboard_) {
+        scoreboard_->showNormal();
+        scoreboard_->raise();
+        scoreboard_->activateWindow();
+        return;
+    }
+    auto* window = new ScoreboardWindow(session_, reports_);
+    Status s = window->Load();
+    if (!s.ok()) {
+        delete window;
+        ShowMessage(session_.platform.messages, this, {kFriendshipTip, s.message()});
+        return;
+    }
+    scoreboard_ = window;
+    window->show();
 }
 
 void MainWindow::ShowNews() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 #include <string>
 #include <string_view>
@@ -7,6 +8,7 @@
 #include "data/lottery_commands.h"
 #include "reports/command_table.h"
 #include "shell/report_window.h"
+#include "shell/scoreboard_window.h"
 #include "shell/session.h"
 
 class QLabel;
@@ -40,6 +42,9 @@ public:
     void SelectLottery();
     void OpenDrawings();
     void ShowNews();
+    // Opens the Scoreboard of the current lottery, or brings it forward when it is open.
+    void OpenScoreboard();
+    ScoreboardWindow* Scoreboard() const { return scoreboard_; }
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -56,6 +61,7 @@ private:
     QLabel* lotteryLabel_ = nullptr;
     QTextBrowser* webView_ = nullptr;
     std::string startNotice_;
+    QPointer<ScoreboardWindow> scoreboard_;
 };
 
 }  // namespace numarel

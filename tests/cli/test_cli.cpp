@@ -391,7 +391,8 @@ TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
             EXPECT_EQ(entry.path().extension(), "." + format);
             ++files;
         }
-        EXPECT_EQ(files, BuiltReports() + (format == "html" ? 1 : 0)) << format;
+        // HTML adds the contents page and the scoreboard.
+        EXPECT_EQ(files, BuiltReports() + (format == "html" ? 2 : 0)) << format;
     }
     // Built on every core, each file is what the report gives on its own.
     for (ReportFamily family : ReportFamilies())
@@ -414,6 +415,9 @@ TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
         at = found;
     }
     EXPECT_NE(index.find("<a href=\"frmrenwenleng.html\">Cold Warm Hot</a>"), std::string::npos);
+    EXPECT_NE(index.find("<a href=\"scoreboard.html\">Scoreboard</a>"), std::string::npos);
+    EXPECT_NE(ReadAll(folder / "html" / "scoreboard.html").find("frmtongshahao"),
+              std::string::npos);
 }
 
 TEST(ReportCommand, AllGoesOnPastAFailureAndSaysSo) {

@@ -10,6 +10,7 @@
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/scored_method.h"
 
 namespace numarel {
 namespace {
@@ -248,6 +249,98 @@ std::span<const ReportDefinition> DigitSetReports() {
          .build = BuildMember<Build, kBoxTheseN>},
     };
     return kReports;
+}
+
+// The claims the scoreboard follows, each judged as the report judges it.
+std::span<const ScoredMethod> DigitSetMethods() {
+    static constexpr ScoredMethod kMethods[] = {
+        // Every set column: the set in its header, the hit marker in its cells.
+        {.object = "frmgaopin6ma",
+         .kind = MethodKind::Set,
+         .shape = ClaimShape::DigitSetSixWay,
+         .claimInHeader = true,
+         .judgeCol = 5,
+         .hitText = "*****",
+         .firstJudgedRow = 1},
+        {.object = "frmgaopin6ma36",
+         .kind = MethodKind::Set,
+         .shape = ClaimShape::DigitSetBox,
+         .claimInHeader = true,
+         .judgeCol = 5,
+         .hitText = "*****",
+         .firstJudgedRow = 1},
+        {.object = "frmgaopin7ma",
+         .kind = MethodKind::Set,
+         .shape = ClaimShape::DigitSetSixWay,
+         .claimInHeader = true,
+         .judgeCol = 5,
+         .hitText = "*****",
+         .firstJudgedRow = 1},
+        {.object = "frmgaopin7ma36",
+         .kind = MethodKind::Set,
+         .shape = ClaimShape::DigitSetBox,
+         .claimInHeader = true,
+         .judgeCol = 5,
+         .hitText = "*****",
+         .firstJudgedRow = 1},
+        {.object = "frmzuxuan4",
+         .kind = MethodKind::Set,
+         .shape = ClaimShape::DigitSetSixWay,
+         .claimInHeader = true,
+         .judgeCol = 5,
+         .hitText = "****",
+         .firstJudgedRow = 1,
+         .eachColumn = 30},
+        {.object = "frmzuxuan1",
+         .kind = MethodKind::Set,
+         .shape = ClaimShape::DigitSetSixWay,
+         .claimInHeader = true,
+         .judgeCol = 5,
+         .hitText = "*****",
+         .firstJudgedRow = 1,
+         .eachColumn = 17},
+        {.object = "frmzuxuan6",
+         .kind = MethodKind::Set,
+         .shape = ClaimShape::DigitSetSixWay,
+         .claimInHeader = true,
+         .judgeCol = 5,
+         .hitText = "*****",
+         .firstJudgedRow = 1,
+         .eachColumn = 10},
+        {.object = "frmzuxuan7",
+         .kind = MethodKind::Set,
+         .shape = ClaimShape::DigitSetSixWay,
+         .claimInHeader = true,
+         .judgeCol = 5,
+         .hitText = "*****",
+         .firstJudgedRow = 1,
+         .eachColumn = 6},
+        {.object = "frm6lianhao",
+         .kind = MethodKind::Set,
+         .shape = ClaimShape::DigitSetSixWay,
+         .claimInHeader = true,
+         .judgeCol = 5,
+         .hitText = "*****",
+         .firstJudgedRow = 1,
+         .eachColumn = 10},
+        {.object = "frmlingleizu6",
+         .kind = MethodKind::Set,
+         .shape = ClaimShape::DigitSetSixWay,
+         .claimInHeader = true,
+         .judgeCol = 5,
+         .hitText = "****",
+         .firstJudgedRow = 1,
+         .eachColumn = 20},
+        {.object = "frmzuxuanqt",
+         .kind = MethodKind::Set,
+         .shape = ClaimShape::DigitSetBox,
+         .claimInHeader = true,
+         .judgeCol = 5,
+         .hitText = "******",
+         .firstJudgedRow = 1,
+         .eachColumn = 3},
+    };
+    return kMethods;
 }
 
 }  // namespace numarel

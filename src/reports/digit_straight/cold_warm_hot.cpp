@@ -9,6 +9,7 @@
 #include "frame/number_classes.h"
 #include "reports/digit_straight/seven_drawing_ranking.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/scored_method.h"
 
 namespace numarel {
 namespace {
@@ -288,6 +289,33 @@ std::span<const ReportDefinition> ColdWarmHotReports() {
                          .text = NextBoxNumbersText}},
     };
     return kReports;
+}
+
+// The claims the scoreboard follows, each judged as the report judges it.
+std::span<const ScoredMethod> ColdWarmHotMethods() {
+    static constexpr ScoredMethod kMethods[] = {
+    // The Box Number lists of "Next Box numbers", one per pattern: a drawing is in a list
+    // when its pattern column holds the list's pattern. The lists rest on the Hot, Warm and
+    // Cold digits of the row.
+#define NUMAREL_HOT_WARM_COLD(text, col)      \
+    {.object = "frmrenwenleng",               \
+     .name = text,                            \
+     .shape = ClaimShape::HotWarmColdPattern, \
+     .firstClaimCol = 12,                     \
+     .claimCount = 10,                        \
+     .judgeCol = col,                         \
+     .hitText = text,                         \
+     .firstJudgedRow = 8,                     \
+     .digitCol = 34,                          \
+     .pattern = text}
+        NUMAREL_HOT_WARM_COLD("003", 23), NUMAREL_HOT_WARM_COLD("030", 24),
+        NUMAREL_HOT_WARM_COLD("300", 25), NUMAREL_HOT_WARM_COLD("012", 26),
+        NUMAREL_HOT_WARM_COLD("021", 27), NUMAREL_HOT_WARM_COLD("102", 28),
+        NUMAREL_HOT_WARM_COLD("120", 29), NUMAREL_HOT_WARM_COLD("210", 31),
+        NUMAREL_HOT_WARM_COLD("111", 32),
+#undef NUMAREL_HOT_WARM_COLD
+    };
+    return kMethods;
 }
 
 }  // namespace numarel

@@ -3,6 +3,7 @@
 
 #include "frame/frame_passes.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/scored_method.h"
 
 namespace numarel {
 namespace {
@@ -90,6 +91,22 @@ std::span<const ReportDefinition> Recommend320StraightReports() {
                          .text = Export320Text}},
     };
     return kReports;
+}
+
+// The claims the scoreboard follows, each judged as the report judges it.
+std::span<const ScoredMethod> Recommend320StraightMethods() {
+    static constexpr ScoredMethod kMethods[] = {
+        // The 32 H-T pairs of the header, each with any U.
+        {.object = "frmbaishi32zu",
+         .name = "320 Straight Numbers",
+         .shape = ClaimShape::StraightPairs,
+         .claimCount = 32,
+         .claimInHeader = true,
+         .judgeCol = 37,
+         .hitText = "YES",
+         .firstJudgedRow = 1},
+    };
+    return kMethods;
 }
 
 }  // namespace numarel

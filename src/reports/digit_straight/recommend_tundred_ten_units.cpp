@@ -5,6 +5,7 @@
 #include "data/basic_text.h"
 #include "frame/frame_passes.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/scored_method.h"
 
 namespace numarel {
 namespace {
@@ -156,6 +157,35 @@ std::span<const ReportDefinition> RecommendTundredTenUnitsReports() {
          .help = HelpButton::Inert},
     };
     return kReports;
+}
+
+// The claims the scoreboard follows, each judged as the report judges it.
+std::span<const ScoredMethod> RecommendTundredTenUnitsMethods() {
+    static constexpr ScoredMethod kMethods[] = {
+        // The masks carried from the drawing before, by the three judgement columns.
+        {.object = "frmzhixuantaloven",
+         .name = "(1)+(2)+(3)",
+         .shape = ClaimShape::PositionMasks,
+         .firstClaimCol = 4,
+         .claimCount = 3,
+         .judgeCol = 10,
+         .hitText = "(1)+(2)+(3)YES"},
+        {.object = "frmzhixuantaloven",
+         .name = "(4)+(5)+(6)",
+         .shape = ClaimShape::PositionMasks,
+         .firstClaimCol = 7,
+         .claimCount = 3,
+         .judgeCol = 11,
+         .hitText = "(4)+(5)+(6)YES"},
+        {.object = "frmzhixuantaloven",
+         .name = "(1)-----(6)",
+         .shape = ClaimShape::PositionMasks,
+         .firstClaimCol = 4,
+         .claimCount = 6,
+         .judgeCol = 12,
+         .hitText = "(1)-----(6)YES"},
+    };
+    return kMethods;
 }
 
 }  // namespace numarel

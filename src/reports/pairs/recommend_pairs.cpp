@@ -8,6 +8,7 @@
 #include "reports/digit_straight/seven_drawing_ranking.h"
 #include "reports/pairs/pair_text.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/scored_method.h"
 
 namespace numarel {
 namespace {
@@ -145,6 +146,21 @@ std::span<const ReportDefinition> RecommendPairsReports() {
          .loadOrder = LoadOrder::DesignedCaption},
     };
     return kReports;
+}
+
+// The claims the scoreboard follows, each judged as the report judges it.
+std::span<const ScoredMethod> RecommendPairsMethods() {
+    static constexpr ScoredMethod kMethods[] = {
+        {.object = "frmrenwenlengTlm",
+         .name = "12 pairs",
+         .shape = ClaimShape::Pairs,
+         .firstClaimCol = 22,
+         .claimCount = 12,
+         .judgeCol = 40,
+         .firstJudgedRow = 11,
+         .digitCol = 34},
+    };
+    return kMethods;
 }
 
 }  // namespace numarel

@@ -13,6 +13,7 @@
 #include "reports/recommended_digits/digit_forecasts.h"
 #include "reports/recommended_digits/formula_digits.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/scored_method.h"
 
 namespace numarel {
 namespace {
@@ -145,6 +146,31 @@ std::span<const ReportDefinition> FormulaDigitGroupsReports() {
         {.object = "frmdanma2", .title = "Other recommend digits-[formula]", .build = Build},
     };
     return kReports;
+}
+
+// The claims the scoreboard follows, each judged as the report judges it.
+std::span<const ScoredMethod> FormulaDigitGroupsMethods() {
+    static constexpr ScoredMethod kMethods[] = {
+        // Each group in one cell; its result cell holds the count of drawn digits, or "  -N-".
+        {.object = "frmdanma2",
+         .name = "digits-1",
+         .judgeCol = 6,
+         .hitText = "  -N-",
+         .hitUnless = true},
+        {.object = "frmdanma2",
+         .name = "digits-2",
+         .firstClaimCol = 8,
+         .judgeCol = 9,
+         .hitText = "  -N-",
+         .hitUnless = true},
+        {.object = "frmdanma2",
+         .name = "digits-3",
+         .firstClaimCol = 11,
+         .judgeCol = 12,
+         .hitText = "  -N-",
+         .hitUnless = true},
+    };
+    return kMethods;
 }
 
 }  // namespace numarel

@@ -10,6 +10,7 @@
 
 #include "frame/frame_passes.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/scored_method.h"
 
 namespace numarel {
 namespace {
@@ -151,6 +152,15 @@ std::span<const ReportDefinition> RecommendOneDigitReports() {
          .build = BuildMember<Build, kHundredsTable>},
     };
     return kReports;
+}
+
+// The claims the scoreboard follows, each judged as the report judges it.
+std::span<const ScoredMethod> RecommendOneDigitMethods() {
+    static constexpr ScoredMethod kMethods[] = {
+        {.object = "frmzonghe", .name = "1 digit", .judgeCol = 6},
+        {.object = "frmtongsha1ma", .name = "1 digit", .judgeCol = 6},
+    };
+    return kMethods;
 }
 
 }  // namespace numarel

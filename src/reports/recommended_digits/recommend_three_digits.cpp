@@ -12,6 +12,7 @@
 #include "frame/number_classes.h"
 #include "reports/recommended_digits/digit_forecasts.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/scored_method.h"
 
 namespace numarel {
 namespace {
@@ -251,6 +252,20 @@ std::span<const ReportDefinition> RecommendThreeDigitsReports() {
          .build = BuildMember<Build, kRecommendBC>},
     };
     return kReports;
+}
+
+// The claims the scoreboard follows, each judged as the report judges it.
+std::span<const ScoredMethod> RecommendThreeDigitsMethods() {
+    static constexpr ScoredMethod kMethods[] = {
+        {.object = "frmdingdanshh", .name = "A", .claimCount = 3},
+        {.object = "frmtongsha3ma", .name = "B", .claimCount = 3, .firstJudgedRow = 11},
+        {.object = "frmtongsha3ma",
+         .name = "C",
+         .firstClaimCol = 20,
+         .claimCount = 3,
+         .judgeCol = 23},
+    };
+    return kMethods;
 }
 
 }  // namespace numarel

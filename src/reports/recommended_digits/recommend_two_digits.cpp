@@ -16,6 +16,7 @@
 #include "reports/recommended_digits/digit_forecasts.h"
 #include "reports/recommended_digits/formula_digits.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/scored_method.h"
 
 namespace numarel {
 namespace {
@@ -261,6 +262,46 @@ std::span<const ReportDefinition> RecommendTwoDigitsReports() {
         {.object = "frmtongshahao", .title = "Recommend 2 digits", .build = Build},
     };
     return kReports;
+}
+
+// The claims the scoreboard follows, each judged as the report judges it.
+std::span<const ScoredMethod> RecommendTwoDigitsMethods() {
+    static constexpr ScoredMethod kMethods[] = {
+        {.object = "frmtongshahao",
+         .name = "A",
+         .firstClaimCol = 6,
+         .claimCount = 2,
+         .judgeCol = 8},
+        {.object = "frmtongshahao",
+         .name = "B",
+         .firstClaimCol = 10,
+         .claimCount = 2,
+         .judgeCol = 12},
+        {.object = "frmtongshahao",
+         .name = "C",
+         .firstClaimCol = 14,
+         .claimCount = 2,
+         .judgeCol = 16},
+        {.object = "frmtongshahao",
+         .name = "D",
+         .firstClaimCol = 18,
+         .claimCount = 2,
+         .judgeCol = 20},
+        {.object = "frmtongshahao",
+         .name = "E",
+         .firstClaimCol = 22,
+         .claimCount = 2,
+         .judgeCol = 24},
+        // F reads the date of the drawing it forecasts; the next drawing's is guessed as the
+        // last date plus one.
+        {.object = "frmtongshahao",
+         .name = "F",
+         .firstClaimCol = 26,
+         .claimCount = 2,
+         .judgeCol = 28,
+         .usesLaterDrawings = true},
+    };
+    return kMethods;
 }
 
 }  // namespace numarel

@@ -8,6 +8,7 @@
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "reports/report_registry.h"
+#include "reports/scoreboard/scored_method.h"
 
 namespace numarel {
 namespace {
@@ -90,6 +91,28 @@ std::span<const ReportDefinition> RecommendNumberSumReports() {
          .help = HelpButton::Hidden},
     };
     return kReports;
+}
+
+// The claims the scoreboard follows, each judged as the report judges it.
+std::span<const ScoredMethod> RecommendNumberSumMethods() {
+    static constexpr ScoredMethod kMethods[] = {
+        {.object = "frmhezhi4",
+         .name = "7 fixed sums",
+         .shape = ClaimShape::Sums,
+         .claimCount = 7,
+         .claimInHeader = true,
+         .judgeCol = 12,
+         .firstJudgedRow = 1},
+        {.object = "frmhezhi4",
+         .name = "4 fixed sums",
+         .shape = ClaimShape::Sums,
+         .firstClaimCol = 14,
+         .claimCount = 4,
+         .claimInHeader = true,
+         .judgeCol = 18,
+         .firstJudgedRow = 1},
+    };
+    return kMethods;
 }
 
 }  // namespace numarel
