@@ -14,6 +14,7 @@
 #include "cli/report_names.h"
 #include "data/file_io.h"
 #include "export/html_page.h"
+#include "export/pdf_writer.h"
 #include "reports/command_table.h"
 #include "reports/report_registry.h"
 
@@ -30,6 +31,8 @@ std::string_view Extension(SheetFormat format) {
             return ".html";
         case SheetFormat::Json:
             return ".json";
+        case SheetFormat::Pdf:
+            return ".pdf";
     }
     return ".txt";
 }
@@ -159,7 +162,7 @@ std::vector<std::filesystem::path> ExportedFiles(SheetFormat format,
 }
 
 int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
-                     const std::filesystem::path& folder, std::ostream& err) {
+                     const std::filesystem::path& folder, std::ostream& err, const PdfChoice& pdf) {
     if (folder.empty()) {
         err << "numarel-cli: --all writes into the folder given by --output\n";
         return 1;
@@ -191,13 +194,15 @@ int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
             try {
                 ReportSheet sheet;
                 BuildReport(def, records, sheet);
-                Status s = WriteFileSafely(ExportedFile(folder, def.object, format),
-                                           [&](std::ostream& os) {
-                                               if (format == SheetFormat::Html)
-                                                   WriteReportPage(sheet, def.object, lottery, os);
-                                               else
-                                                   WriteSheet(sheet, format, def.object, 30, os);
-                                           });
+                auto write = [&](std::ostream& os) {
+                    if (format == SheetFormat::Html)
+                        WriteReportPage(sheet, def.object, lottery, os);
+                    else if (format == SheetFormat::Pdf)
+                        WriteSheetPdf(sheet, lottery, pdf, os);
+                    else
+                        WriteSheet(sheet, format, def.object, 30, os);
+                };
+                Status s = WriteFileSafely(ExportedFile(folder, def.object, format), write);
                 if (!s.ok()) problems[i] = s.message();
             } catch (const std::exception& e) {
                 problems[i] = e.what();

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "export/pdf_writer.h"
 #include "export/sheet_format.h"
 #include "frame/report_sheet.h"
 
@@ -25,7 +26,9 @@ std::vector<std::filesystem::path> ExportedFiles(SheetFormat format,
 // Writes every built report on `drawings` into `folder` as <object>.<format>, and for HTML an
 // index.html listing them by group as the main window does. A failing report is reported and
 // the others still written. Returns 0 when every report was written, 1 otherwise.
+// `pdf` chooses the rows and the scale of PDF pages.
 int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
-                     const std::filesystem::path& folder, std::ostream& err);
+                     const std::filesystem::path& folder, std::ostream& err,
+                     const PdfChoice& pdf = {});
 
 }  // namespace numarel

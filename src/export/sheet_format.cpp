@@ -1,6 +1,7 @@
 #include "export/sheet_format.h"
 
 #include "export/html_page.h"
+#include "export/pdf_writer.h"
 
 #include <algorithm>
 #include <charconv>
@@ -289,6 +290,8 @@ bool ParseSheetFormat(std::string_view name, SheetFormat& format) {
         format = SheetFormat::Html;
     else if (name == "json")
         format = SheetFormat::Json;
+    else if (name == "pdf")
+        format = SheetFormat::Pdf;
     else
         return false;
     return true;
@@ -472,6 +475,9 @@ void WriteSheet(const ReportSheet& sheet, SheetFormat format, std::string_view r
             break;
         case SheetFormat::Json:
             WriteSheetJson(sheet, report, out);
+            break;
+        case SheetFormat::Pdf:
+            WriteSheetPdf(sheet, {}, PdfChoice{}, out);
             break;
     }
 }

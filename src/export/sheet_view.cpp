@@ -40,7 +40,7 @@ Rgb ShownGridLine(const ReportSheet& sheet) {
 }
 
 std::string DrawingDate(const ReportSheet& sheet, int row) {
-    if (row < 1 || row > sheet.DrawCount()) return {};
+    if (row < 1 || row > sheet.DrawCount() * sheet.RowsPerDrawing()) return {};
     // The label starts with the date, after a blank; some reports put "|" after it, most ":".
     const std::string label = sheet.Text(row, 0);
     std::size_t begin = label.find_first_not_of(' ');
@@ -54,7 +54,7 @@ std::string DrawingDate(const ReportSheet& sheet, int row) {
 
 std::string DrawingDateRange(const ReportSheet& sheet, int first, int last) {
     first = std::max(first, 1);
-    last = std::min(last, sheet.DrawCount());
+    last = std::min(last, sheet.DrawCount() * sheet.RowsPerDrawing());
     if (first > last) return {};
     const std::string from = DrawingDate(sheet, first);
     const std::string to = DrawingDate(sheet, last);
@@ -64,7 +64,8 @@ std::string DrawingDateRange(const ReportSheet& sheet, int first, int last) {
 }
 
 std::string DrawingDateRange(const ReportSheet& sheet) {
-    return DrawingDateRange(sheet, 1, sheet.DrawCount());
+    // A drawing spread over several rows has its label on the first.
+    return DrawingDateRange(sheet, 1, (sheet.DrawCount() - 1) * sheet.RowsPerDrawing() + 1);
 }
 
 std::string HexColour(Rgb colour) {

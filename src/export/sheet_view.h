@@ -35,12 +35,12 @@ Rgb ShownBack(const ReportSheet& sheet, int row, int col);
 Rgb ShownFore(const ReportSheet& sheet, int row, int col);
 Rgb ShownGridLine(const ReportSheet& sheet);
 
-// The date of the drawing in `row` (1 to DrawCount): the number its label starts with, before ":"
+// The date of the drawing in `row` (a drawing's first row): the number its label starts with, before ":"
 // or "|" (" date:HTU"); empty when the label has none.
 std::string DrawingDate(const ReportSheet& sheet, int row);
 // "first to last" over the drawings of the sheet, or the one date, or empty without drawings.
 std::string DrawingDateRange(const ReportSheet& sheet);
-// The same for rows `first` to `last` of the drawings.
+// The same for the drawings whose first rows are `first` and `last`.
 std::string DrawingDateRange(const ReportSheet& sheet, int first, int last);
 
 // "#rrggbb"
