@@ -178,7 +178,7 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
         ->check(CLI::IsMember({"straight", "box"}));
     enquire->add_option("text", tickets,
                         "The tickets, read as the text box reads them: only the digits count");
-    AddSheetOptions(enquire, data, formatName, output, tail);
+    CLI::Option* enquireTail = AddSheetOptions(enquire, data, formatName, output, tail);
 
     int column = 0;
     CLI::App* missLengths = app.add_subcommand(
@@ -266,6 +266,15 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
         }
         SheetFormat format = SheetFormat::Text;
         ParseSheetFormat(formatName, format);
+        if (format == SheetFormat::Pdf) {
+            PdfChoice pdf;
+            if (enquireTail->count() > 0) pdf.drawings = tail;
+            std::filesystem::path path;
+            if (!ResolveDataFile(data, folder, path, err)) return 1;
+            const std::string lottery = path.stem().string();
+            return Destination{output}.Deliver(
+                [&](std::ostream& os) { WriteSheetPdf(sheet, lottery, pdf, os); }, out, err);
+        }
         return Destination{output}.Deliver(sheet, format, enquiry.object, tail, out, err);
     }
     if (*missLengths) {
