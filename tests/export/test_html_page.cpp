@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -207,6 +208,60 @@ TEST(HtmlPage, StaysWithinFourTimesTheCsv) {
         EXPECT_LE(page.size(), 4 * FormatSheetCsv(sheet).size()) << object;
         EXPECT_NE(page.find("<span id=\"draw-count\">3000</span>"), std::string::npos) << object;
     }
+}
+
+// The page's script run by headless Chromium, where it is installed: the newest rows are drawn at
+// once, the fixed header with them, and a range chosen with the mouse is copied as text.
+TEST(HtmlPage, ChromiumDrawsTheNewestRowsAndCopiesARange) {
+    if (std::system("command -v chromium > /dev/null 2>&1") != 0)
+        GTEST_SKIP() << "chromium is not installed";
+    ReportSheet sheet(2002, 8);
+    sheet.SetTitle("Long sheet");
+    sheet.SetDrawCount(2000);
+    sheet.SetColWidth(3, 2);
+    for (int c = 1; c < 8; ++c)
+        sheet.SetText(0, c, "h" + std::to_string(c));
+    for (int r = 1; r <= 2000; ++r) {
+        sheet.SetText(r, 0, " " + std::to_string(2020000 + r) + ":123");
+        for (int c = 1; c < 8; ++c)
+            sheet.SetNumber(r, c, r * 10 + c);
+    }
+    // After the page has drawn itself: drag from the label of drawing 1999 to the third shown
+    // column of drawing 2000, copy, and put what was copied and what is drawn into the title.
+    const std::string harness = R"(<script>(function(){
+function row(r){return document.querySelector('#body .r[data-r="'+r+'"]');}
+function ev(t,el){var b=el.getBoundingClientRect();
+el.dispatchEvent(new MouseEvent(t,{bubbles:true,clientX:b.x+2,clientY:b.y+2,button:0}));}
+ev('mousedown',row(1999).children[0]);ev('mousemove',row(2000).children[3]);ev('mouseup',row(2000));
+var dt=new DataTransfer();
+document.dispatchEvent(new ClipboardEvent('copy',{clipboardData:dt,bubbles:true,cancelable:true}));
+document.title=JSON.stringify({copied:dt.getData('text/plain'),head:document.querySelector('#head').textContent,
+last:!!row(2001),first:!!row(1),selected:document.querySelectorAll('.x').length});
+})();</script></body>)";
+    std::string page = Page(sheet, "frmlong", "");
+    page.replace(page.rfind("</body>"), 7, harness);
+    testing::TempDir dir;
+    const auto file = dir.Write("page.html", page);
+    const auto dom = dir.path() / "dom.html";
+    const std::string command =
+        "timeout 120 chromium --headless --disable-gpu --no-sandbox --window-size=1000,700 "
+        "--dump-dom "
+        "'file://" +
+        file.string() + "' > '" + dom.string() + "' 2> /dev/null";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    const std::string out = testing::ReadAll(dom);
+    const std::size_t begin = out.find("<title>") + 7;
+    std::string title = out.substr(begin, out.find("</title>") - begin);
+    for (auto [from, to] : {std::pair<std::string, std::string>{"&quot;", "\""}, {"&amp;", "&"}})
+        for (std::size_t at = title.find(from); at != std::string::npos; at = title.find(from, at))
+            title.replace(at, from.size(), to);
+    const auto result = nlohmann::json::parse(title);
+    EXPECT_EQ(result["copied"],
+              " 2021999:123\t19991\t19992\t19994\n 2022000:123\t20001\t20002\t20004\n");
+    EXPECT_EQ(result["head"], "h1h2h4h5h6h7");
+    EXPECT_TRUE(result["last"]);
+    EXPECT_FALSE(result["first"]);
+    EXPECT_EQ(result["selected"], 8);
 }
 
 }  // namespace
