@@ -35,8 +35,8 @@ Rgb ShownBack(const ReportSheet& sheet, int row, int col);
 Rgb ShownFore(const ReportSheet& sheet, int row, int col);
 Rgb ShownGridLine(const ReportSheet& sheet);
 
-// The date of the drawing in `row` (a drawing's first row): the number its label starts with, before ":"
-// or "|" (" date:HTU"); empty when the label has none.
+// The date of the drawing in `row` (a drawing's first row): the number its label starts with,
+// before ":" or "|" (" date:HTU"); empty when the label has none.
 std::string DrawingDate(const ReportSheet& sheet, int row);
 // "first to last" over the drawings of the sheet, or the one date, or empty without drawings.
 std::string DrawingDateRange(const ReportSheet& sheet);
