@@ -86,5 +86,6 @@ void BM_Export(benchmark::State& state, SheetFormat format) {
 BENCHMARK_CAPTURE(BM_Export, csv, SheetFormat::Csv)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_Export, html, SheetFormat::Html)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_Export, json, SheetFormat::Json)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Export, pdf, SheetFormat::Pdf)->Unit(benchmark::kMillisecond);
 
 }  // namespace

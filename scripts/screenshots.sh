@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Photographs the desktop program's windows under a virtual display (Xvfb) with ImageMagick's
-# `import`: the welcome window, the main window with a group menu open, a report, the Scoreboard and
-# the drawings editor, on the shipped sample lottery. The pictures go to docs/screenshots/.
+# `import`: the welcome window, the main window with a group menu open, reports, a Print preview,
+# the Scoreboard and the drawings editor, on the shipped sample lottery. The pictures go to
+# docs/screenshots/.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 NUMAREL_SCREENSHOTS=1 scripts/setup.sh

@@ -2,8 +2,9 @@
 # Installs what a fresh Debian 12 machine lacks to build, test and run Numarel.
 set -euo pipefail
 
-packages=(cmake g++ make ccache clang-format git pkg-config qt6-base-dev qt6-charts-dev libqt6opengl6-dev libgl-dev libgtest-dev libgmock-dev
-          libbenchmark-dev libcli11-dev nlohmann-json3-dev fonts-liberation2 xvfb xauth)
+packages=(cmake g++ make ccache clang-format git pkg-config qt6-base-dev qt6-charts-dev libqt6opengl6-dev
+          libgl-dev libgtest-dev libgmock-dev libbenchmark-dev libcli11-dev nlohmann-json3-dev
+          libcairo2-dev fonts-liberation2 poppler-utils xvfb xauth)
 if [ "${NUMAREL_SCREENSHOTS:-0}" = 1 ]; then packages+=(imagemagick); fi
 # Building and checking the Debian package (scripts/package.sh, and the package test).
 packages+=(dpkg-dev file lintian appstream desktop-file-utils)

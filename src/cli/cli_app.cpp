@@ -13,6 +13,8 @@
 #include "cli/score_command.h"
 #include "data/file_io.h"
 #include "data/lottery_catalog.h"
+#include "export/html_page.h"
+#include "export/pdf_writer.h"
 #include "export/sheet_format.h"
 #include "reports/command_table.h"
 #include "reports/enquiry_other/number_enquiry.h"
@@ -141,13 +143,16 @@ PayoutTable PayoutsOf(const ProgramFolder& folder, std::ostream& err) {
 }
 
 // The options every command that prints a sheet takes.
-void AddSheetOptions(CLI::App* command, std::string& data, std::string& formatName,
-                     std::string& output, int& tail) {
+CLI::Option* AddSheetOptions(CLI::App* command, std::string& data, std::string& formatName,
+                             std::string& output, int& tail) {
     command->add_option("--data", data, "A drawings file instead of the current lottery");
-    command->add_option("--format", formatName, "text, csv, html or json")
-        ->check(CLI::IsMember({"text", "csv", "html", "json"}));
+    command->add_option("--format", formatName, "text, csv, html, json or pdf")
+        ->check(CLI::IsMember({"text", "csv", "html", "json", "pdf"}));
     command->add_option("--output", output, "Write to this file instead of standard output");
-    command->add_option("--tail", tail, "Drawings shown by the text format")
+    return command
+        ->add_option("--tail", tail,
+                     "Drawings shown by the text format (30) and printed in a PDF "
+                     "(those that fill one page)")
         ->check(CLI::NonNegativeNumber);
 }
 
@@ -173,7 +178,11 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
                        "The report's window object or menu caption, such as frmbjiouhe or "
                        "\"cold warm hot\"");
     report->add_flag("--all", all, "Every report, into the folder given by --output");
-    AddSheetOptions(report, data, formatName, output, tail);
+    CLI::Option* reportTail = AddSheetOptions(report, data, formatName, output, tail);
+    bool fitWidth = false;
+    report->add_flag("--fit-width", fitWidth,
+                     "PDF: scale the columns to the page width instead of printing the columns "
+                     "that do not fit on following pages");
 
     std::string kind;
     std::vector<std::string> tickets;
@@ -184,7 +193,7 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
         ->check(CLI::IsMember({"straight", "box"}));
     enquire->add_option("text", tickets,
                         "The tickets, read as the text box reads them: only the digits count");
-    AddSheetOptions(enquire, data, formatName, output, tail);
+    CLI::Option* enquireTail = AddSheetOptions(enquire, data, formatName, output, tail);
 
     int column = 0;
     CLI::App* missLengths = app.add_subcommand(
@@ -242,16 +251,29 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
         if (!ResolveDataFile(data, folder, path, err)) return 1;
         SheetFormat format = SheetFormat::Text;
         ParseSheetFormat(formatName, format);
+        PdfChoice pdf;
+        if (reportTail->count() > 0) pdf.drawings = tail;
+        pdf.fitToWidth = fitWidth;
         if (all) {
             for (const std::filesystem::path& file : ExportedFiles(format, output))
                 if (!OutputIsSafe(file.string(), data, folder, err)) return 1;
-            return ExportAllReports(path, format, output, err, PayoutsOf(folder, err));
+            return ExportAllReports(path, format, output, err, PayoutsOf(folder, err), pdf);
         }
         ReportSheet sheet;
         Status s = RunReport(object, path, sheet);
         if (!s.ok()) {
             err << "numarel-cli: " << s.message() << '\n';
             return 1;
+        }
+        if (format == SheetFormat::Pdf) {
+            const std::string lottery = path.stem().string();
+            return Destination{output}.Deliver(
+                [&](std::ostream& os) { WriteSheetPdf(sheet, lottery, pdf, os); }, out, err);
+        }
+        if (format == SheetFormat::Html) {
+            const std::string lottery = path.stem().string();
+            return Destination{output}.Deliver(
+                [&](std::ostream& os) { WriteReportPage(sheet, object, lottery, os); }, out, err);
         }
         return Destination{output}.Deliver(sheet, format, object, tail, out, err);
     }
@@ -287,6 +309,15 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
         }
         SheetFormat format = SheetFormat::Text;
         ParseSheetFormat(formatName, format);
+        if (format == SheetFormat::Pdf) {
+            PdfChoice pdf;
+            if (enquireTail->count() > 0) pdf.drawings = tail;
+            std::filesystem::path path;
+            if (!ResolveDataFile(data, folder, path, err)) return 1;
+            const std::string lottery = path.stem().string();
+            return Destination{output}.Deliver(
+                [&](std::ostream& os) { WriteSheetPdf(sheet, lottery, pdf, os); }, out, err);
+        }
         return Destination{output}.Deliver(sheet, format, enquiry.object, tail, out, err);
     }
     if (*missLengths) {

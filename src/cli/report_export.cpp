@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdio>
 #include <exception>
 #include <functional>
+#include <map>
 #include <ostream>
 #include <set>
 #include <system_error>
@@ -12,6 +14,8 @@
 #include "cli/report_names.h"
 #include "cli/score_command.h"
 #include "data/file_io.h"
+#include "export/html_page.h"
+#include "export/pdf_writer.h"
 #include "reports/command_table.h"
 #include "reports/report_registry.h"
 #include "reports/scoreboard/scoreboard.h"
@@ -29,6 +33,8 @@ std::string_view Extension(SheetFormat format) {
             return ".html";
         case SheetFormat::Json:
             return ".json";
+        case SheetFormat::Pdf:
+            return ".pdf";
     }
     return ".txt";
 }
@@ -51,25 +57,47 @@ std::string HtmlText(std::string_view text) {
     return escaped;
 }
 
-// The contents page of an export: the groups of the main window with their menus.
-std::string IndexPage(const std::filesystem::path& drawings,
-                      const std::set<std::string_view>& written, bool scoreboard) {
+// "12.3 MB", "456 KB" or "789 bytes".
+std::string SizeText(std::uintmax_t bytes) {
+    char text[32];
+    if (bytes >= 1000 * 1000)
+        std::snprintf(text, sizeof text, "%.1f MB", static_cast<double>(bytes) / 1e6);
+    else if (bytes >= 1000)
+        std::snprintf(text, sizeof text, "%ju KB", (bytes + 500) / 1000);
+    else
+        std::snprintf(text, sizeof text, "%ju bytes", bytes);
+    return text;
+}
+
+// The contents page of an export: the lottery with its drawings, then the groups of the main
+// window with their menus, each written report linked with the size of its page.
+std::string IndexPage(const std::filesystem::path& drawings, const std::vector<DrawRecord>& records,
+                      const std::map<std::string_view, std::uintmax_t>& written, bool scoreboard) {
     std::string lottery = HtmlText(drawings.stem().string());
     std::string page =
-        "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n<title>" + lottery +
+        "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\">\n<title>" + lottery +
         "</title>\n<style>body{font-family:Arial,'Liberation Sans',sans-serif;margin:8px 16px}"
+        "h1{margin:4px 0}p.lottery{margin:0 0 8px}"
         "h2{font-size:12pt;margin:12px 0 4px}ul{margin:0;padding-left:20px}"
         "li.sep{list-style:none;border-top:1px solid #c0c0c0;margin:3px 0;width:240px}"
+        "span.size{color:#606060;font-size:9pt;margin-left:6px}"
         "</style></head><body>\n<h1>" +
-        lottery + "</h1>\n";
+        lottery + "</h1>\n<p class=\"lottery\">" + std::to_string(records.size()) +
+        (records.size() == 1 ? " drawing" : " drawings");
+    if (!records.empty()) {
+        page += ", " + HtmlText(records.front().date);
+        if (records.size() > 1) page += " to " + HtmlText(records.back().date);
+    }
+    page += "</p>\n";
     if (scoreboard)
         page +=
             "<p><a href=\"scoreboard.html\">Scoreboard</a>: which forecast, ticket list and "
             "digit set did better than chance</p>\n";
     auto item = [&](std::string_view caption, std::string_view report) {
-        if (written.contains(report))
+        auto it = written.find(report);
+        if (it != written.end())
             return "<li><a href=\"" + HtmlText(report) + ".html\">" + HtmlText(caption) +
-                   "</a></li>\n";
+                   "</a><span class=\"size\">" + SizeText(it->second) + "</span></li>\n";
         return "<li>" + HtmlText(caption) + "</li>\n";
     };
     std::set<std::string_view> listed;
@@ -86,7 +114,7 @@ std::string IndexPage(const std::filesystem::path& drawings,
         page += "</ul>\n";
     }
     std::string others;
-    for (std::string_view report : written)
+    for (const auto& [report, size] : written)
         if (!listed.contains(report)) others += item(FindReport(report)->title, report);
     if (!others.empty()) page += "<h2>Other reports</h2>\n<ul>\n" + others + "</ul>\n";
     page += "</body></html>\n";
@@ -143,7 +171,7 @@ std::vector<std::filesystem::path> ExportedFiles(SheetFormat format,
 
 int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
                      const std::filesystem::path& folder, std::ostream& err,
-                     const PayoutTable& payouts) {
+                     const PayoutTable& payouts, const PdfChoice& pdf) {
     if (folder.empty()) {
         err << "numarel-cli: --all writes into the folder given by --output\n";
         return 1;
@@ -168,15 +196,22 @@ int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
     // order of the menus, so the output does not depend on which core was quicker.
     std::vector<std::string> problems(reports.size());
     std::atomic<std::size_t> next{0};
+    const std::string lottery = drawings.stem().string();
     auto work = [&] {
         for (std::size_t i = next++; i < reports.size(); i = next++) {
             const ReportDefinition& def = *reports[i];
             try {
                 ReportSheet sheet;
                 BuildReport(def, records, sheet);
-                Status s = WriteFileSafely(
-                    ExportedFile(folder, def.object, format),
-                    [&](std::ostream& os) { WriteSheet(sheet, format, def.object, 30, os); });
+                auto write = [&](std::ostream& os) {
+                    if (format == SheetFormat::Html)
+                        WriteReportPage(sheet, def.object, lottery, os);
+                    else if (format == SheetFormat::Pdf)
+                        WriteSheetPdf(sheet, lottery, pdf, os);
+                    else
+                        WriteSheet(sheet, format, def.object, 30, os);
+                };
+                Status s = WriteFileSafely(ExportedFile(folder, def.object, format), write);
                 if (!s.ok()) problems[i] = s.message();
             } catch (const std::exception& e) {
                 problems[i] = e.what();
@@ -191,11 +226,12 @@ int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
     for (std::thread& t : helpers)
         t.join();
 
-    std::set<std::string_view> written;
+    std::map<std::string_view, std::uintmax_t> written;
     int failures = 0;
     for (std::size_t i = 0; i < reports.size(); ++i) {
         if (problems[i].empty()) {
-            written.insert(reports[i]->object);
+            written[reports[i]->object] =
+                std::filesystem::file_size(ExportedFile(folder, reports[i]->object, format), ec);
         } else {
             ++failures;
             err << "numarel-cli: " << reports[i]->object << ": " << problems[i] << '\n';
@@ -217,7 +253,7 @@ int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
             err << "numarel-cli: scoreboard: " << e.what() << '\n';
         }
         std::filesystem::path index = folder / "index.html";
-        std::string page = IndexPage(drawings, written, scoreboard);
+        std::string page = IndexPage(drawings, records, written, scoreboard);
         Status s = WriteFileSafely(index, page);
         if (!s.ok()) {
             ++failures;

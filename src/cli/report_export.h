@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "export/pdf_writer.h"
 #include "export/sheet_format.h"
 #include "frame/report_sheet.h"
 #include "reports/scoreboard/method_claims.h"
@@ -27,8 +28,9 @@ std::vector<std::filesystem::path> ExportedFiles(SheetFormat format,
 // index.html listing them by group as the main window does, and the scoreboard page
 // scoreboard.html, linked from it. A failing report is reported and
 // the others still written. Returns 0 when every report was written, 1 otherwise.
+// `pdf` chooses the rows and the scale of PDF pages.
 int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
                      const std::filesystem::path& folder, std::ostream& err,
-                     const PayoutTable& payouts = {});
+                     const PayoutTable& payouts = {}, const PdfChoice& pdf = {});
 
 }  // namespace numarel

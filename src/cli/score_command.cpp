@@ -141,6 +141,9 @@ void WriteScoreboard(const ScoreTable& table, SheetFormat format, std::ostream& 
         case SheetFormat::Html:
             out << ScoreboardHtml(table);
             return;
+        case SheetFormat::Pdf:  // the score command does not offer it
+            WriteSheetCsv(ScoreboardSheet(table), out);
+            return;
     }
 }
 

@@ -1,5 +1,8 @@
 #include "export/sheet_format.h"
 
+#include "export/html_page.h"
+#include "export/pdf_writer.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstring>
@@ -12,7 +15,6 @@ namespace numarel {
 namespace {
 
 constexpr int kDividerWidth = 100;
-constexpr Rgb kDefaultGridLine = MakeRgb(192, 192, 192);
 
 bool IsVisibleColumn(const ReportSheet& sheet, int col) {
     int w = sheet.ColWidth(col);
@@ -42,11 +44,6 @@ bool IsUtf8(std::string_view text) {
         i += length;
     }
     return true;
-}
-
-// Pixels at 96 dots to the inch; a twip is 1/1440 inch.
-int TwipsToPixels(int twips) {
-    return (twips * 96 + 720) / 1440;
 }
 
 // Collects output in a block and hands it to the stream a block at a time, so that a sheet of
@@ -293,6 +290,8 @@ bool ParseSheetFormat(std::string_view name, SheetFormat& format) {
         format = SheetFormat::Html;
     else if (name == "json")
         format = SheetFormat::Json;
+    else if (name == "pdf")
+        format = SheetFormat::Pdf;
     else
         return false;
     return true;
@@ -405,72 +404,7 @@ void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out) {
 }
 
 void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostream& out) {
-    Sink sink(out);
-    ReportSheet::NumberDigits digits;
-    auto title = [&] { sink.Text(sheet.Title(), HtmlChar); };
-    const Rgb gridLine =
-        sheet.GridColour() == kDefaultColour ? kDefaultGridLine : sheet.GridColour();
-    sink << "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n<title>";
-    title();
-    sink << "</title>\n<style>\n"
-            "body{margin:0;font-family:Arial,'Liberation Sans',sans-serif;background:#808080}\n"
-            "h1{font-size:11pt;margin:0;padding:4px 8px;background:#f0f0f0}\n"
-            ".wrap{overflow:auto;height:calc(100vh - 28px)}\n"
-            "table{border-collapse:separate;border-spacing:0;table-layout:fixed;"
-            "font-size:"
-         << sheet.FontDecipoints() / 10 << '.' << sheet.FontDecipoints() % 10
-         << "pt;background:#ffffff}\n"
-            "td{border-right:1px solid ";
-    sink.Hex(gridLine) << ";border-bottom:1px solid ";
-    sink.Hex(gridLine)
-        << ";overflow:hidden;"
-           "white-space:pre;padding:0;height:16px}\n"
-           "tr.h td{position:sticky;top:0;background:#f0f0f0;border-bottom:1px solid #000;"
-           "z-index:1}\n"
-           "td.l{position:sticky;left:0;background:#f0f0f0;border-right:1px solid #000}\n"
-           "tr.h td.l{z-index:2}\n"
-           "</style></head><body>\n<h1>";
-    title();
-    sink << " <small>(";
-    for (char c : report)
-        HtmlChar(sink, c);
-    sink << ")</small></h1>\n<div class=\"wrap\"><table>\n<colgroup>";
-    for (int c = 0; c < sheet.Cols(); ++c) {
-        int w = sheet.ColWidth(c);
-        sink << "<col style=\"width:" << (w < 0 ? 64 : TwipsToPixels(w)) << "px\">";
-    }
-    sink << "</colgroup>\n";
-    for (int r = 0; r < sheet.Rows(); ++r) {
-        sink << (r == 0 ? "<tr class=\"h\"" : "<tr");
-        int h = sheet.RowHeight(r);
-        if (h >= 0) sink << " style=\"height:" << TwipsToPixels(h) << "px\"";
-        sink << '>';
-        for (int c = 0; c < sheet.Cols(); ++c) {
-            sink << (c == 0 ? "<td class=\"l\"" : "<td");
-            CellStyle(sink, sheet, r, c);
-            sink << '>';
-            if (!sheet.IsEmpty(r, c)) sink.Text(sheet.TextView(r, c, digits), HtmlChar);
-            sink << "</td>";
-        }
-        sink << "</tr>\n";
-    }
-    sink << "</table></div>\n";
-    for (const SheetLabel& label : sheet.Labels()) {
-        sink << "<p style=\"margin:4px 0;padding:2px 4px;background:";
-        if (label.back)
-            sink.Hex(label.back);
-        else
-            sink << "#f0f0f0";
-        if (label.fore) {
-            sink << ";color:";
-            sink.Hex(label.fore);
-        }
-        sink << "\">";
-        sink.Text(label.text, HtmlChar);
-        sink << "</p>\n";
-    }
-    sink << "<script>var w=document.querySelector('.wrap');"
-            "w.scrollTop=w.scrollHeight;</script>\n</body></html>\n";
+    WriteReportPage(sheet, report, {}, out);
 }
 
 void WriteSheetJson(const ReportSheet& sheet, std::string_view report, std::ostream& out) {
@@ -541,6 +475,9 @@ void WriteSheet(const ReportSheet& sheet, SheetFormat format, std::string_view r
             break;
         case SheetFormat::Json:
             WriteSheetJson(sheet, report, out);
+            break;
+        case SheetFormat::Pdf:
+            WriteSheetPdf(sheet, {}, PdfChoice{}, out);
             break;
     }
 }

@@ -9,9 +9,9 @@
 namespace numarel {
 
 // The ways numarel-cli writes a sheet.
-enum class SheetFormat { Text, Csv, Html, Json };
+enum class SheetFormat { Text, Csv, Html, Json, Pdf };
 
-// Parses "text", "csv", "html" or "json"; false for anything else.
+// Parses "text", "csv", "html", "json" or "pdf"; false for anything else.
 bool ParseSheetFormat(std::string_view name, SheetFormat& format);
 
 // A readable table for a terminal: the visible columns (a column narrower than 100 twips is a
@@ -37,7 +37,8 @@ std::string FormatSheetJson(const ReportSheet& sheet, std::string_view report);
 void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out);
 void WriteSheetHtml(const ReportSheet& sheet, std::string_view report, std::ostream& out);
 void WriteSheetJson(const ReportSheet& sheet, std::string_view report, std::ostream& out);
-// One of the four, by `format`; `tail` is for the text format only.
+// One of them, by `format`; `tail` is for the text format only (a PDF takes the newest drawings
+// that fill one page).
 void WriteSheet(const ReportSheet& sheet, SheetFormat format, std::string_view report, int tail,
                 std::ostream& out);
 

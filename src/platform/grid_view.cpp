@@ -297,6 +297,9 @@ QMenu* GridView::BuildContextMenu(QWidget* parent) {
     menu->addAction(QStringLiteral("Save as CSV..."), this, &GridView::SaveCsvRequested);
     menu->addAction(QStringLiteral("Save as HTML..."), this, &GridView::SaveHtmlRequested);
     menu->addSeparator();
+    menu->addAction(QStringLiteral("Print...\tCtrl+P"), this, &GridView::PrintRequested);
+    menu->addAction(QStringLiteral("Print preview..."), this, &GridView::PrintPreviewRequested);
+    menu->addSeparator();
     menu->addAction(QStringLiteral("Zoom in\tCtrl++"), this,
                     [this] { SetZoom(NextZoomStep(zoom_, +1)); })
         ->setEnabled(zoom_ < kMaxZoom);
@@ -372,6 +375,10 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     }
     if (event->matches(QKeySequence::Copy)) {
         emit CopyRequested();
+        return;
+    }
+    if (event->matches(QKeySequence::Print)) {
+        emit PrintRequested();
         return;
     }
     StopFollowingTopRow();

@@ -97,6 +97,9 @@ signals:
     // The menu's Save as CSV... and Save as HTML...
     void SaveCsvRequested();
     void SaveHtmlRequested();
+    // Print... (also Ctrl+P) and Print preview of the context menu.
+    void PrintRequested();
+    void PrintPreviewRequested();
     // A mouse button went down on a cell; the current cell is already that cell. Sheet coordinates.
     void CellPressed(int row, int col);
     // A double click on a cell or on a header cell of the fixed row. Sheet coordinates.

@@ -20,6 +20,7 @@
 #include "shell/drawings_editor.h"
 #include "shell/enquiry_window.h"
 #include "shell/main_window.h"
+#include "shell/print_dialog.h"
 #include "shell/report_window.h"
 #include "shell/scoreboard_window.h"
 #include "shell/welcome_window.h"
@@ -137,6 +138,29 @@ int main(int argc, char** argv) {
     ok &= photographReport("frmzu3leixing2", QStringLiteral("report-3-way-box-type.png"), false);
     ok &= photographReport("frmrenwenleng", QStringLiteral("report-cold-warm-hot.png"), true);
     ok &= photographReport("frmliangmahecha", QStringLiteral("report-pairs-sums.png"), false);
+
+    // Print preview of a report: the rows and the fit to the width beside the first page.
+    if (numarel::ReportWindow* report = reports.Open("frm3weizoushi", main)) {
+        report->setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        report->showNormal();
+        Settle(600);
+        {  // closed before its report window, which owns it
+            numarel::ReportPrintDialog preview(
+                report->Sheet(), session.drawingsPath.stem().string(), session.platform.files,
+                session.platform.messages, true, report);
+            preview.resize(1180, 720);
+            preview.move(50, 30);
+            preview.show();
+            Settle(1200);
+            ok &= Photograph(folder, QStringLiteral("print-preview.png"), preview.frameGeometry(),
+                             preview.windowTitle());
+            preview.close();
+        }
+        report->close();
+        Settle(200);
+    } else {
+        ok = false;
+    }
 
     // The Straight Number enquiry after Enquire with a few tickets typed in.
     if (auto* enquiry =

@@ -14,6 +14,7 @@
 #include "platform/twips.h"
 #include "reports/enquiry_other/number_enquiry.h"
 #include "shell/enquiry_window.h"
+#include "shell/print_dialog.h"
 
 namespace numarel {
 namespace {
@@ -99,6 +100,14 @@ void ReportWindow::BuildControls() {
     connect(grid_, &GridView::CopyRequested, this, &ReportWindow::CopySelection);
     connect(grid_, &GridView::SaveCsvRequested, this, [this] { SaveSheetAs(false); });
     connect(grid_, &GridView::SaveHtmlRequested, this, [this] { SaveSheetAs(true); });
+    connect(grid_, &GridView::PrintRequested, this, [this] { OpenPrintDialog(false); });
+    connect(grid_, &GridView::PrintPreviewRequested, this, [this] { OpenPrintDialog(true); });
+}
+
+void ReportWindow::OpenPrintDialog(bool preview) {
+    ReportPrintDialog dialog(sheet_, session_.drawingsPath.stem().string(), session_.platform.files,
+                             session_.platform.messages, preview, this);
+    session_.platform.dialogs.Run(dialog);
 }
 
 void ReportWindow::CopySelection() {

@@ -77,6 +77,8 @@ private:
     void CopySelection();
     // The whole sheet into a file the user chooses, as the command line writes it.
     void SaveSheetAs(bool html);
+    // Print... and Print preview: the rows, the fit to the page width, Print and Save as PDF.
+    void OpenPrintDialog(bool preview);
     void ShowError(const QString& text);
 
     const ReportDefinition& definition_;

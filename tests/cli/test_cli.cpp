@@ -381,7 +381,7 @@ TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
     TempDir dir;
     auto data = dir.Write("Mine.txt", "2020001 1 2 3\r\n2020002 4 5 6\r\n2020003 0 0 0\r\n");
     auto folder = dir.path() / "out";
-    for (std::string format : {"html", "csv", "json"}) {
+    for (std::string format : {"html", "csv", "json", "pdf"}) {
         CliRun run = RunCliWith({"report", "--all", "--data", data.string(), "--format", format,
                                  "--output", (folder / format).string()},
                                 dir.path());
@@ -414,10 +414,49 @@ TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
         ASSERT_NE(found, std::string::npos) << group.caption;
         at = found;
     }
-    EXPECT_NE(index.find("<a href=\"frmrenwenleng.html\">Cold Warm Hot</a>"), std::string::npos);
     EXPECT_NE(index.find("<a href=\"scoreboard.html\">Scoreboard</a>"), std::string::npos);
     EXPECT_NE(ReadAll(folder / "html" / "scoreboard.html").find("frmtongshahao"),
               std::string::npos);
+    EXPECT_NE(index.find("<a href=\"frmrenwenleng.html\">Cold Warm Hot</a><span class=\"size\">"),
+              std::string::npos);
+    // The lottery with its drawings; each page names it too.
+    EXPECT_NE(index.find("<h1>Mine</h1>\n<p class=\"lottery\">3 drawings, 2020001 to 2020003</p>"),
+              std::string::npos);
+    EXPECT_NE(ReadAll(folder / "html" / "frmbjiouhe.html")
+                  .find("Mine: <span id=\"draw-count\">3</span> drawings, 2020001 to 2020003"),
+              std::string::npos);
+    EXPECT_EQ(ReadAll(folder / "pdf" / "frmbjiouhe.pdf").rfind("%PDF-", 0), 0u);
+}
+
+// The newest drawings as asked, or those that fill a page; the page names the lottery.
+TEST(ReportCommand, PdfPrintsTheNewestDrawings) {
+    TempDir dir;
+    std::string drawings;
+    for (int i = 1; i <= 300; ++i)
+        drawings += std::to_string(2020000 + i) + " " + std::to_string(i % 10) + " 2 3\r\n";
+    auto data = dir.Write("Daily.txt", drawings);
+    auto pdf = dir.path() / "tail.pdf";
+    CliRun run = RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--format", "pdf",
+                             "--tail", "2", "--output", pdf.string()},
+                            dir.path());
+    ASSERT_EQ(run.code, 0) << run.err;
+    ASSERT_EQ(ReadAll(pdf).rfind("%PDF-", 0), 0u);
+    CliRun page = RunCliWith(
+        {"report", "frmbjiouhe", "--data", data.string(), "--format", "pdf", "--fit-width"},
+        dir.path());
+    ASSERT_EQ(page.code, 0) << page.err;
+    EXPECT_EQ(page.out.rfind("%PDF-", 0), 0u);
+    if (std::system("command -v pdftotext > /dev/null 2>&1") != 0)
+        GTEST_SKIP() << "pdftotext is not installed";
+    auto text = dir.path() / "tail.txt";
+    ASSERT_EQ(std::system(("pdftotext '" + pdf.string() + "' '" + text.string() + "'").c_str()), 0);
+    const std::string content = ReadAll(text);
+    EXPECT_NE(content.find("Sum of Odd-Sum of Even"), std::string::npos);
+    EXPECT_NE(content.find("Daily: 2020001 to 2020300, 300 drawings"), std::string::npos);
+    EXPECT_NE(content.find("2020300:023"), std::string::npos);
+    EXPECT_NE(content.find("2020299:923"), std::string::npos);
+    EXPECT_EQ(content.find("2020298:"), std::string::npos);
+    EXPECT_NE(content.find("page 1 of 1"), std::string::npos);
 }
 
 TEST(ReportCommand, AllGoesOnPastAFailureAndSaysSo) {

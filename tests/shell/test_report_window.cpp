@@ -1,15 +1,21 @@
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QPrintPreviewWidget>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
 
 #include "export/sheet_format.h"
 #include "platform/grid_view.h"
 #include "reports/command_table.h"
 #include "reports/report_registry.h"
+#include "shell/print_dialog.h"
 #include "shell/shell_fixture.h"
 
 namespace numarel {
@@ -249,6 +255,81 @@ TEST_F(ReportSharingTest, SaveWritesTheWholeSheetAsTheCommandLineDoes) {
         EXPECT_FALSE(std::filesystem::exists(path));
     }
     EXPECT_TRUE(scripted.shown.empty());
+}
+
+// Ctrl+P and the context menu open the print dialog on the window's sheet: the newest drawings
+// that fill a page by default, a range of dates, or all; Save as PDF writes those pages.
+TEST_F(ReportSharingTest, PrintChoosesTheRowsAndSavesThePagesAsPdf) {
+    std::string drawings;
+    for (int i = 1; i <= 200; ++i)
+        drawings += std::to_string(2020000 + i) + " " + std::to_string(i % 10) + " 5 7\r\n";
+    WriteFile(session->drawingsPath, drawings);
+    ReportWindow* w = Open("frmbjiouhe");
+    ASSERT_NE(w, nullptr);
+    const ReportSheet& sheet = w->Sheet();
+    ASSERT_EQ(sheet.DrawCount(), 200);
+
+    const auto pdf = dir.path() / "print.pdf";
+    int runs = 0;
+    scripted.dialogRuns.push_back([&](QDialog& d) {
+        ++runs;
+        auto* dialog = dynamic_cast<ReportPrintDialog*>(&d);
+        if (!dialog) return false;
+        EXPECT_EQ(dialog->windowTitle(), "Print");
+        EXPECT_EQ(dialog->Preview(), nullptr);
+        const int onePage = DrawingsFillingOnePage(sheet, A4Landscape());
+        EXPECT_TRUE(dialog->NewestButton()->isChecked());
+        EXPECT_EQ(dialog->DrawingsBox()->value(), onePage);
+        EXPECT_EQ(dialog->ChosenRows(), NewestDrawingRows(sheet, onePage));
+        EXPECT_EQ(dialog->PageCount(), 1);
+
+        dialog->DatesButton()->setChecked(true);
+        EXPECT_EQ(dialog->FromBox()->text(), "2020001");
+        EXPECT_EQ(dialog->ToBox()->text(), "2020200");
+        dialog->FromBox()->setText("2020010");
+        dialog->ToBox()->setText("2020012");
+        EXPECT_EQ(dialog->ChosenRows(), (std::vector<int>{10, 11, 12}));
+        dialog->AllButton()->setChecked(true);
+        EXPECT_EQ(dialog->ChosenRows(), AllBodyRows(sheet));
+        EXPECT_GT(dialog->PageCount(), 3);
+        dialog->FitBox()->setChecked(true);
+        EXPECT_TRUE(dialog->FitToWidth());
+
+        dialog->NewestButton()->setChecked(true);
+        dialog->DrawingsBox()->setValue(onePage * 2);
+        scripted.chosen.push_back(QString::fromStdString(pdf.string()));
+        dialog->PdfButton()->click();
+        return false;
+    });
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_P, Qt::ControlModifier);
+    QApplication::sendEvent(w->Grid(), &press);
+    ASSERT_EQ(runs, 1);
+    ASSERT_TRUE(scripted.saveDialogs.back());
+    EXPECT_EQ(scripted.dialogs.back().presetName, "Sum of Odd-Sum of Even.pdf");
+    const std::string bytes = testing::ReadAll(pdf);
+    EXPECT_EQ(bytes.rfind("%PDF-", 0), 0u);
+    std::size_t pages = 0;
+    for (std::size_t at = bytes.find("/Type /Page\n"); at != std::string::npos;
+         at = bytes.find("/Type /Page\n", at + 1))
+        ++pages;
+    EXPECT_EQ(pages, 2u);
+    EXPECT_TRUE(scripted.shown.empty());
+
+    // Print preview: the same choices beside the pages.
+    scripted.dialogRuns.push_back([&](QDialog& d) {
+        ++runs;
+        auto* dialog = dynamic_cast<ReportPrintDialog*>(&d);
+        if (!dialog) return false;
+        EXPECT_EQ(dialog->windowTitle(), "Print preview");
+        EXPECT_NE(dialog->Preview(), nullptr);
+        return false;
+    });
+    std::unique_ptr<QMenu> menu(w->Grid()->BuildContextMenu(nullptr));
+    Trigger(*menu, "Print preview");
+    EXPECT_EQ(runs, 2);
+    const auto actions = menu->actions();
+    EXPECT_TRUE(std::any_of(actions.begin(), actions.end(),
+                            [](QAction* a) { return a->text() == "Print...\tCtrl+P"; }));
 }
 
 }  // namespace
