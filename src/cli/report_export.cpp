@@ -147,7 +147,7 @@ int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
         std::string reason;
         if (std::filesystem::exists(status))
             reason = "it is a file, not a folder";
-        else if (ec.value() == ENOTDIR)
+        else if (ec.value() == ENOTDIR || statError.value() == ENOTDIR)
             reason = NotAFolderReason(folder / "x");
         else
             reason = FileErrorReason(ec ? ec.value() : statError.value());
