@@ -89,23 +89,6 @@ TEST(WritersTakeTurns, TwoImportsAtOnceLoseNoDrawing) {
     EXPECT_FALSE(fs::exists(DrawingsFileLock::LockFileOf(file)));
 }
 
-TEST(WritersTakeTurns, AnImportThatFindsTheFileBusyWritesNothingAndSaysSo) {
-    TempDir dir;
-    ProgramFolder folder{dir.path()};
-    const fs::path file = dir.Write("data/Daily.txt", "20210101 1 0 0\r\n");
-    const fs::path source = dir.Write("r.csv", Results(3));
-    ScopedLockWait shortWait(std::chrono::milliseconds(50));
-    DrawingsFileLock desktop;  // the editor's Save, say
-    ASSERT_TRUE(desktop.Acquire(file).ok());
-    CliRun run =
-        RunCliWith({"import", source.string(), "--lottery", "Daily", "--dates", "ymd"}, folder);
-    EXPECT_EQ(run.code, 1);
-    EXPECT_EQ(Lines(run.err), 1) << run.err;
-    EXPECT_TRUE(Has(run.err, "is busy: another program is writing it")) << run.err;
-    EXPECT_FALSE(Has(run.out, "Written")) << run.out;
-    EXPECT_EQ(ReadAll(file), "20210101 1 0 0\r\n");
-}
-
 // A stream that never ends, as `yes | numarel-cli import -`.
 class EndlessInput : public std::streambuf {
 public:
@@ -256,7 +239,6 @@ TEST(OutputOption, EmptyIsRefusedDashIsStandardOutputAndTheDataFolderIsNoTarget)
     EXPECT_TRUE(Has(one.err, "is in the data folder")) << one.err;
     const std::pair<fs::path, std::string_view> folders[] = {
         {folder.DataDir(), "the data folder"},
-        {dir.path() / "data/../data/", "the data folder"},
         {dir.path() / "Numarel", "the folder of the selection file"},
         {dir.path() / "help", "the folder of the help pages"},
         {dir.path(), "the program folder"},

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -34,39 +33,6 @@ int Temporaries(const fs::path& folder) {
     for (const auto& entry : fs::directory_iterator(folder))
         n += entry.path().filename().string().starts_with(".numarel-");
     return n;
-}
-
-// A pipe that no program writes: every read of it is refused at once instead of waiting for
-// ever. The test runs in a child that an alarm ends, so that a read that waits fails the test
-// instead of hanging it.
-TEST(OddFiles, APipeIsRefusedWithoutWaiting) {
-    TempDir dir;
-    const fs::path fifo = dir.path() / "fifo.txt";
-    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
-    pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        ::alarm(10);
-        std::string bytes;
-        std::vector<DrawRecord> records;
-        std::string name;
-        DrawingsTable table;
-        const bool refused = !ReadFileBytes(fifo, bytes).ok() && !ReadHistory(fifo, records).ok() &&
-                             !table.Load(fifo).ok() && !ReadSelection(fifo, name).ok() &&
-                             !CopyDrawingsFile(fifo, dir.path() / "copy.txt").ok() &&
-                             !WriteFileSafely(fifo, "x").ok();
-        ::_exit(refused ? 0 : 1);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFEXITED(status)) << "a pipe was waited on";
-    EXPECT_EQ(WEXITSTATUS(status), 0);
-
-    std::string bytes;
-    Status s = ReadFileBytes(fifo, bytes, "drawings file");
-    EXPECT_EQ(s.message(), "Cannot read the drawings file \"" + fifo.string() +
-                               "\": it is a pipe (FIFO), not a plain file.");
-    EXPECT_FALSE(fs::exists(dir.path() / "copy.txt"));
 }
 
 // Ctrl+C, kill, a closed terminal or a closed pipe in the middle of a write: the temporary file
