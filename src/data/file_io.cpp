@@ -270,6 +270,34 @@ int CreateTemporary(const fs::path& folder, fs::path& temp) {
     return -1;
 }
 
+// Removes the temporary files that runs which no longer exist left in `folder` (a kill -9, a power
+// cut): ".numarel-PID-....tmp" whose process is gone and which were last written more than an
+// hour ago, so that a writer on another machine or in another container that shares the folder,
+// whose process this one cannot see, is never robbed of its file.
+void RemoveStaleTemporaries(const fs::path& folder) {
+    std::error_code ec;
+    const auto now = fs::file_time_type::clock::now();
+    for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        if (!name.starts_with(".numarel-") || !name.ends_with(".tmp")) continue;
+        const std::size_t dash = name.find('-', 9);
+        if (dash == std::string::npos || dash == 9) continue;
+        long pid = 0;
+        for (std::size_t i = 9; i < dash && pid < (1L << 30); ++i) {
+            if (name[i] < '0' || name[i] > '9') {
+                pid = -1;
+                break;
+            }
+            pid = pid * 10 + (name[i] - '0');
+        }
+        if (pid <= 0 || ::kill(static_cast<pid_t>(pid), 0) == 0 || errno != ESRCH) continue;
+        std::error_code timeError;
+        const auto written = fs::last_write_time(it->path(), timeError);
+        if (timeError || now - written < std::chrono::hours(1)) continue;
+        if (it->is_regular_file(timeError)) ::unlink(it->path().c_str());
+    }
+}
+
 std::chrono::milliseconds g_lockWait = kLockWait;
 
 }  // namespace
@@ -451,6 +479,7 @@ Status WriteFileSafely(const fs::path& requested, const std::function<void(std::
         return WriteFailed(path, error, hadOldFile);
     }
     ForgetTemporary(slot);
+    RemoveStaleTemporaries(folder);
     // The rename itself is durable only once the folder is flushed too.
     Descriptor dir(OpenRetrying(folder.c_str(), O_RDONLY | O_DIRECTORY));
     if (Faulted(WriteStep::SyncFolder) || (dir && !Sync(dir.get(), WriteStep::SyncFolder)))

@@ -40,7 +40,8 @@ Status ReadStreamBytes(std::istream& in, std::string_view what, std::string& byt
 // The temporary file has a name of its own, made with O_EXCL and tried again under another name
 // when taken, so a file left by an earlier run never stands in the way. While it exists, SIGINT,
 // SIGTERM, SIGHUP and SIGPIPE remove it before the program ends by the signal (where the signal's
-// action was the default one).
+// action was the default one). A write that succeeds removes the temporary files in its folder
+// that runs which are gone left there more than an hour ago (after a kill -9 or a power cut).
 Status WriteFileSafely(const std::filesystem::path& path, std::string_view bytes);
 
 // The same for contents made while they are written: `write` streams them into the file a block

@@ -87,7 +87,16 @@ TEST(OddFiles, TemporaryFilesLeftByAnEarlierRunNeverBlockAWrite) {
         ASSERT_TRUE(s.ok()) << s.message();
     }
     EXPECT_EQ(ReadAll(dir.path() / "x.csv"), "19");
+    // Those of running processes stay; so does a fresh one of a process that is gone, which may be
+    // a writer in another container. One that a gone process left an hour ago is removed.
     EXPECT_EQ(Temporaries(dir.path()), 100);
+    const fs::path fresh = dir.Write(".numarel-1999999999-0-1.tmp", "");
+    const fs::path stale = dir.Write(".numarel-1999999999-0-2.tmp", "");
+    fs::last_write_time(stale, fs::file_time_type::clock::now() - std::chrono::hours(2));
+    ASSERT_TRUE(WriteFileSafely(dir.path() / "x.csv", "20").ok());
+    EXPECT_TRUE(fs::exists(fresh));
+    EXPECT_FALSE(fs::exists(stale));
+    EXPECT_EQ(Temporaries(dir.path()), 101);
 }
 
 // A results source with one drawing a day, days 1 to `days` of 2021.
