@@ -39,7 +39,7 @@ struct Destination {
     // Streams what `write` makes, so that a large sheet is never one string in memory.
     int Deliver(const std::function<void(std::ostream&)>& write, std::ostream& out,
                 std::ostream& err) const {
-        if (outputFile.empty()) {
+        if (outputFile.empty() || outputFile == "-") {
             errno = 0;
             write(out);
             out.flush();
@@ -64,10 +64,18 @@ struct Destination {
     }
 };
 
-// --output must never name a file the command reads or the selection: refused before any work.
+// True when `path` lies directly in `folder`, by whatever path either is given.
+bool DirectlyIn(const std::filesystem::path& path, const std::filesystem::path& folder) {
+    std::error_code ec;
+    std::filesystem::path parent = std::filesystem::absolute(path, ec).parent_path();
+    return !ec && SameFile(parent, folder);
+}
+
+// --output must never name a file the command reads or the selection, nor a file of the data
+// folder, where it would stand as a lottery: refused before any work.
 bool OutputIsSafe(const std::string& output, const std::string& data, const ProgramFolder& folder,
                   std::ostream& err) {
-    if (output.empty()) return true;
+    if (output.empty() || output == "-") return true;
     std::filesystem::path current = ResolveCurrentLottery(folder).drawingsPath;
     const std::pair<std::filesystem::path, std::string_view> kept[] = {
         {data, "the drawings file given by --data"},
@@ -78,6 +86,31 @@ bool OutputIsSafe(const std::string& output, const std::string& data, const Prog
         if (!SameFile(output, path)) continue;
         err << "numarel-cli: --output \"" << output << "\" is " << what
             << "; it is never written over. Choose another file.\n";
+        return false;
+    }
+    if (DirectlyIn(output, folder.DataDir())) {
+        err << "numarel-cli: --output \"" << output
+            << "\" is in the data folder, where every file stands for a lottery. Choose another "
+               "folder.\n";
+        return false;
+    }
+    return true;
+}
+
+// The folder of report --all must not be one of the program folder's own: the data folder (each
+// file would stand as a lottery), the selection's folder, the help pages or the program folder
+// itself.
+bool ExportFolderIsSafe(const std::string& output, const ProgramFolder& folder, std::ostream& err) {
+    const std::pair<std::filesystem::path, std::string_view> own[] = {
+        {folder.DataDir(), "the data folder, where every file stands for a lottery"},
+        {folder.SelectionFile().parent_path(), "the folder of the selection file"},
+        {folder.HelpDir(), "the folder of the help pages"},
+        {folder.root, "the program folder"},
+    };
+    for (const auto& [path, what] : own) {
+        if (!SameFile(output, path)) continue;
+        err << "numarel-cli: --output \"" << output << "\" is " << what
+            << "; report --all never writes there. Choose another folder.\n";
         return false;
     }
     return true;
@@ -148,7 +181,8 @@ CLI::Option* AddSheetOptions(CLI::App* command, std::string& data, std::string& 
     command->add_option("--data", data, "A drawings file instead of the current lottery");
     command->add_option("--format", formatName, "text, csv, html, json or pdf")
         ->check(CLI::IsMember({"text", "csv", "html", "json", "pdf"}));
-    command->add_option("--output", output, "Write to this file instead of standard output");
+    command->add_option("--output", output,
+                        "Write to this file instead of standard output (- for standard output)");
     return command
         ->add_option("--tail", tail,
                      "Drawings shown by the text format (30) and printed in a PDF "
@@ -201,17 +235,21 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
     missLengths->add_option("object", object, "Form1zu3zh or frmzu3leixing2")->required();
     missLengths->add_option("column", column, "The column, counted from 0")->required();
     missLengths->add_option("--data", data, "A drawings file instead of the current lottery");
-    missLengths->add_option("--output", output, "Write to this file instead of standard output");
+    missLengths->add_option(
+        "--output", output,
+        "Write to this file instead of standard output (- for standard output)");
 
     CLI::App* nextBox = app.add_subcommand(
         "next-box-numbers", "Print the Box Numbers for the next drawing of Cold Warm Hot");
     nextBox->add_option("--data", data, "A drawings file instead of the current lottery");
-    nextBox->add_option("--output", output, "Write to this file instead of standard output");
+    nextBox->add_option("--output", output,
+                        "Write to this file instead of standard output (- for standard output)");
 
     CLI::App* export320 =
         app.add_subcommand("export320", "Print the export of Recommend 320 Straight Numbers");
     export320->add_option("--data", data, "A drawings file instead of the current lottery");
-    export320->add_option("--output", output, "Write to this file instead of standard output");
+    export320->add_option("--output", output,
+                          "Write to this file instead of standard output (- for standard output)");
 
     int last = 0;
     CLI::App* score = app.add_subcommand(
@@ -239,6 +277,14 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
         return 2;
     }
 
+    // An empty --output is a mistake, not a wish for standard output, which is "-" or no --output.
+    for (CLI::App* command : app.get_subcommands()) {
+        const CLI::Option* given = command->get_option_no_throw("--output");
+        if (given && given->count() > 0 && output.empty()) {
+            err << "numarel-cli: --output needs a file name (- for standard output)\n";
+            return 2;
+        }
+    }
     if (!OutputIsSafe(output, data, folder, err)) return 1;
 
     if (*import.command) return RunImportCommand(import, folder, std::cin, out, err);
@@ -255,6 +301,11 @@ int RunCommand(int argc, const char* const* argv, const ProgramFolder& folder, s
         if (reportTail->count() > 0) pdf.drawings = tail;
         pdf.fitToWidth = fitWidth;
         if (all) {
+            if (output == "-") {
+                err << "numarel-cli: --all writes files into a folder, not to standard output\n";
+                return 2;
+            }
+            if (!output.empty() && !ExportFolderIsSafe(output, folder, err)) return 1;
             for (const std::filesystem::path& file : ExportedFiles(format, output))
                 if (!OutputIsSafe(file.string(), data, folder, err)) return 1;
             return ExportAllReports(path, format, output, err, PayoutsOf(folder, err), pdf);

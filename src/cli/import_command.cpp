@@ -1,7 +1,6 @@
 #include "cli/import_command.h"
 
 #include <istream>
-#include <iterator>
 #include <ostream>
 
 #include "data/file_io.h"
@@ -10,11 +9,8 @@
 namespace numarel {
 namespace {
 
-// The drawings file of the lottery `name` in data\; empty when the name could leave the folder.
+// The drawings file of the lottery `name` in data\, ".txt" added unless the name ends in it.
 std::filesystem::path LotteryFile(const ProgramFolder& folder, std::string name) {
-    if (name.empty() || name.find_first_of("/\\") != std::string::npos || name == "." ||
-        name == ".." || name.front() == ' ' || name.back() == ' ')
-        return {};
     if (!name.ends_with(".txt")) name += ".txt";
     return folder.DataDir() / name;
 }
@@ -61,9 +57,11 @@ int RunImportCommand(const ImportCommand& c, const ProgramFolder& folder, std::i
     ParseDateFieldName(c.dates, options.dates);
 
     std::filesystem::path file = c.into;
-    if (!c.lottery.empty()) {
+    if (c.command ? c.command->count("--lottery") > 0 : !c.lottery.empty()) {
+        // The same rule as New Lottery in the desktop program.
+        if (std::string problem = LotteryNameProblem(c.lottery); !problem.empty())
+            return fail("\"" + ShownName(c.lottery) + "\" is not a lottery name. " + problem, 2);
         file = LotteryFile(folder, c.lottery);
-        if (file.empty()) return fail("\"" + c.lottery + "\" is not a lottery name", 2);
     }
     if (file.empty())
         return fail("say where the drawings go, with --into FILE or --lottery NAME", 2);
@@ -75,19 +73,19 @@ int RunImportCommand(const ImportCommand& c, const ProgramFolder& folder, std::i
 
     std::string bytes;
     if (c.source == "-") {
-        bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+        Status read = ReadStreamBytes(in, "Standard input", bytes);
+        if (read.ok()) read = CheckReadableText(bytes, "standard input", {});
+        if (!read.ok()) return fail(read.message(), 1);
     } else {
-        std::error_code ec;
-        if (!std::filesystem::exists(c.source, ec))
-            return fail("the source \"" + c.source + "\" does not exist", 1);
-        if (std::filesystem::exists(file, ec) && std::filesystem::equivalent(c.source, file, ec))
-            return fail("the source is the drawings file itself", 1);
-        Status read = ReadFileBytes(c.source, bytes);
+        if (SameFile(c.source, file)) return fail("the source is the drawings file itself", 1);
+        Status read = ReadFileBytes(c.source, bytes, "results file");
+        if (read.ok()) read = CheckReadableText(bytes, "results file", c.source);
         if (!read.ok()) return fail(read.message(), 1);
     }
 
     ImportPlan plan;
     Status s = ImportIntoFile(bytes, file, options, c.dryRun, plan);
+    // The summary comes once the outcome is known: a write that failed added nothing.
     if (plan.source.status.ok()) out << FormatImportSummary(plan);
     if (!s.ok()) return fail(s.message(), 1);
     if (c.dryRun)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <exception>
 #include <functional>
@@ -178,8 +179,18 @@ int ExportAllReports(const std::filesystem::path& drawings, SheetFormat format,
     }
     std::error_code ec;
     std::filesystem::create_directories(folder, ec);
-    if (!std::filesystem::is_directory(folder)) {
-        err << "numarel-cli: cannot make the folder \"" << folder.string() << "\"\n";
+    std::error_code statError;
+    const std::filesystem::file_status status = std::filesystem::status(folder, statError);
+    if (!std::filesystem::is_directory(status)) {
+        std::string reason;
+        if (std::filesystem::exists(status))
+            reason = "it is a file, not a folder";
+        else if (ec.value() == ENOTDIR || statError.value() == ENOTDIR)
+            reason = NotAFolderReason(folder / "x");
+        else
+            reason = FileErrorReason(ec ? ec.value() : statError.value());
+        err << "numarel-cli: cannot make the folder \"" << folder.string() << "\": " << reason
+            << "\n";
         return 1;
     }
     std::vector<DrawRecord> records;

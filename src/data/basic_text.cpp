@@ -63,8 +63,9 @@ std::size_t ParseNumber(std::string_view s, double& value) {
             i = j;
         }
     }
+    // A number too large for a double (a date of hundreds of digits) is left infinite: the callers
+    // decide what an overflow means.
     value = std::strtod(buf.c_str(), nullptr);
-    if (!std::isfinite(value)) value = 0;
     return i;
 }
 
@@ -95,12 +96,12 @@ double LeadingValue(std::string_view text) {
     if (auto plain = PlainDigitsValue(text)) return *plain;
     double value = 0;
     if (text.find_first_of(" \t\r\n") == std::string_view::npos)
-        return ParseNumber(text, value) ? value : 0;
+        return ParseNumber(text, value) && std::isfinite(value) ? value : 0;
     std::string packed;
     packed.reserve(text.size());
     for (char c : text)
         if (!IsSpace(c)) packed += c;
-    if (ParseNumber(packed, value) == 0) return 0;
+    if (ParseNumber(packed, value) == 0 || !std::isfinite(value)) return 0;
     return value;
 }
 
@@ -114,7 +115,8 @@ std::optional<double> WholeNumber(std::string_view text) {
     if (auto plain = PlainDigitsValue(s)) return plain;
     double value = 0;
     std::size_t used = ParseNumber(s, value);
-    if (used == 0 || used != s.size()) return std::nullopt;
+    // A number that overflows cannot be converted, as a text that is no number cannot.
+    if (used == 0 || used != s.size() || !std::isfinite(value)) return std::nullopt;
     return value;
 }
 

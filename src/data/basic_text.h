@@ -10,10 +10,12 @@ namespace numarel {
 // Text rules of the classic BASIC runtime that the drawings files and the sheets depend on.
 
 // The number at the start of a text: blanks, tabs and line ends are ignored anywhere, reading
-// stops at the first character that cannot continue a number; no number gives 0.
+// stops at the first character that cannot continue a number; no number, or one too large for a
+// double, gives 0.
 double LeadingValue(std::string_view text);
 
-// The value of a text that is wholly a number (blanks around it allowed); nullopt otherwise.
+// The value of a text that is wholly a number (blanks around it allowed); nullopt otherwise, and
+// for a number too large for a double, which cannot be converted.
 std::optional<double> WholeNumber(std::string_view text);
 
 // Conversion to a 16-bit signed integer: a whole number, rounded half to even, in range.

@@ -87,6 +87,31 @@ std::vector<std::string> ParseFields(std::string_view bytes) {
     return fields;
 }
 
+std::string_view WideTextEncoding(std::string_view bytes) {
+    // UTF-32 first: its little-endian mark begins with the UTF-16 one.
+    if (bytes.starts_with(std::string_view("\xFF\xFE\x00\x00", 4))) return "UTF-32 little-endian";
+    if (bytes.starts_with(std::string_view("\x00\x00\xFE\xFF", 4))) return "UTF-32 big-endian";
+    if (bytes.starts_with("\xFF\xFE")) return "UTF-16 little-endian";
+    if (bytes.starts_with("\xFE\xFF")) return "UTF-16 big-endian";
+    return {};
+}
+
+std::string_view WithoutUtf8Mark(std::string_view bytes) {
+    if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+    return bytes;
+}
+
+Status CheckReadableText(std::string_view bytes, std::string_view what,
+                         const std::filesystem::path& path) {
+    const std::string_view encoding = WideTextEncoding(bytes);
+    if (encoding.empty()) return Status::Ok();
+    const std::string named =
+        path.empty() ? std::string(what) : std::string(what) + " \"" + path.string() + "\"";
+    return Status::InvalidArgument("The " + named + " is " + std::string(encoding) +
+                                   " text, which is not read; save it as plain text (UTF-8 or "
+                                   "ANSI) and try again.");
+}
+
 bool IsEndMarker(const DrawRecord& record) {
     if (Trim(record.date).empty()) return true;
     auto value = WholeNumber(record.date);
@@ -102,9 +127,13 @@ std::size_t ReportDrawCount(std::span<const DrawRecord> records) {
 
 Status ReadAllRecords(const std::filesystem::path& path, std::vector<DrawRecord>& records) {
     std::string bytes;
-    Status s = ReadFileBytes(path, bytes);
-    if (!s.ok()) return s;
-    records = ParseDrawings(bytes);
+    Status s = ReadFileBytes(path, bytes, "drawings file");
+    if (s.ok()) s = CheckReadableText(bytes, "drawings file", path);
+    if (!s.ok()) {
+        records.clear();
+        return s;
+    }
+    records = ParseDrawings(WithoutUtf8Mark(bytes));
     return Status::Ok();
 }
 

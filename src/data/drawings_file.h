@@ -35,13 +35,28 @@ std::vector<DrawRecord> ParseDrawings(std::string_view bytes);
 // Every field of `bytes` under the same free-field rules, one after the other.
 std::vector<std::string> ParseFields(std::string_view bytes);
 
-// True when the record is an end marker: its date is numerically 0 (0, 00, 0.0, or empty).
+// The encoding that a byte-order mark at the start of `bytes` names when it is one the reader
+// cannot read ("UTF-16 little-endian", "UTF-32 big-endian", ...); empty for any other bytes.
+std::string_view WideTextEncoding(std::string_view bytes);
+
+// `bytes` without a UTF-8 byte-order mark at the start.
+std::string_view WithoutUtf8Mark(std::string_view bytes);
+
+// Refuses text in a wide encoding, naming the encoding: `what` "x" is in UTF-16 ..., a message
+// that says to save it as plain text.
+Status CheckReadableText(std::string_view bytes, std::string_view what,
+                         const std::filesystem::path& path);
+
+// True when the record is an end marker: its date is numerically 0 (0, 00, 0.0, or empty). A date
+// that is no number, or too large a number to convert, is no end marker: the record is a drawing
+// without a label, and the history goes on after it.
 bool IsEndMarker(const DrawRecord& record);
 
 // The number of drawings a report sees: the records before the first end marker.
 std::size_t ReportDrawCount(std::span<const DrawRecord> records);
 
-// Reads every record of a drawings file, as the editor shows them.
+// Reads every record of a drawings file, as the editor shows them. A file in UTF-16 or UTF-32 (by
+// its byte-order mark) is refused, naming the encoding; a UTF-8 byte-order mark is skipped.
 Status ReadAllRecords(const std::filesystem::path& path, std::vector<DrawRecord>& records);
 
 // Reads the drawings a report sees (up to the first end marker). Fails on a missing or unreadable

@@ -1,6 +1,10 @@
 #include "data/drawings_table.h"
 
 #include <algorithm>
+#include <functional>
+#include <string>
+
+#include "data/file_io.h"
 
 namespace numarel {
 namespace {
@@ -25,12 +29,25 @@ auto Field(Record& r, int col) -> decltype(&r.date) {
 }  // namespace
 
 Status DrawingsTable::Load(const std::filesystem::path& path) {
-    std::vector<DrawRecord> records;
-    Status s = ReadAllRecords(path, records);
-    if (!s.ok()) records.clear();
-    rows_ = std::move(records);
+    std::string bytes;
+    Status s = ReadFileBytes(path, bytes, "drawings file");
+    if (s.ok()) s = CheckReadableText(bytes, "drawings file", path);
+    seen_ = s.ok() ? Seen(bytes) : SeenOnDisk(path);
+    rows_ = s.ok() ? ParseDrawings(WithoutUtf8Mark(bytes)) : std::vector<DrawRecord>();
     rows_.emplace_back();
     return s;
+}
+
+DrawingsTable::FileSeen DrawingsTable::Seen(std::string_view bytes) {
+    return {true, true, std::hash<std::string_view>{}(bytes), bytes.size()};
+}
+
+DrawingsTable::FileSeen DrawingsTable::SeenOnDisk(const std::filesystem::path& path) {
+    std::string bytes;
+    Status s = ReadFileBytes(path, bytes);
+    if (s.ok()) return Seen(bytes);
+    if (s.code() == Status::Code::NotFound) return {true, false, 0, 0};
+    return {};
 }
 
 void DrawingsTable::Clear() {
@@ -79,8 +96,21 @@ void DrawingsTable::ReplaceWith(std::span<const DrawRecord> records) {
     rows_.emplace_back();
 }
 
-Status DrawingsTable::Save(const std::filesystem::path& path) const {
-    return WriteFileSafely(path, SaveBytes());
+Status DrawingsTable::Save(const std::filesystem::path& path, bool replaceChanges) const {
+    DrawingsFileLock lock;
+    if (Status s = lock.Acquire(path); !s.ok()) return s;
+    if (!replaceChanges && seen_.known) {
+        const FileSeen now = SeenOnDisk(path);
+        if (now.known && now != seen_)
+            return Status::Changed(
+                "\"" + path.filename().string() +
+                "\" was changed by another program (an import, perhaps) after the table was read; "
+                "saving would replace those changes with the table.");
+    }
+    const std::string bytes = SaveBytes();
+    Status s = WriteFileSafely(path, bytes);
+    if (s.ok()) seen_ = Seen(bytes);
+    return s;
 }
 
 std::string ExportPresetName(std::string_view lotteryLabel) {
@@ -92,9 +122,15 @@ std::string ExportPresetName(std::string_view lotteryLabel) {
 
 Status CopyDrawingsFile(const std::filesystem::path& from, const std::filesystem::path& to) {
     std::string bytes;
-    Status s = ReadFileBytes(from, bytes);
+    Status s = ReadFileBytes(from, bytes, "drawings file");
     if (!s.ok()) return s;
     return WriteFileSafely(to, bytes);
+}
+
+Status ImportDrawingsFile(const std::filesystem::path& from, const std::filesystem::path& to) {
+    DrawingsFileLock lock;
+    if (Status s = lock.Acquire(to); !s.ok()) return s;
+    return CopyDrawingsFile(from, to);
 }
 
 }  // namespace numarel

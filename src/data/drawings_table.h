@@ -58,10 +58,25 @@ public:
     // What Save writes: every row, the empty ones as end markers.
     std::string SaveBytes() const { return FormatDrawingsTable(rows_); }
     // Rewrites the file whole; the old file stays as it was when the new one cannot be written.
-    Status Save(const std::filesystem::path& path) const;
+    // The file's lock is held from the check to the rename. Unless `replaceChanges`, a file that
+    // another program changed since this table read or wrote it (an import run meanwhile) is not
+    // written over: the status is Changed and says so, and the caller may ask the user.
+    Status Save(const std::filesystem::path& path, bool replaceChanges = false) const;
 
 private:
+    // What the drawings file held when the table last read or wrote it.
+    struct FileSeen {
+        bool known = false;  // false: never read, or unreadable; no check then
+        bool exists = false;
+        std::size_t hash = 0;
+        std::size_t size = 0;
+        bool operator==(const FileSeen&) const = default;
+    };
+    static FileSeen SeenOnDisk(const std::filesystem::path& path);
+    static FileSeen Seen(std::string_view bytes);
+
     std::vector<DrawRecord> rows_;
+    mutable FileSeen seen_;
 };
 
 // The file name Export offers: the lottery label without "Lottery:" and without its last
@@ -69,7 +84,10 @@ private:
 std::string ExportPresetName(std::string_view lotteryLabel);
 
 // Export and Import: a plain copy of `from` over `to`. `to` is replaced only once the copy is
-// complete, so a failed copy leaves it as it was.
+// complete, so a failed copy leaves it as it was. Only a plain file is copied.
 Status CopyDrawingsFile(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// Import: the same copy over the drawings file `to`, under that file's lock.
+Status ImportDrawingsFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
 }  // namespace numarel

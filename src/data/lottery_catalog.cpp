@@ -23,6 +23,30 @@ bool IsLotteryFileName(std::string_view name) {
     return true;
 }
 
+std::string LotteryNameProblem(std::string_view name) {
+    if (name.empty()) return "A lottery name cannot be empty.";
+    for (char c : name)
+        if (IsControlCharacter(c))
+            return "A lottery name cannot hold a control character (a line break, a tab, ESC).";
+    if (name.find_first_of("/\\") != std::string_view::npos)
+        return "A lottery name cannot hold a path separator (/ or \\).";
+    if (name.find_first_of("*?\"<>|") != std::string_view::npos)
+        return "A lottery name cannot hold any of * ? \" < > |.";
+    // "C:name" is a path relative to a drive's folder, not a name.
+    if (name.size() >= 2 && name[1] == ':' &&
+        ((name[0] >= 'A' && name[0] <= 'Z') || (name[0] >= 'a' && name[0] <= 'z')))
+        return "A lottery name cannot begin with a drive such as \"C:\".";
+    if (name.front() == '.') return "A lottery name cannot begin with a dot (a hidden file).";
+    if (name.back() == '.') return "A lottery name cannot end with a dot.";
+    if (name.find("..") != std::string_view::npos) return "A lottery name cannot hold \"..\".";
+    if (name.front() == ' ' || name.back() == ' ')
+        return "A lottery name cannot begin or end with a blank.";
+    if (name.size() > kLongestLotteryName)
+        return "A lottery name can be at most " + std::to_string(kLongestLotteryName) +
+               " characters long.";
+    return {};
+}
+
 std::string ShownName(std::string_view name) {
     constexpr std::size_t kLongest = 80;
     std::string shown;
@@ -34,7 +58,7 @@ std::string ShownName(std::string_view name) {
 
 std::string SelectionName(std::string_view bytes) {
     // The strings are read with the free-field rules of the drawings file.
-    std::vector<std::string> strings = ParseFields(bytes);
+    std::vector<std::string> strings = ParseFields(WithoutUtf8Mark(bytes));
     return strings.empty() ? std::string() : std::string(Trim(strings.back()));
 }
 
@@ -45,7 +69,7 @@ std::string SelectionBytes(std::string_view name) {
 Status ReadSelection(const std::filesystem::path& selectionFile, std::string& name) {
     name.clear();
     std::string bytes;
-    Status s = ReadFileBytes(selectionFile, bytes);
+    Status s = ReadFileBytes(selectionFile, bytes, "selection file");
     if (s.ok()) name = SelectionName(bytes);
     return s;
 }

@@ -32,12 +32,22 @@ inline constexpr std::string_view kSampleLotteryFile = "Synthetic-Demo.txt";
 // cannot hold as they stand.
 bool IsLotteryFileName(std::string_view name);
 
+// The one rule for the name of a new lottery, for the desktop program's New Lottery and the
+// command line's import --lottery alike: empty when `name` meets it, otherwise the rule it breaks,
+// as one sentence. A name is not empty, holds no path separator, none of * ? " < > | (which a
+// file name on some systems, or the quoted selection file, cannot hold) and no control character,
+// does not begin with a drive ("C:"), a dot (a hidden file) or a blank, does not end with a dot or
+// a blank, holds no "..", and is at most kLongestLotteryName bytes long. Every name it lets pass
+// is one IsLotteryFileName takes, with ".txt" after it.
+std::string LotteryNameProblem(std::string_view name);
+inline constexpr std::size_t kLongestLotteryName = 200;
+
 // A name as a message shows it: control characters as "?", a very long name shortened.
 std::string ShownName(std::string_view name);
 
 // The name in the bytes of a selection file: every string in it, the last one wins, trimmed of
-// blanks; empty when it holds none. The name is what the file says: check it with
-// IsLotteryFileName.
+// blanks; empty when it holds none. A UTF-8 byte-order mark at the start is skipped. The name is
+// what the file says: check it with IsLotteryFileName.
 std::string SelectionName(std::string_view bytes);
 
 // The bytes of a selection file naming `name`: the name in double quotes, ended by CR LF.

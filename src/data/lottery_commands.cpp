@@ -22,20 +22,25 @@ LotteryChange NewLottery(const ProgramFolder& folder, std::string_view answer) {
         return change;
     }
     std::string fileName = name + ".txt";
-    if (!IsLotteryFileName(fileName)) {
-        change.message =
-            Tip("\"" + ShownName(name) + "\" cannot be used as a file name.Please rename.");
+    if (std::string problem = LotteryNameProblem(name); !problem.empty()) {
+        change.message = Tip("\"" + ShownName(name) + "\" cannot be used as a file name. " +
+                             problem + " Please rename.");
         return change;
     }
     std::filesystem::path path = folder.DataDir() / fileName;
     std::error_code ec;
+    std::filesystem::create_directories(folder.DataDir(), ec);
+    // Under the lock, so that no other writer makes the same file between the test and the
+    // creation.
+    DrawingsFileLock lock;
+    Status created = lock.Acquire(path);
     // A link that leads nowhere is a name in use too.
-    if (std::filesystem::exists(std::filesystem::symlink_status(path, ec))) {
+    if (created.ok() && std::filesystem::exists(std::filesystem::symlink_status(path, ec))) {
         change.message = Tip("This lottery already exists.Please rename.");
         return change;
     }
-    std::filesystem::create_directories(folder.DataDir(), ec);
-    if (Status created = WriteFileSafely(path, std::string_view{}); !created.ok()) {
+    if (created.ok()) created = WriteFileSafely(path, std::string_view{});
+    if (!created.ok()) {
         change.message = {
             "Error:",
             "The lottery \"" + ShownName(name) + "\" could not be created. " + created.message(),

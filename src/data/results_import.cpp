@@ -511,19 +511,29 @@ Status ImportIntoFile(std::string_view sourceBytes, const std::filesystem::path&
     if (std::filesystem::is_directory(file, ec))
         return refuse(
             Status::IoError("\"" + file.string() + "\" is a folder, not a drawings file."));
+    // The file is read and written under its lock, so that another import (or the editor's Save)
+    // running at the same moment either comes before or after this one, never in between.
+    DrawingsFileLock lock;
+    if (!dryRun) {
+        Status locked = lock.Acquire(file);
+        if (!locked.ok()) return refuse(locked);
+    }
     std::string bytes;
-    if (std::filesystem::exists(file, ec)) {
-        Status read = ReadFileBytes(file, bytes);
+    if (std::filesystem::exists(std::filesystem::symlink_status(file, ec))) {
+        Status read = ReadFileBytes(file, bytes, "drawings file");
+        if (read.ok()) read = CheckReadableText(bytes, "drawings file", file);
         if (!read.ok()) return refuse(read);
     }
-    std::vector<DrawRecord> records = ParseDrawings(bytes);
+    std::vector<DrawRecord> records = ParseDrawings(WithoutUtf8Mark(bytes));
     records.resize(ReportDrawCount(records));
     plan = PlanImport(sourceBytes, records, options);
     if (!plan.status.ok() || plan.added.empty()) return plan.status;
     std::string out;
     Status s = AppendDrawingLines(bytes, plan.added, out);
-    if (!s.ok() || dryRun) return s;
-    return WriteFileSafely(file, out);
+    if (s.ok() && !dryRun) s = WriteFileSafely(file, out);
+    // Nothing was added after all: the summary must not say otherwise.
+    if (!s.ok()) plan.status = s;
+    return s;
 }
 
 std::string DescribeLayout(const SourceLayout& layout) {

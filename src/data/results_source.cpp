@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <deque>
 #include <map>
+#include <span>
 #include <tuple>
 
 namespace numarel {
@@ -223,34 +225,54 @@ void ReadQuoted(std::string_view line, std::size_t& p, std::string& out) {
     }
 }
 
-// Splits a line at `sep`, or at runs of blanks when `sep` is ' '. Fields are trimmed; quoted
-// fields lose their quotes and may hold the separator.
-void SplitFields(std::string_view line, char sep, std::vector<std::string>& fields) {
-    fields.clear();
+// The fields of lines, as views of the source's own bytes; only a quoted field, which loses its
+// quotes, is a text of its own, kept in `unquoted` (a deque, so that the views stay valid). A
+// line of a large source costs a few views, not a text per field.
+struct FieldStore {
+    std::vector<std::string_view> fields;
+    std::deque<std::string> unquoted;
+};
+
+// Splits a line at `sep`, or at runs of blanks when `sep` is ' ', adding its fields to `store`.
+// Fields are trimmed; quoted fields lose their quotes and may hold the separator.
+void SplitFields(std::string_view line, char sep, FieldStore& store) {
     std::size_t p = 0;
     const std::size_t n = line.size();
+    // The field from `start` to `p`, after the unquoted text of a quoted field when there is one.
+    auto add = [&](bool quoted, std::string_view rest) {
+        if (!quoted) {
+            store.fields.push_back(rest);
+            return;
+        }
+        std::string& text = store.unquoted.back();
+        text.append(rest);
+        store.fields.push_back(text);
+    };
+    auto quoted = [&] {
+        if (p >= n || line[p] != '"') return false;
+        ReadQuoted(line, p, store.unquoted.emplace_back());
+        return true;
+    };
     if (sep == ' ') {
         while (true) {
             while (p < n && IsBlank(line[p]))
                 ++p;
             if (p >= n) return;
-            std::string& field = fields.emplace_back();
-            if (line[p] == '"') ReadQuoted(line, p, field);
+            const bool q = quoted();
             std::size_t start = p;
             while (p < n && !IsBlank(line[p]))
                 ++p;
-            field.append(line.substr(start, p - start));
+            add(q, line.substr(start, p - start));
         }
     }
     while (true) {
         while (p < n && IsBlank(line[p]))
             ++p;
-        std::string& field = fields.emplace_back();
-        if (p < n && line[p] == '"') ReadQuoted(line, p, field);
+        const bool q = quoted();
         std::size_t start = p;
         while (p < n && line[p] != sep)
             ++p;
-        field.append(Strip(line.substr(start, p - start)));
+        add(q, Strip(line.substr(start, p - start)));
         if (p >= n) return;
         ++p;  // the separator; one after the last field gives an empty field
     }
@@ -263,15 +285,16 @@ char SniffSeparator(const std::vector<Line>& lines) {
         double coverage = 0;
         std::size_t fields = 0;
     };
-    std::vector<std::string> fields;
+    FieldStore store;
     auto score = [&](char sep) {
         std::map<std::size_t, int> counts;
         int sampled = 0;
         for (const Line& line : lines) {
             if (Strip(line.text).empty()) continue;
             if (++sampled > 400) break;
-            SplitFields(line.text, sep, fields);
-            if (fields.size() >= 2) ++counts[fields.size()];
+            store = {};
+            SplitFields(line.text, sep, store);
+            if (store.fields.size() >= 2) ++counts[store.fields.size()];
         }
         Score best;
         for (auto [size, count] : counts)
@@ -302,11 +325,11 @@ bool LooksLikeValue(std::string_view field) {
 }
 
 // A line of names: no dates or draw numbers, and letters in at least half of its fields.
-bool IsHeaderLike(const std::vector<std::string>& fields) {
-    auto lettered = [](const std::string& f) { return std::any_of(f.begin(), f.end(), IsLetter); };
+bool IsHeaderLike(std::span<const std::string_view> fields) {
+    auto lettered = [](std::string_view f) { return std::any_of(f.begin(), f.end(), IsLetter); };
     if (std::none_of(fields.begin(), fields.end(), lettered)) return false;
     int filled = 0, named = 0;
-    for (const std::string& f : fields) {
+    for (std::string_view f : fields) {
         if (f.empty()) continue;
         ++filled;
         if (LooksLikeValue(f)) return false;
@@ -315,9 +338,9 @@ bool IsHeaderLike(const std::vector<std::string>& fields) {
     return filled > 0 && named * 2 >= filled;
 }
 
-std::string HeaderKey(const std::vector<std::string>& fields) {
+std::string HeaderKey(std::span<const std::string_view> fields) {
     std::string key;
-    for (const std::string& f : fields) {
+    for (std::string_view f : fields) {
         key += Lower(f);
         key += '\x1f';
     }
@@ -326,16 +349,16 @@ std::string HeaderKey(const std::vector<std::string>& fields) {
 
 // --- columns ---------------------------------------------------------------------------------
 
+// A line that may hold drawings: its fields, views into the reader's FieldStore.
 struct Row {
     int line = 0;
-    std::vector<std::string> fields;
+    std::span<const std::string_view> fields;
 };
 
-const std::string& FieldAt(const Row& row, int col) {
-    static const std::string kEmpty;
+std::string_view FieldAt(const Row& row, int col) {
     return col >= 0 && static_cast<std::size_t>(col) < row.fields.size()
                ? row.fields[static_cast<std::size_t>(col)]
-               : kEmpty;
+               : std::string_view();
 }
 
 struct ColumnStats {
@@ -461,6 +484,7 @@ private:
     std::string_view text_;
     const SourceHints& hints_;
     ResultsSource result_;
+    FieldStore store_;       // the fields of every line
     std::vector<Row> rows_;  // the lines that may hold drawings, in the order of the source
     SourceLayout& layout_ = result_.layout;
 };
@@ -481,14 +505,25 @@ bool SourceReader::FindLayout() {
     result_.lines = static_cast<int>(lines.size());
     layout_.separator = SniffSeparator(lines);
 
-    std::vector<Row> all;
-    all.reserve(lines.size());
+    // Every field first, then the rows over them, once the store no longer moves.
+    std::vector<std::pair<int, std::size_t>> starts;  // line number, first field
+    starts.reserve(lines.size());
     for (const Line& line : lines) {
         if (Strip(line.text).empty()) continue;
-        Row& row = all.emplace_back();
-        row.line = line.number;
-        SplitFields(line.text, layout_.separator, row.fields);
+        starts.emplace_back(line.number, store_.fields.size());
+        SplitFields(line.text, layout_.separator, store_);
     }
+    std::vector<Line>().swap(lines);
+    std::vector<Row> all;
+    all.reserve(starts.size());
+    for (std::size_t i = 0; i < starts.size(); ++i) {
+        const std::size_t first = starts[i].second;
+        const std::size_t end = i + 1 < starts.size() ? starts[i + 1].second : store_.fields.size();
+        all.push_back(
+            {starts[i].first,
+             std::span<const std::string_view>(store_.fields).subspan(first, end - first)});
+    }
+    std::vector<std::pair<int, std::size_t>>().swap(starts);
     // The header: the last line of names before the first line of values, one with as many
     // fields as the values preferred; lines of names before it are titles.
     std::size_t firstValues = 0;
@@ -519,11 +554,14 @@ bool SourceReader::FindLayout() {
         hasHeader && all[header].fields.size() == static_cast<std::size_t>(layout_.columnCount);
     for (int c = 0; c < layout_.columnCount; ++c) {
         std::string name;
-        if (layout_.namedByHeader) name = all[header].fields[static_cast<std::size_t>(c)];
+        if (layout_.namedByHeader)
+            name = std::string(all[header].fields[static_cast<std::size_t>(c)]);
         layout_.columnNames.push_back(name.empty() ? "column " + std::to_string(c + 1) : name);
     }
 
-    rows_.reserve(all.size());
+    // The rows of values are kept in place, in `all` itself.
+    const bool none = all.empty();
+    std::size_t kept = 0;
     for (std::size_t i = 0; i < all.size(); ++i) {
         if (hasHeader && i == header) continue;
         const bool names = i < firstValues || IsHeaderLike(all[i].fields);
@@ -535,10 +573,12 @@ bool SourceReader::FindLayout() {
             result_.rejected.push_back({all[i].line, "no drawing in this line"});
             continue;
         }
-        rows_.push_back(std::move(all[i]));
+        all[kept++] = all[i];
     }
+    all.resize(kept);
+    rows_ = std::move(all);
     if (rows_.empty()) {
-        Fail(all.empty() ? "The source is empty." : "The source holds no drawings.");
+        Fail(none ? "The source is empty." : "The source holds no drawings.");
         return false;
     }
     return true;

@@ -9,7 +9,16 @@ namespace numarel {
 // The core reports what went wrong; each front end decides how to show it.
 class Status {
 public:
-    enum class Code { Ok, NotFound, IoError, TooManyDrawings, InvalidArgument, NotBuilt };
+    enum class Code {
+        Ok,
+        NotFound,
+        IoError,
+        TooManyDrawings,
+        InvalidArgument,
+        NotBuilt,
+        Busy,
+        Changed
+    };
 
     Status() = default;
 
@@ -23,6 +32,10 @@ public:
         return Status(Code::InvalidArgument, std::move(msg));
     }
     static Status NotBuilt(std::string msg) { return Status(Code::NotBuilt, std::move(msg)); }
+    // Another program holds the file's lock; nothing was written.
+    static Status Busy(std::string msg) { return Status(Code::Busy, std::move(msg)); }
+    // The file changed on the disk since it was read; nothing was written.
+    static Status Changed(std::string msg) { return Status(Code::Changed, std::move(msg)); }
 
     bool ok() const { return code_ == Code::Ok; }
     Code code() const { return code_; }

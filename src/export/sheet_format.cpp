@@ -46,6 +46,63 @@ bool IsUtf8(std::string_view text) {
     return true;
 }
 
+// A number a spreadsheet reads as a number and nothing else: an optional minus, digits, and an
+// optional fraction.
+bool IsPlainNumber(std::string_view text) {
+    std::size_t i = !text.empty() && text[0] == '-' ? 1 : 0;
+    const std::size_t intStart = i;
+    while (i < text.size() && text[i] >= '0' && text[i] <= '9')
+        ++i;
+    if (i == intStart) return false;
+    if (i < text.size() && text[i] == '.') {
+        const std::size_t fracStart = ++i;
+        while (i < text.size() && text[i] >= '0' && text[i] <= '9')
+            ++i;
+        if (i == fracStart) return false;
+    }
+    return i == text.size();
+}
+
+// True when a spreadsheet would take the cell for a formula: it starts with "=", "+", "@", a tab
+// or a carriage return, or with "-" and is not a plain number. Such a cell is written after a
+// single quote, which spreadsheets read as "this is text".
+bool NeedsFormulaGuard(std::string_view text) {
+    if (text.empty()) return false;
+    switch (text.front()) {
+        case '=':
+        case '+':
+        case '@':
+        case '\t':
+        case '\r':
+            return true;
+        case '-':
+            return !IsPlainNumber(text);
+        default:
+            return false;
+    }
+}
+
+// A text for a terminal: control characters (C0, DEL and the C1 range of UTF-8) become "?", so
+// that a drawings file cannot move the cursor or change colours when a sheet is printed.
+std::string VisibleText(std::string utf8) {
+    std::string out;
+    out.reserve(utf8.size());
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        const auto c = static_cast<unsigned char>(utf8[i]);
+        if (c < 0x20 || c == 0x7F) {
+            out += '?';
+        } else if (c == 0xC2 && i + 1 < utf8.size() &&
+                   static_cast<unsigned char>(utf8[i + 1]) >= 0x80 &&
+                   static_cast<unsigned char>(utf8[i + 1]) <= 0x9F) {
+            out += '?';
+            ++i;
+        } else {
+            out += utf8[i];
+        }
+    }
+    return out;
+}
+
 // Collects output in a block and hands it to the stream a block at a time, so that a sheet of
 // millions of cells is written without building the whole document first.
 class Sink {
@@ -335,13 +392,13 @@ std::string FormatSheetText(const ReportSheet& sheet, int tail) {
     std::vector<std::size_t> widths(cols.size(), 1);
     for (std::size_t k = 0; k < rows.size(); ++k) {
         for (std::size_t i = 0; i < cols.size(); ++i) {
-            texts[k][i] = SheetTextToUtf8(sheet.Text(rows[k], cols[i]));
+            texts[k][i] = VisibleText(SheetTextToUtf8(sheet.Text(rows[k], cols[i])));
             widths[i] = std::max(widths[i], characters(texts[k][i]));
         }
     }
 
     std::string out;
-    if (!sheet.Title().empty()) out += SheetTextToUtf8(sheet.Title()) + "\n";
+    if (!sheet.Title().empty()) out += VisibleText(SheetTextToUtf8(sheet.Title())) + "\n";
     for (std::size_t k = 0; k < rows.size(); ++k) {
         std::string line;
         for (std::size_t i = 0; i < cols.size(); ++i) {
@@ -355,7 +412,7 @@ std::string FormatSheetText(const ReportSheet& sheet, int tail) {
         out += line + "\n";
     }
     for (const SheetLabel& label : sheet.Labels())
-        out += SheetTextToUtf8(label.text) + "\n";
+        out += VisibleText(SheetTextToUtf8(label.text)) + "\n";
     return out;
 }
 
@@ -385,7 +442,10 @@ void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out) {
             if (text.empty()) continue;
             // A number is written into `digits`: digits and a sign never need quotes.
             bool ascii = true;
-            if (text.data() == digits.data() || !CsvNeedsQuotes(text, ascii)) {
+            const bool number = text.data() == digits.data();
+            const bool guard = !number && NeedsFormulaGuard(text);
+            if (number || !CsvNeedsQuotes(text, ascii)) {
+                if (guard) sink << '\'';
                 if (ascii)
                     sink << text;
                 else
@@ -393,6 +453,7 @@ void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out) {
                 continue;
             }
             sink << '"';
+            if (guard) sink << '\'';
             sink.Text(text, [](Sink& s, char ch) {
                 if (ch == '"') s << '"';
                 s << ch;
@@ -491,8 +552,10 @@ std::string FormatRangeTsv(const ReportSheet& sheet, int top, int left, int bott
         for (int r = top; r <= bottom; ++r) {
             for (int c = left; c <= right; ++c) {
                 if (c > left) sink << '\t';
+                const std::string text = sheet.Text(r, c);
+                if (NeedsFormulaGuard(text)) sink << '\'';
                 // A tab or line break inside a cell would split it.
-                sink.Text(sheet.Text(r, c), [](Sink& s, char ch) {
+                sink.Text(text, [](Sink& s, char ch) {
                     s << (ch == '\t' || ch == '\n' || ch == '\r' ? ' ' : ch);
                 });
             }

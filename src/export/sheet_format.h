@@ -16,10 +16,12 @@ bool ParseSheetFormat(std::string_view name, SheetFormat& format);
 
 // A readable table for a terminal: the visible columns (a column narrower than 100 twips is a
 // divider or a store and is left out), the header, the rows of the last `tail` drawings, the next
-// drawing's row and any footer rows.
+// drawing's row and any footer rows. Control characters in a text are shown as "?".
 std::string FormatSheetText(const ReportSheet& sheet, int tail);
 
-// Every cell's text, one line per row, RFC 4180 quoting.
+// Every cell's text, one line per row, RFC 4180 quoting. A text that a spreadsheet would run as a
+// formula (one that starts with "=", "+", "@", a tab or a carriage return, or with "-" and is not a
+// plain number) is written after a single quote; numbers, negative ones too, stay numbers.
 std::string FormatSheetCsv(const ReportSheet& sheet);
 
 // A standalone page that shows the sheet with its colours; the header row and the label column
@@ -43,7 +45,7 @@ void WriteSheet(const ReportSheet& sheet, SheetFormat format, std::string_view r
                 std::ostream& out);
 
 // A block of cells, rows `top` to `bottom` and columns `left` to `right` (inclusive, clipped to
-// the sheet), as tab-separated lines in UTF-8.
+// the sheet), as tab-separated lines in UTF-8; a formula cell gets the single quote as in CSV.
 std::string FormatRangeTsv(const ReportSheet& sheet, int top, int left, int bottom, int right);
 // The same block as an HTML table that keeps the cells' colours when pasted into a spreadsheet.
 std::string FormatRangeHtml(const ReportSheet& sheet, int top, int left, int bottom, int right);

@@ -357,6 +357,19 @@ void DrawingsEditor::Save() {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         s = model_.Table().Save(session_.drawingsPath);
     }
+    // Another program wrote the file since it was read here: the user decides.
+    if (s.code() == Status::Code::Changed &&
+        session_.platform.messages.AskYesNo(
+            this, QStringLiteral("Query:"),
+            QString::fromStdString(s.message()) +
+                QStringLiteral("\nSave anyway, and replace those changes with the table?"),
+            MessageIcon::Warning)) {
+        WaitCursor hourglass;
+        s = model_.Table().Save(session_.drawingsPath, true);
+    } else if (s.code() == Status::Code::Changed) {
+        setWindowTitle(QString::fromLatin1(kCaption));
+        return;
+    }
     if (!s.ok()) {
         setWindowTitle(QString::fromLatin1(kCaption));
         ShowError(s);
@@ -400,7 +413,7 @@ void DrawingsEditor::Import() {
     request.folder = QDir::homePath();
     QString chosen = session_.platform.files.OpenFile(this, request);
     if (chosen.isEmpty()) return;
-    Status s = CopyDrawingsFile(chosen.toStdString(), session_.drawingsPath);
+    Status s = ImportDrawingsFile(chosen.toStdString(), session_.drawingsPath);
     if (!s.ok()) {
         ShowError(s);
         return;

@@ -166,7 +166,8 @@ void ImportDialog::OpenFile() {
     QString chosen = session_.platform.files.OpenFile(this, request);
     if (chosen.isEmpty()) return;
     std::string bytes;
-    Status s = ReadFileBytes(chosen.toStdString(), bytes);
+    Status s = ReadFileBytes(chosen.toStdString(), bytes, "results file");
+    if (s.ok()) s = CheckReadableText(bytes, "results file", chosen.toStdString());
     if (!s.ok()) {
         session_.platform.messages.Show(this, QStringLiteral("Error:"), ToQString(s.message()),
                                         MessageIcon::Warning);

@@ -278,7 +278,8 @@ TEST_F(CliFolder, ASelectionThatIsNotALotteryIsOneLineAndNeverReadOrRewritten) {
     }
 }
 
-// The real program, with its standard output or its output file on a device that is always full.
+// The real program, with its standard output on a device that is always full, or that device as
+// its output file, which is refused as no plain file.
 TEST_F(CliFolder, EveryFailedWriteExitsNonZeroWithOneLineNamingTheTargetAndTheReason) {
     const auto cli = std::filesystem::canonical("/proc/self/exe").parent_path() / "numarel-cli";
     ASSERT_TRUE(std::filesystem::exists(cli));
@@ -306,7 +307,8 @@ TEST_F(CliFolder, EveryFailedWriteExitsNonZeroWithOneLineNamingTheTargetAndTheRe
         const std::string err = ReadAll(errFile);
         EXPECT_EQ(err, c.toStandardOutput
                            ? "numarel-cli: cannot write to standard output: the disk is full.\n"
-                           : "numarel-cli: Cannot write \"/dev/full\": the disk is full.\n")
+                           : "numarel-cli: Cannot write \"/dev/full\": it is a device, not a "
+                             "plain file.\n")
             << line;
     }
     EXPECT_EQ(Kept()[1], kDrawings);
@@ -568,7 +570,7 @@ TEST(ImportCommand, RefusalsAreOneLineAndLeaveTheFileAsItWas) {
     };
     const Case cases[] = {
         {{file, "--into", file}, 1, "the source is the drawings file itself"},
-        {{(dir.path() / "none.csv").string(), "--into", file}, 1, "the source \""},
+        {{(dir.path() / "none.csv").string(), "--into", file}, 1, "The results file \""},
         {{good, "--into", dir.path().string()}, 1, "is a folder, not a drawings file."},
         {{good}, 2, "say where the drawings go, with --into FILE or --lottery NAME"},
         {{good, "--lottery", "../x"}, 2, "\"../x\" is not a lottery name"},

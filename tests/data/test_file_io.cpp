@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <cerrno>
 #include <functional>
@@ -109,14 +110,22 @@ TEST(SafeWrite, ReasonsAreSaidInPlainWords) {
     auto old = dir.Write("old.txt", "old\r\n");
     struct Case {
         fs::path path;
-        const char* reason;
+        std::string reason;
     };
+    auto afile = dir.Write("odd/afile", "x");
+    fs::create_symlink("loop", dir.path() / "odd/loop");
+    ASSERT_EQ(::mkfifo((dir.path() / "odd/fifo").c_str(), 0600), 0);
     const Case cases[] = {
         {dir.path() / "no" / "such.txt", "the folder does not exist"},
         {dir.path(), "it is a folder"},
-        {"/dev/full", "the disk is full"},  // a device is written in place, and refuses
+        {afile / "x.csv", afile.string() + "\" is a file, not a folder"},
+        {dir.path() / "odd/loop", "its path is a loop of links"},
+        // Only plain files are written, and /dev/null; a pipe is refused without waiting.
+        {dir.path() / "odd/fifo", "it is a pipe (FIFO), not a plain file"},
+        {"/dev/full", "it is a device, not a plain file"},
         {"", "There is no lottery yet. Make one with New Lottery."},
     };
+    EXPECT_TRUE(WriteFileSafely("/dev/null", "x").ok());
     for (const Case& c : cases) {
         Status s = WriteFileSafely(c.path, "x");
         EXPECT_FALSE(s.ok()) << c.path;
@@ -130,7 +139,7 @@ TEST(SafeWrite, ReasonsAreSaidInPlainWords) {
         EXPECT_TRUE(Has(s.message(), "did not confirm")) << s.message();
     }
     EXPECT_EQ(ReadAll(old), "new\r\n");
-    EXPECT_EQ(Listing(dir.path()), (std::vector<std::string>{"old.txt"}));
+    EXPECT_EQ(Listing(dir.path()), (std::vector<std::string>{"odd", "old.txt"}));
     // A device that takes everything.
     EXPECT_TRUE(WriteFileSafely("/dev/null", "x").ok());
 }

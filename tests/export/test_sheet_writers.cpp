@@ -117,5 +117,63 @@ TEST(SheetWriters, CsvQuotesOnlyWhatNeedsIt) {
               ",\"a,b\",\"say \"\"hi\"\"\",\" 2020001:123\"\r\n\xc3\xa9,,,-5\r\n");
 }
 
+// A drawings file can put any text into a cell: in CSV and on the clipboard a text that a
+// spreadsheet would run as a formula is written after a single quote, numbers stay numbers, and
+// JSON keeps every text exactly.
+TEST(SheetWriters, FormulaCellsAreNeutralisedAndNumbersKept) {
+    struct Case {
+        std::string text;
+        std::string csv;  // the CSV field
+        std::string tsv;  // the clipboard's field
+    };
+    const Case cases[] = {
+        {"=1+2", "'=1+2", "'=1+2"},
+        {"+1", "'+1", "'+1"},
+        {"@SUM(A1)", "'@SUM(A1)", "'@SUM(A1)"},
+        {"-1:=HYPERLINK(\"http://x\")23", "\"'-1:=HYPERLINK(\"\"http://x\"\")23\"",
+         "'-1:=HYPERLINK(\"http://x\")23"},
+        {"\t=1", "'\t=1", "' =1"},
+        {"\r=1", "\"'\r=1\"", "' =1"},
+        {"-", "'-", "'-"},
+        {"-2x", "'-2x", "'-2x"},
+        // Plain numbers, negative ones and fractions too, and texts that only hold a sign inside.
+        {"-5", "-5", "-5"},
+        {"-0.25", "-0.25", "-0.25"},
+        {"12", "12", "12"},
+        {" 2020001:123", "\" 2020001:123\"", " 2020001:123"},
+        {"a=b", "a=b", "a=b"},
+    };
+    ReportSheet sheet(1, 2);
+    for (const Case& c : cases) {
+        sheet.SetText(0, 1, c.text);
+        EXPECT_EQ(FormatSheetCsv(sheet), "," + c.csv + "\r\n") << c.text;
+        EXPECT_EQ(FormatRangeTsv(sheet, 0, 1, 0, 1), c.tsv + "\n") << c.text;
+        const auto json = nlohmann::json::parse(FormatSheetJson(sheet, "x"));
+        EXPECT_EQ(json["cells"][0][2], c.text);
+    }
+    // A number the sheet holds as a number is never touched.
+    sheet.SetNumber(0, 1, -7);
+    EXPECT_EQ(FormatSheetCsv(sheet), ",-7\r\n");
+    EXPECT_EQ(FormatRangeTsv(sheet, 0, 1, 0, 1), "-7\n");
+}
+
+TEST(SheetWriters, TextOutputShowsControlCharactersAsAStandIn) {
+    ReportSheet sheet(2, 2);
+    sheet.SetTitle("Title\x1b]0;x\x07");
+    sheet.SetText(0, 1, "--H--");
+    sheet.SetText(1, 0, " 2020001:\x1b[31m");
+    sheet.SetText(1, 1,
+                  "a\x7f\xc2\x9b"
+                  "b");  // DEL and the one-character CSI of UTF-8
+    const std::string text = FormatSheetText(sheet, 30);
+    for (char c : text)
+        EXPECT_FALSE((static_cast<unsigned char>(c) < 0x20 && c != '\n') || c == 0x7f)
+            << static_cast<int>(c);
+    EXPECT_EQ(text.find("\xc2\x9b"), std::string::npos);
+    EXPECT_NE(text.find("Title?]0;x?"), std::string::npos) << text;
+    EXPECT_NE(text.find(" 2020001:?[31m"), std::string::npos) << text;
+    EXPECT_NE(text.find("a??b"), std::string::npos) << text;
+}
+
 }  // namespace
 }  // namespace numarel

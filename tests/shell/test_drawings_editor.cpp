@@ -170,6 +170,30 @@ TEST_F(EditorTest, AFailedSaveOrImportLeavesTheFileAsItWasAndSaysWhy) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.DataDir()), {}), 1);
 }
 
+// A scheduled import writes the file while the editor is open: Save asks before it replaces
+// that, and writes nothing on No.
+TEST_F(EditorTest, SaveAsksBeforeReplacingWhatAnotherProgramWrote) {
+    auto e = Make("2020001 1 2 3\r\n");
+    const std::string imported = "2020001 1 2 3\r\n2020002 4 5 6\r\n";
+    WriteFile(session->drawingsPath, imported);
+    Go(*e, 0, 1);
+    Type(*e, "9");
+    Go(*e, 0, 2);
+    scripted.answers = {false};
+    Click(*e, "Command13");
+    ASSERT_EQ(scripted.shown.size(), 1u);
+    EXPECT_EQ(scripted.shown[0].title, "Query:");
+    EXPECT_NE(scripted.Said()[0].find("was changed by another program"), std::string::npos);
+    EXPECT_EQ(File(), imported);
+    EXPECT_EQ(e->windowTitle(), "Drawings");
+
+    scripted.shown.clear();
+    scripted.answers = {true};
+    Click(*e, "Command13");
+    EXPECT_EQ(File(), "2020001 9 2 3\r\n0 0 0 0\r\n");
+    EXPECT_EQ(scripted.Said().back(), "Friendship Tip: OK!");
+}
+
 TEST_F(EditorTest, RowButtonsWorkOnTheCurrentRowAndNeverDeleteTheLastRow) {
     struct Case {
         int row;  // the row made current first

@@ -113,13 +113,13 @@ TEST_F(MainWindowTest, WaitEntriesShowTheHourglassAndAnOpenReportIsBroughtForwar
 TEST_F(MainWindowTest, NewAndSelectLotteryChangeTheLabelAndLeaveOpenReportsAlone) {
     MainWindow* w = Make();
     Action(w, "caihezhikuadu", "caihekua_ll")->trigger();
-    scripted.prompts = {"<h1>Big"};
+    scripted.prompts = {"Big &amp; Small"};
     Action(w, "caixinjian", "caixinjiancaipiao")->trigger();
     ASSERT_EQ(scripted.shown.size(), 2u);
     EXPECT_EQ(scripted.shown[0].title, "New Lottery:");
     EXPECT_EQ(w->LotteryLabel()->textFormat(), Qt::PlainText);
-    EXPECT_EQ(Label(w), "Lottery:<h1>Big.");
-    EXPECT_EQ(session->drawingsPath, folder.DataDir() / "<h1>Big.txt");
+    EXPECT_EQ(Label(w), "Lottery:Big &amp; Small.");
+    EXPECT_EQ(session->drawingsPath, folder.DataDir() / "Big &amp; Small.txt");
 
     WriteFile(folder.DataDir() / "Night.txt", "2021001 9 9 9\r\n");
     const QString night = QString::fromStdString((folder.DataDir() / "Night.txt").string());
@@ -128,8 +128,8 @@ TEST_F(MainWindowTest, NewAndSelectLotteryChangeTheLabelAndLeaveOpenReportsAlone
         QString chosen;  // empty: the dialog is cancelled
         std::string label;
     };
-    const Step steps[] = {{false, {}, "Lottery:<h1>Big."},
-                          {true, {}, "Lottery:<h1>Big."},
+    const Step steps[] = {{false, {}, "Lottery:Big &amp; Small."},
+                          {true, {}, "Lottery:Big &amp; Small."},
                           {true, night, "Lottery:Night."}};
     for (const Step& step : steps) {
         scripted.shown.clear();
