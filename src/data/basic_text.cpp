@@ -13,9 +13,6 @@ namespace {
 bool IsSpace(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 // Parses sign, digits, fraction and exponent at the start of `s`; returns the length consumed
 // (0 when no digit was seen) and the value.
@@ -90,6 +87,15 @@ std::string_view Trim(std::string_view text) {
     while (e > b && text[e - 1] == ' ')
         --e;
     return text.substr(b, e - b);
+}
+
+std::string_view TrimBlanksAndTabs(std::string_view text) {
+    auto blank = [](char c) { return c == ' ' || c == '\t'; };
+    while (!text.empty() && blank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && blank(text.back()))
+        text.remove_suffix(1);
+    return text;
 }
 
 double LeadingValue(std::string_view text) {

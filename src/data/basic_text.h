@@ -33,8 +33,15 @@ inline bool IsControlCharacter(char c) {
     return u < 0x20 || u == 0x7F;
 }
 
-// Blanks trimmed from both ends.
+// A character from "0" to "9".
+inline bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Blanks trimmed from both ends (the runtime's rule: tabs stay).
 std::string_view Trim(std::string_view text);
+// Blanks and tabs trimmed from both ends, as a field of a results file is read.
+std::string_view TrimBlanksAndTabs(std::string_view text);
 
 // A text of up to seven characters as one number, its length in the top byte; any longer text
 // is kLongText. Two short texts are alike exactly when their numbers are, so a pass that matches

@@ -8,15 +8,14 @@
 #include <span>
 #include <tuple>
 
+#include "data/basic_text.h"
+
 namespace numarel {
 namespace {
 
 constexpr int kMinYear = 1900;
 constexpr int kMaxYear = 2199;
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 bool IsBlank(char c) {
     return c == ' ' || c == '\t';
 }
@@ -24,14 +23,6 @@ bool IsBlank(char c) {
 bool IsLetter(char c) {
     unsigned char u = static_cast<unsigned char>(c);
     return u >= 0x80 || ((u | 0x20) >= 'a' && (u | 0x20) <= 'z');
-}
-// Blanks and tabs trimmed from both ends.
-std::string_view Strip(std::string_view s) {
-    while (!s.empty() && IsBlank(s.front()))
-        s.remove_prefix(1);
-    while (!s.empty() && IsBlank(s.back()))
-        s.remove_suffix(1);
-    return s;
 }
 bool AllDigits(std::string_view s) {
     return !s.empty() && std::all_of(s.begin(), s.end(), IsDigit);
@@ -130,7 +121,7 @@ constexpr int kFormCount = 6;  // the enum's size, Guess included
 // "1,2,3". `strong` tells whether the field could hardly be anything else: three digit characters
 // or three separated digits, not a short number.
 bool ParseThreeDigits(std::string_view field, std::array<char, 3>& digits, bool& strong) {
-    field = Strip(field);
+    field = TrimBlanksAndTabs(field);
     if (field.empty()) return false;
     if (AllDigits(field)) {
         if (field.size() > 3) return false;
@@ -158,7 +149,7 @@ bool ParseThreeDigits(std::string_view field, std::array<char, 3>& digits, bool&
 }
 
 bool IsSingleDigit(std::string_view field) {
-    field = Strip(field);
+    field = TrimBlanksAndTabs(field);
     return field.size() == 1 && IsDigit(field[0]);
 }
 
@@ -181,7 +172,7 @@ int DayPart(std::string_view text) {
     static constexpr std::pair<std::string_view, int> kNames[] = {
         {"morning", 0},   {"midday", 1},  {"mid-day", 1}, {"mid day", 1}, {"noon", 1}, {"day", 1},
         {"afternoon", 2}, {"evening", 3}, {"eve", 3},     {"night", 4},   {"nite", 4}};
-    std::string name = Lower(Strip(text));
+    std::string name = Lower(TrimBlanksAndTabs(text));
     for (auto [word, part] : kNames)
         if (name == word) return part;
     return -1;
@@ -272,7 +263,7 @@ void SplitFields(std::string_view line, char sep, FieldStore& store) {
         std::size_t start = p;
         while (p < n && line[p] != sep)
             ++p;
-        add(q, Strip(line.substr(start, p - start)));
+        add(q, TrimBlanksAndTabs(line.substr(start, p - start)));
         if (p >= n) return;
         ++p;  // the separator; one after the last field gives an empty field
     }
@@ -290,7 +281,7 @@ char SniffSeparator(const std::vector<Line>& lines) {
         std::map<std::size_t, int> counts;
         int sampled = 0;
         for (const Line& line : lines) {
-            if (Strip(line.text).empty()) continue;
+            if (TrimBlanksAndTabs(line.text).empty()) continue;
             if (++sampled > 400) break;
             store = {};
             SplitFields(line.text, sep, store);
@@ -382,7 +373,7 @@ struct ColumnStats {
 ColumnStats Measure(const std::vector<Row>& rows, int col) {
     ColumnStats s;
     for (const Row& row : rows) {
-        std::string_view f = Strip(FieldAt(row, col));
+        std::string_view f = TrimBlanksAndTabs(FieldAt(row, col));
         if (f.empty()) continue;
         ++s.filled;
         for (DateFormat form : kForms)
@@ -418,7 +409,7 @@ bool Mostly(int part, int whole) {
 
 // The column a hint names: its header text, or its number from 1. -1 when there is none.
 int FindColumn(std::string_view hint, const SourceLayout& layout) {
-    std::string_view h = Strip(hint);
+    std::string_view h = TrimBlanksAndTabs(hint);
     for (std::size_t i = 0; i < layout.columnNames.size(); ++i)
         if (Lower(layout.columnNames[i]) == Lower(h)) return static_cast<int>(i);
     if (AllDigits(h) && h.size() <= 4) {
@@ -438,7 +429,7 @@ bool ReadSlot(const Row& row, const std::vector<int>& cols, std::array<char, 3>&
               std::string& bad) {
     bad.clear();
     if (cols.size() == 1) {
-        std::string_view f = Strip(FieldAt(row, cols[0]));
+        std::string_view f = TrimBlanksAndTabs(FieldAt(row, cols[0]));
         if (f.empty()) return false;
         bool strong = false;
         if (ParseThreeDigits(f, digits, strong)) return true;
@@ -448,7 +439,7 @@ bool ReadSlot(const Row& row, const std::vector<int>& cols, std::array<char, 3>&
     bool empty = true;
     bool ok = true;
     for (std::size_t i = 0; i < 3; ++i) {
-        std::string_view f = Strip(FieldAt(row, cols[i]));
+        std::string_view f = TrimBlanksAndTabs(FieldAt(row, cols[i]));
         if (!f.empty()) empty = false;
         if (IsSingleDigit(f))
             digits[i] = f[0];
@@ -509,7 +500,7 @@ bool SourceReader::FindLayout() {
     std::vector<std::pair<int, std::size_t>> starts;  // line number, first field
     starts.reserve(lines.size());
     for (const Line& line : lines) {
-        if (Strip(line.text).empty()) continue;
+        if (TrimBlanksAndTabs(line.text).empty()) continue;
         starts.emplace_back(line.number, store_.fields.size());
         SplitFields(line.text, layout_.separator, store_);
     }
@@ -743,7 +734,7 @@ void SourceReader::ReadDrawings() {
         SourceDrawing d;
         d.line = row.line;
         if (layout_.dateColumn >= 0) {
-            std::string_view f = Strip(FieldAt(row, layout_.dateColumn));
+            std::string_view f = TrimBlanksAndTabs(FieldAt(row, layout_.dateColumn));
             d.date = ParseOneForm(f, layout_.dateFormat);
             if (!d.date) {
                 result_.rejected.push_back(
@@ -755,7 +746,7 @@ void SourceReader::ReadDrawings() {
             }
         }
         if (layout_.drawColumn >= 0) {
-            std::string_view f = Strip(FieldAt(row, layout_.drawColumn));
+            std::string_view f = TrimBlanksAndTabs(FieldAt(row, layout_.drawColumn));
             if (anyDrawNumber && AllDigits(f) && f.size() <= 9 && ToInt(f) > 0)
                 d.drawNumber = ToInt(f);
             else
@@ -842,7 +833,7 @@ void SourceReader::Order() {
 }  // namespace
 
 bool ParseDateFormatName(std::string_view name, DateFormat& format) {
-    std::string n = Lower(Strip(name));
+    std::string n = Lower(TrimBlanksAndTabs(name));
     if (n.empty()) {
         format = DateFormat::Guess;
         return true;
@@ -874,7 +865,7 @@ std::string_view DateFormatName(DateFormat format) {
 }
 
 int ParseResultDate(std::string_view text, DateFormat format) {
-    text = Strip(text);
+    text = TrimBlanksAndTabs(text);
     if (format != DateFormat::Guess) return ParseOneForm(text, format);
     for (DateFormat f : kForms)
         if (int date = ParseOneForm(text, f)) return date;
@@ -882,7 +873,7 @@ int ParseResultDate(std::string_view text, DateFormat format) {
 }
 
 int ParseDrawNumber(std::string_view text) {
-    text = Strip(text);
+    text = TrimBlanksAndTabs(text);
     if (text.size() != 7 || !AllDigits(text)) return 0;
     int year = ToInt(text.substr(0, 4));
     int running = ToInt(text.substr(4));
@@ -942,7 +933,7 @@ ResultsSource ReadResultsSource(std::string_view bytes, const SourceHints& hints
         failed.status = Status::InvalidArgument("The source is not a text file.");
         return failed;
     }
-    if (Strip(bytes).find_first_not_of("\r\n\t\f ") == std::string_view::npos) {
+    if (TrimBlanksAndTabs(bytes).find_first_not_of("\r\n\t\f ") == std::string_view::npos) {
         failed.status = Status::InvalidArgument("The source is empty.");
         return failed;
     }

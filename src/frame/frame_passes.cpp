@@ -11,10 +11,6 @@ namespace numarel {
 
 namespace {
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 bool IsOneDigit(const std::string& field) {
     return field.size() == 1 && IsDigit(field[0]);
 }

@@ -108,15 +108,15 @@ Status RunReport(std::string_view object, const std::filesystem::path& drawingsP
                  ReportSheet& sheet);
 
 // --- the families ----------------------------------------------------------------------------
-// Subsystem 4
+// reports/three_way_box
 std::span<const ReportDefinition> ThreeWayBoxChanceReports();
 std::span<const ReportDefinition> ThreeWayBoxDoublesReports();
 std::span<const ReportDefinition> BoxStatisticsReports();
-// Subsystem 5
+// reports/tickets_follow
 std::span<const ReportDefinition> TicketsFollowReports();
-// Subsystem 6
+// reports/digit_sets
 std::span<const ReportDefinition> DigitSetReports();
-// Subsystem 7
+// reports/digit_straight
 std::span<const ReportDefinition> ColdWarmHotReports();
 std::span<const ReportDefinition> RegionReports();
 std::span<const ReportDefinition> PositionTrendReports();
@@ -124,13 +124,13 @@ std::span<const ReportDefinition> PairOperationUnitsReports();
 std::span<const ReportDefinition> ShapeReports();
 std::span<const ReportDefinition> Recommend320StraightReports();
 std::span<const ReportDefinition> RecommendTundredTenUnitsReports();
-// Subsystem 8
+// reports/recommended_digits
 std::span<const ReportDefinition> RecommendThreeDigitsReports();
 std::span<const ReportDefinition> RecommendTwoDigitsReports();
 std::span<const ReportDefinition> FormulaDigitGroupsReports();
 std::span<const ReportDefinition> DigitFormulaReports();
 std::span<const ReportDefinition> RecommendOneDigitReports();
-// Subsystem 9
+// reports/pairs
 std::span<const ReportDefinition> PairsChartReports();
 std::span<const ReportDefinition> BoxNumberPairReports();
 std::span<const ReportDefinition> FixedPairListReports();
@@ -138,7 +138,7 @@ std::span<const ReportDefinition> InheritTwoDigitsReports();
 std::span<const ReportDefinition> FiveRegionsPairsReports();
 std::span<const ReportDefinition> PositionPairOperationReports();
 std::span<const ReportDefinition> RecommendPairsReports();
-// Subsystem 10
+// reports/sum_width_box
 std::span<const ReportDefinition> SumLinesReports();
 std::span<const ReportDefinition> SumWidthTypeReports();
 std::span<const ReportDefinition> SumWidthRegionReports();
@@ -147,7 +147,7 @@ std::span<const ReportDefinition> BoxNumberShapeReports();
 std::span<const ReportDefinition> BoxSmallMiddleLargeReports();
 std::span<const ReportDefinition> FourModelsReports();
 std::span<const ReportDefinition> AdditionMultiplicationReports();
-// Subsystem 11
+// reports/enquiry_other
 std::span<const ReportDefinition> DigitClassSumReports();
 std::span<const ReportDefinition> NumberEnquiryReports();
 

@@ -35,15 +35,6 @@ QString Escaped(std::string_view caption) {
 
 }  // namespace
 
-Status LoadReport(const ReportDefinition& definition, const std::filesystem::path& drawingsPath,
-                  ReportSheet& sheet) {
-    std::vector<DrawRecord> drawings;
-    Status s = ReadHistory(drawingsPath, drawings);
-    if (!s.ok()) return s;
-    BuildReport(definition, drawings, sheet);
-    return Status::Ok();
-}
-
 // --- ReportWindow -----------------------------------------------------------------------------
 
 ReportWindow::ReportWindow(const ReportDefinition& definition, const CommandEntry* command,
@@ -136,9 +127,9 @@ Status ReportWindow::Load() {
     Status s;
     if (definition_.loadOrder == LoadOrder::ShowsLoading) {
         WaitCursor hourglass;
-        s = LoadReport(definition_, session_.drawingsPath, sheet_);
+        s = RunReport(definition_.object, session_.drawingsPath, sheet_);
     } else {
-        s = LoadReport(definition_, session_.drawingsPath, sheet_);
+        s = RunReport(definition_.object, session_.drawingsPath, sheet_);
     }
     if (!s.ok()) return s;
     setWindowTitle(ToQString(definition_.title));
