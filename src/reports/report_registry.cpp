@@ -82,10 +82,15 @@ Status RunReport(std::string_view object, const std::filesystem::path& drawingsP
                                     "\" is not available yet.");
         return Status::NotFound("There is no report \"" + std::string(object) + "\".");
     }
+    return RunReport(*def, drawingsPath, sheet);
+}
+
+Status RunReport(const ReportDefinition& definition, const std::filesystem::path& drawingsPath,
+                 ReportSheet& sheet) {
     std::vector<DrawRecord> drawings;
     Status s = ReadHistory(drawingsPath, drawings);
     if (!s.ok()) return s;
-    BuildReport(*def, drawings, sheet);
+    BuildReport(definition, drawings, sheet);
     return Status::Ok();
 }
 

@@ -106,6 +106,9 @@ HelpButtonState HelpButtonOf(const ReportDefinition& definition, std::string_vie
 // read, or when it holds more drawings than the reports can count.
 Status RunReport(std::string_view object, const std::filesystem::path& drawingsPath,
                  ReportSheet& sheet);
+// The same for a report already found.
+Status RunReport(const ReportDefinition& definition, const std::filesystem::path& drawingsPath,
+                 ReportSheet& sheet);
 
 // --- the families ----------------------------------------------------------------------------
 // reports/three_way_box

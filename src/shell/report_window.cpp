@@ -127,9 +127,9 @@ Status ReportWindow::Load() {
     Status s;
     if (definition_.loadOrder == LoadOrder::ShowsLoading) {
         WaitCursor hourglass;
-        s = RunReport(definition_.object, session_.drawingsPath, sheet_);
+        s = RunReport(definition_, session_.drawingsPath, sheet_);
     } else {
-        s = RunReport(definition_.object, session_.drawingsPath, sheet_);
+        s = RunReport(definition_, session_.drawingsPath, sheet_);
     }
     if (!s.ok()) return s;
     setWindowTitle(ToQString(definition_.title));
