@@ -327,104 +327,59 @@ std::span<const ReportDefinition> TicketsFollowReports() {
     return kReports;
 }
 
+namespace {
+
+// The lists of a report as the scoreboard follows them: a list with a letter by its letter column,
+// a report's one list without a letter by the group column.
+void AddListMethods(std::vector<ScoredMethod>& methods, std::string_view object,
+                    const TicketsFollow& report) {
+    const std::vector<int> starts = ListStarts(report);
+    const int groupCol = starts.back();
+    for (std::size_t i = 0; i < report.lists.size(); ++i) {
+        const TicketList& list = report.lists[i];
+        const bool lettered = !list.letter.empty();
+        methods.push_back({
+            .object = object,
+            .name = lettered                     ? list.letter
+                    : report.groupHeader.empty() ? std::string_view("All tickets")
+                                                 : report.groupHeader,
+            .kind = MethodKind::List,
+            .shape = report.hitTest == HitTest::SharedDigits ? ClaimShape::BoxTicketsSharedDigits
+                                                             : ClaimShape::BoxTicketsWhole,
+            .firstClaimCol = starts[i],
+            .claimCount = static_cast<int>(list.tickets.size()),
+            .claimInHeader = true,
+            .judgeCol = lettered ? groupCol + 1 + static_cast<int>(i) : groupCol,
+            .hitText = lettered ? list.letter : report.hitMarker,
+            .firstJudgedRow = 1,
+        });
+    }
+}
+
+}  // namespace
+
 // The claims the scoreboard follows, each judged as the report judges it.
 std::span<const ScoredMethod> TicketsFollowMethods() {
-    static constexpr ScoredMethod kMethods[] = {
-        // Each list as a whole: the group column, or a list's letter column, marks its hits.
-        {.object = "frmqita1",
-         .name = "16 tickets",
-         .kind = MethodKind::List,
-         .shape = ClaimShape::BoxTicketsSharedDigits,
-         .claimCount = 16,
-         .claimInHeader = true,
-         .judgeCol = 21,
-         .hitText = "*****",
-         .firstJudgedRow = 1},
-        {.object = "frmqita3",
-         .name = "Gather",
-         .kind = MethodKind::List,
-         .shape = ClaimShape::BoxTicketsSharedDigits,
-         .claimCount = 27,
-         .claimInHeader = true,
-         .judgeCol = 32,
-         .hitText = "***",
-         .firstJudgedRow = 1},
-        {.object = "frmqita2a",
-         .name = "Gather",
-         .kind = MethodKind::List,
-         .shape = ClaimShape::BoxTicketsSharedDigits,
-         .claimCount = 30,
-         .claimInHeader = true,
-         .judgeCol = 35,
-         .hitText = "***",
-         .firstJudgedRow = 1},
-        {.object = "frmqita2",
-         .name = "Gather",
-         .kind = MethodKind::List,
-         .shape = ClaimShape::BoxTicketsSharedDigits,
-         .claimCount = 30,
-         .claimInHeader = true,
-         .judgeCol = 35,
-         .hitText = "***",
-         .firstJudgedRow = 1},
-        {.object = "frmqita450",
-         .name = "A",
-         .kind = MethodKind::List,
-         .shape = ClaimShape::BoxTicketsWhole,
-         .claimCount = 50,
-         .claimInHeader = true,
-         .judgeCol = 106,
-         .hitText = "A",
-         .firstJudgedRow = 1},
-        {.object = "frmqita450",
-         .name = "B",
-         .kind = MethodKind::List,
-         .shape = ClaimShape::BoxTicketsWhole,
-         .firstClaimCol = 55,
-         .claimCount = 50,
-         .claimInHeader = true,
-         .judgeCol = 107,
-         .hitText = "B",
-         .firstJudgedRow = 1},
-        {.object = "frmqita354",
-         .name = "A",
-         .kind = MethodKind::List,
-         .shape = ClaimShape::BoxTicketsWhole,
-         .claimCount = 18,
-         .claimInHeader = true,
-         .judgeCol = 60,
-         .hitText = "A",
-         .firstJudgedRow = 1},
-        {.object = "frmqita354",
-         .name = "B",
-         .kind = MethodKind::List,
-         .shape = ClaimShape::BoxTicketsWhole,
-         .firstClaimCol = 23,
-         .claimCount = 18,
-         .claimInHeader = true,
-         .judgeCol = 61,
-         .hitText = "B",
-         .firstJudgedRow = 1},
-        {.object = "frmqita354",
-         .name = "C",
-         .kind = MethodKind::List,
-         .shape = ClaimShape::BoxTicketsWhole,
-         .firstClaimCol = 41,
-         .claimCount = 18,
-         .claimInHeader = true,
-         .judgeCol = 62,
-         .hitText = "C",
-         .firstJudgedRow = 1},
-        {.object = "frmzuliu70",
-         .name = "70 tickets",
-         .kind = MethodKind::List,
-         .shape = ClaimShape::BoxTicketsWhole,
-         .firstClaimCol = 6,
-         .claimCount = 70,
-         .claimInHeader = true,
-         .judgeCol = 5,
-         .firstJudgedRow = 1},
-    };
+    static const std::vector<ScoredMethod> kMethods = [] {
+        std::vector<ScoredMethod> methods;
+        AddListMethods(methods, "frmqita1", kSixteenTickets);
+        AddListMethods(methods, "frmqita3", kTwentySevenTickets);
+        AddListMethods(methods, "frmqita2a", kThirtyTicketsA);
+        AddListMethods(methods, "frmqita2", kThirtyTicketsB);
+        AddListMethods(methods, "frmqita450", kFiftyTickets);
+        AddListMethods(methods, "frmqita354", kEighteenTickets);
+        // The 70 tickets as the Box statistics follow them: "-Y-" in the mark column on a hit.
+        methods.push_back({.object = "frmzuliu70",
+                           .name = "70 tickets",
+                           .kind = MethodKind::List,
+                           .shape = ClaimShape::BoxTicketsWhole,
+                           .firstClaimCol = 6,
+                           .claimCount = static_cast<int>(std::size(kSeventy)),
+                           .claimInHeader = true,
+                           .judgeCol = 5,
+                           .firstJudgedRow = 1});
+        return methods;
+    }();
     return kMethods;
 }
 
