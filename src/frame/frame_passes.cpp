@@ -43,27 +43,26 @@ void WritePlainLabel(const DrawRecord& record, char* out) {
 
 }  // namespace
 
+std::string DateText(std::string_view date) {
+    // A date of plain digits without a leading zero is written as it stands, as the general
+    // rule below would write it.
+    const std::string_view digits = Trim(date);
+    const bool plain = !digits.empty() && digits.size() <= 15 &&
+                       (digits[0] != '0' || digits.size() == 1) &&
+                       std::all_of(digits.begin(), digits.end(), IsDigit);
+    if (plain) return ' ' + std::string(digits);
+    auto value = WholeNumber(date);
+    return value ? NumberToText(*value) : std::string();
+}
+
 std::string DrawingLabel(const DrawRecord& record) {
     if (const std::size_t size = PlainLabelSize(record)) {
         std::string label(size, ' ');
         WritePlainLabel(record, label.data());
         return label;
     }
-    std::string label;
-    // A date of plain digits without a leading zero is written as it stands, as the general
-    // rule below would write it.
-    const std::string_view digits = Trim(record.date);
-    const bool plain = !digits.empty() && digits.size() <= 15 &&
-                       (digits[0] != '0' || digits.size() == 1) &&
-                       std::all_of(digits.begin(), digits.end(), IsDigit);
-    if (plain) {
-        label += ' ';
-        label += digits;
-    } else {
-        auto date = WholeNumber(record.date);
-        if (!date) return {};
-        label = NumberToText(*date);
-    }
+    std::string label = DateText(record.date);
+    if (label.empty()) return {};
     label += ':';
     label += Trim(record.h);
     label += Trim(record.t);

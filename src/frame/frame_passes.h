@@ -29,6 +29,9 @@ inline constexpr Rgb kFoundDigit = MakeRgb(255, 223, 157);
 // non-negative number), ":", then H, T and U trimmed, with no separators. Empty when the date is
 // not a number.
 std::string DrawingLabel(const DrawRecord& record);
+// A drawing's date by the number-to-text rule (a blank before a non-negative number); empty when
+// the date is not a number.
+std::string DateText(std::string_view date);
 
 // The number of drawings a report holds: one per record it is given.
 int CountDrawings(std::span<const DrawRecord> drawings);

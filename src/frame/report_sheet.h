@@ -272,7 +272,7 @@ private:
     }
     static std::size_t RecentTextSlot(std::string_view text) {
         const auto at = reinterpret_cast<std::uintptr_t>(text.data());
-        return static_cast<std::uint32_t>((at ^ (at >> 7) ^ text.size()) * 0x9E3779B1u) >> 27;
+        return static_cast<std::uint32_t>((at ^ (at >> 7) ^ text.size()) * 0x9E3779B1u) >> 25;
     }
     // Up to eight characters as one number, the same for the same characters. Read in at most two
     // loads that may overlap, never past the text.
@@ -344,7 +344,7 @@ private:
         std::size_t size = 0;
         std::uint32_t handle = 0;
     };
-    std::array<RecentText, 32> recentTexts_{};
+    std::array<RecentText, 128> recentTexts_{};
     std::vector<int> colWidths_;
     std::vector<int> rowHeights_;
     int row_ = 0;

@@ -59,11 +59,11 @@ public:
                     masks_[k][static_cast<std::size_t>(d - '0')][hit] =
                         MaskOf(kCarried[k], std::string_view(&d, 1), hit);
     }
-    // The mask of carried column k for the digit text `digit`, a digit 0 to 9 or any other.
-    std::string Mask(std::size_t k, std::string_view digit, bool hit) const {
-        if (digit.size() == 1 && digit[0] >= '0' && digit[0] <= '9')
-            return masks_[k][static_cast<std::size_t>(digit[0] - '0')][hit];
-        return MaskOf(kCarried[k], digit, hit);
+    // The mask of carried column k for the digit text `digit` when it is a digit 0 to 9;
+    // nullptr for any other text.
+    const std::string* Find(std::size_t k, std::string_view digit, bool hit) const {
+        if (digit.size() != 1 || !IsDigit(digit[0])) return nullptr;
+        return &masks_[k][static_cast<std::size_t>(digit[0] - '0')][hit];
     }
 
 private:
@@ -72,7 +72,7 @@ private:
 
 // Column 0's date: the number-to-text rule. Empty when the date is not a number.
 void WriteDate(ReportSheet& sheet, int row, const std::string& date) {
-    if (auto value = WholeNumber(date)) sheet.SetText(row, 0, NumberToText(*value));
+    if (const std::string text = DateText(date); !text.empty()) sheet.SetText(row, 0, text);
 }
 
 // The masks of row `row`, each compared with the digit of its position in the row. Compared as
@@ -82,8 +82,11 @@ void MaskRow(ReportSheet& sheet, int row, const MaskTable& masks) {
         const CarriedDigit& carried = kCarried[k];
         const bool hit = sheet.SameText(row, carried.col, row, carried.positionCol);
         ReportSheet::NumberDigits digits;
-        sheet.SetText(row, carried.col,
-                      masks.Mask(k, sheet.TextView(row, carried.col, digits), hit));
+        const std::string_view digit = sheet.TextView(row, carried.col, digits);
+        if (const std::string* mask = masks.Find(k, digit, hit))
+            sheet.SetText(row, carried.col, *mask);
+        else
+            sheet.SetText(row, carried.col, MaskOf(carried, digit, hit));
         if (hit) sheet.SetBackColor(row, carried.col, colours::kHit);
     }
 }
