@@ -311,7 +311,7 @@ private:
     // Reports set a handful of colours many times over, often alternating cell by cell: each is
     // found again by a few bits of the colour, without a search.
     static std::size_t RecentSlot(Rgb colour) {
-        return static_cast<std::uint32_t>(colour * 0x9E3779B1u) >> 28;
+        return static_cast<std::uint32_t>(colour * 0x9E3779B1u) >> 26;
     }
     std::uint16_t PaletteIndex(Rgb colour) {
         const RecentColour& recent = recentColours_[RecentSlot(colour)];
@@ -330,7 +330,7 @@ private:
         Rgb colour = kDefaultColour;
         std::uint16_t index = 0;
     };
-    std::array<RecentColour, 16> recentColours_{};
+    std::array<RecentColour, 64> recentColours_{};
     // Texts of up to eight characters written before, by ShortTextSlot (a handle of 0: none).
     struct ShortText {
         std::uint64_t chars = 0;
