@@ -140,8 +140,8 @@ DateField Planner::ResolveDates() const {
     // The source's draw numbers, unless the file numbers the same drawings otherwise.
     const bool draws = source_.layout.DrawNumberPerDrawing() && plan_.alignment != Alignment::Run;
     if (options_.dates != DateField::Auto) return options_.dates;
-    if (file_.empty()) return draws ? DateField::DrawNumber : DateField::YearRunning;
-    std::string_view last = Strip(file_.back().date);
+    std::string_view last = file_.empty() ? Strip(options_.numberedLike) : Strip(file_.back().date);
+    if (last.empty()) return draws ? DateField::DrawNumber : DateField::YearRunning;
     if (source_.HasDates() && ParseResultDate(last, DateFormat::Compact) && last.size() == 8)
         return DateField::YearMonthDay;
     if (ParseDrawNumber(last)) return draws ? DateField::DrawNumber : DateField::YearRunning;

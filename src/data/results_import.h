@@ -31,6 +31,9 @@ struct ImportOptions {
     SourceHints hints;
     DateField dates = DateField::Auto;
     bool strict = false;  // conflicting drawings in the source refuse the import
+    // Where the new drawings replace a table: the Date of its last drawing, so that Auto numbers
+    // them in the table's form (YYYYMMDD stays YYYYMMDD). Not used when adding to drawings.
+    std::string numberedLike = {};
 };
 
 // How the source was lined up with the drawings already there.

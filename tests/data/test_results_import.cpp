@@ -167,6 +167,17 @@ TEST(ResultsImport, TheDateFieldGoesOnFromTheFilesOwnNumbering) {
     };
     for (const Case& c : cases)
         EXPECT_EQ(Added(yearEnd, c.file, Dates(c.dates)), c.added) << c.file;
+    // Replacing a table: its numbering is followed, each form from its start.
+    const std::pair<const char*, const char*> replacing[] = {
+        {"20201230", "20201230 5 5 5\r\n20201231 6 6 6\r\n20210101 7 7 7\r\n"},
+        {"2020363", "2020001 5 5 5\r\n2020002 6 6 6\r\n2021001 7 7 7\r\n"},
+        {"57", "1 5 5 5\r\n2 6 6 6\r\n3 7 7 7\r\n"},
+    };
+    for (auto [like, added] : replacing) {
+        ImportOptions options;
+        options.numberedLike = like;
+        EXPECT_EQ(Added(yearEnd, "", options), added) << like;
+    }
 
     // A source with draw numbers gives its own; without years there is no YYYYNNN.
     EXPECT_EQ(Added("2021003 7 8 9\n2021001 1 2 3\n", ""), "2021001 1 2 3\r\n2021003 7 8 9\r\n");
