@@ -175,10 +175,13 @@ void Planner::Judge(const std::vector<Match>& matches, Lineup& l) const {
 Lineup Planner::ByDrawNumber() const {
     Lineup l;
     const auto& s = source_.drawings;
-    std::unordered_map<int, Match> byNumber;  // the versions of a drawing stand together
+    // The versions of a drawing stand together in the source; a number given again elsewhere
+    // (with another date) is not one of them.
+    std::unordered_map<int, Match> byNumber;
     for (std::size_t i = 0; i < s.size(); ++i) {
-        auto [it, fresh] = byNumber.try_emplace(s[i].drawNumber, Match{0, i, 0});
-        ++it->second.versions;
+        auto [it, fresh] = byNumber.try_emplace(s[i].drawNumber, Match{0, i, 1});
+        Match& m = it->second;
+        if (!fresh && m.first + m.versions == i) ++m.versions;
     }
     std::vector<Match> matches;
     for (std::size_t r = 0; r < file_.size(); ++r) {

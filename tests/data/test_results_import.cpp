@@ -279,6 +279,10 @@ TEST(ResultsImport, OnlyTheFilesNewestDrawingsMustAgreeWithTheSource) {
         EXPECT_TRUE(p.olderDisagreements.empty()) << twice;
         EXPECT_EQ(p.source.conflicts.size(), 1u) << twice;
     }
+    // The same by draw numbers, the file's last drawing being the second version.
+    EXPECT_EQ(Added("2021001 1 2 3\n2021002 4 5 6\n2021002 4 5 7\n2021003 7 8 9\n",
+                    "2021001 1 2 3\r\n2021002 4 5 7\r\n"),
+              "2021003 7 8 9\r\n");
 }
 
 // A published file of a lottery with two drawings a day, newest first, onto the first 25,000 of
