@@ -85,6 +85,12 @@ std::vector<int> PrefixMatches(const std::vector<int>& pattern, const std::vecto
 // corrected since, a day the source gives twice) is listed and left as the file has it.
 constexpr std::size_t kEndOverlap = 10;
 
+// Whether two drawings of the source are versions of one drawing: the same date, draw number and
+// drawing of the day.
+bool SameDrawing(const SourceDrawing& a, const SourceDrawing& b) {
+    return a.date == b.date && a.drawNumber == b.drawNumber && a.slot == b.slot;
+}
+
 // A drawing of the file and the drawing the source gives for it, in all its versions: a source
 // may give one drawing twice with different digits, and the file agrees when it has either.
 struct Match {
@@ -210,9 +216,7 @@ Lineup Planner::ByDate() const {
     std::vector<std::size_t> ofDay(s.size(), 0);
     for (std::size_t i = 0; i < s.size(); ++i) {
         std::vector<Match>& day = days[s[i].date];
-        const bool version = i > 0 && s[i - 1].date == s[i].date &&
-                             s[i - 1].drawNumber == s[i].drawNumber && s[i - 1].slot == s[i].slot;
-        if (version)
+        if (i > 0 && SameDrawing(s[i - 1], s[i]))
             ++day.back().versions;
         else
             day.push_back({0, i, 1});
@@ -290,7 +294,9 @@ Lineup Planner::ByRun() const {
     }
     l.overlap = true;
     const std::size_t run = static_cast<std::size_t>(l.run);
-    if (run < file_.size() && end + 1 > run) {
+    // Where the run starts at a drawing the source gives twice, the file has the later version and
+    // the run stops at the other: no disagreement of the file's.
+    if (run < file_.size() && end + 1 > run && !SameDrawing(s[end - run], s[end - run + 1])) {
         std::string why = Disagreement(file_[file_.size() - 1 - run], s[end - run], source_.layout);
         if (run < kEndOverlap) {
             l.disagreement = std::move(why);

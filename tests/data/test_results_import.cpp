@@ -278,6 +278,17 @@ TEST(ResultsImport, OnlyTheFilesNewestDrawingsMustAgreeWithTheSource) {
         EXPECT_EQ(p.added.size(), 3u) << twice;
         EXPECT_TRUE(p.olderDisagreements.empty()) << twice;
         EXPECT_EQ(p.source.conflicts.size(), 1u) << twice;
+        // A file numbered by running numbers is lined up by its last drawings' digits.
+        std::string numbered;
+        for (int n = 0; n < 30; ++n)
+            numbered += std::to_string(n + 1) + " " + digits(n)[0] + " " + digits(n)[1] + " " +
+                        digits(n)[2] + "\r\n";
+        ImportPlan run = plan(src, numbered);
+        ASSERT_TRUE(run.status.ok()) << twice << ": " << run.status.message();
+        EXPECT_EQ(run.alignment, Alignment::Run);
+        ASSERT_EQ(run.added.size(), 3u) << twice;
+        EXPECT_EQ(run.added.front().date, "31") << twice;
+        EXPECT_TRUE(run.olderDisagreements.empty()) << twice;
     }
     // The same by draw numbers, the file's last drawing being the second version.
     EXPECT_EQ(Added("2021001 1 2 3\n2021002 4 5 6\n2021002 4 5 7\n2021003 7 8 9\n",
