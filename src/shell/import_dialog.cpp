@@ -274,11 +274,15 @@ void ImportDialog::ShowPlan() {
                       .arg(plan_.alreadyPresent)
                       .arg(source.conflicts.size())
                       .arg(source.rejected.size());
-        if (!plan_.olderDisagreements.empty())
+        const std::size_t older = plan_.olderDisagreements.size();
+        if (older == 1)
             summary += QStringLiteral(
-                           " %1 older drawings of the table differ from the source and are "
-                           "left as they are.")
-                           .arg(plan_.olderDisagreements.size());
+                " 1 older drawing of the table differs from the source and is left as it is.");
+        else if (older > 1)
+            summary += QStringLiteral(
+                           " %1 older drawings of the table differ from the source and are left "
+                           "as they are.")
+                           .arg(older);
     }
     summary_->setText(summary);
     import_->setEnabled(hasSource_ && plan_.status.ok() && !plan_.added.empty());
