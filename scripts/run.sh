@@ -5,7 +5,14 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-cmake --build build -j"$(nproc)"
+# Only the programs and what they read beside them: the tests and the benchmark are built by
+# scripts/test.sh. The desktop program is a target only where Qt 6 was found.
+targets=(numarel-cli numarel_resources)
+# (grep reads the whole list: a pipe closed early would fail the build tool under pipefail)
+if cmake --build build --target help | grep -E '(^|[.][.][.] )numarel(:|$)' >/dev/null; then
+  targets+=(numarel)
+fi
+cmake --build build -j"$(nproc)" --target "${targets[@]}"
 
 if [ -x build/bin/numarel ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   exec build/bin/numarel "$@"

@@ -36,9 +36,14 @@ std::string LotteryNameProblem(std::string_view name) {
     if (name.size() >= 2 && name[1] == ':' &&
         ((name[0] >= 'A' && name[0] <= 'Z') || (name[0] >= 'a' && name[0] <= 'z')))
         return "A lottery name cannot begin with a drive such as \"C:\".";
-    if (name.front() == '.') return "A lottery name cannot begin with a dot (a hidden file).";
-    if (name.back() == '.') return "A lottery name cannot end with a dot.";
-    if (name.find("..") != std::string_view::npos) return "A lottery name cannot hold \"..\".";
+    if (name.front() == '.')
+        return "A lottery name cannot begin with a dot: its file would be hidden, and Select "
+               "Lottery would not show it.";
+    if (name.back() == '.')
+        return "A lottery name cannot end with a dot: its file would end in \"..txt\", which "
+               "some systems and file dialogs cut or refuse.";
+    if (name.find("..") != std::string_view::npos)
+        return "A lottery name cannot hold \"..\": in a path two dots name the folder above.";
     if (name.front() == ' ' || name.back() == ' ')
         return "A lottery name cannot begin or end with a blank.";
     if (name.size() > kLongestLotteryName)

@@ -80,14 +80,34 @@ std::vector<int> PrefixMatches(const std::vector<int>& pattern, const std::vecto
     return {z.begin() + static_cast<std::ptrdiff_t>(pattern.size() + 1), z.end()};
 }
 
+// How many of the file's newest drawings, of those the source holds too, must agree with it:
+// they tell where the file ends and so what is new. A disagreement further back (a result
+// corrected since, a day the source gives twice) is listed and left as the file has it.
+constexpr std::size_t kEndOverlap = 10;
+
+// Whether two drawings of the source are versions of one drawing: the same date, draw number and
+// drawing of the day.
+bool SameDrawing(const SourceDrawing& a, const SourceDrawing& b) {
+    return a.date == b.date && a.drawNumber == b.drawNumber && a.slot == b.slot;
+}
+
+// A drawing of the file and the drawing the source gives for it, in all its versions: a source
+// may give one drawing twice with different digits, and the file agrees when it has either.
+struct Match {
+    std::size_t record = 0;  // index in the file
+    std::size_t first = 0;   // index of the first version in the source
+    std::size_t versions = 1;
+};
+
 // Where the source's drawings meet the file's: what is new, or why that cannot be told.
 struct Lineup {
     std::vector<std::size_t> news;  // indices of the source drawings to add
     int already = 0;
-    std::string disagreement;
-    std::string refusal;   // the source cannot be lined up with the file
-    bool overlap = false;  // whether a drawing of the file was found in the source
-    int run = 0;           // lining up by the run: its length
+    std::string disagreement;        // among the file's newest drawings: refuses the import
+    std::vector<std::string> older;  // further back: listed only
+    std::string refusal;             // the source cannot be lined up with the file
+    bool overlap = false;            // whether a drawing of the file was found in the source
+    int run = 0;                     // lining up by the run: its length
 
     bool ok() const { return disagreement.empty() && refusal.empty(); }
 };
@@ -105,6 +125,7 @@ private:
         return false;
     }
     DateField ResolveDates() const;
+    void Judge(const std::vector<Match>& matches, Lineup& l) const;
     Lineup ByDrawNumber() const;
     Lineup ByDate() const;
     Lineup ByRun() const;
@@ -125,8 +146,8 @@ DateField Planner::ResolveDates() const {
     // The source's draw numbers, unless the file numbers the same drawings otherwise.
     const bool draws = source_.layout.DrawNumberPerDrawing() && plan_.alignment != Alignment::Run;
     if (options_.dates != DateField::Auto) return options_.dates;
-    if (file_.empty()) return draws ? DateField::DrawNumber : DateField::YearRunning;
-    std::string_view last = Strip(file_.back().date);
+    std::string_view last = file_.empty() ? Strip(options_.numberedLike) : Strip(file_.back().date);
+    if (last.empty()) return draws ? DateField::DrawNumber : DateField::YearRunning;
     if (source_.HasDates() && ParseResultDate(last, DateFormat::Compact) && last.size() == 8)
         return DateField::YearMonthDay;
     if (ParseDrawNumber(last)) return draws ? DateField::DrawNumber : DateField::YearRunning;
@@ -134,21 +155,49 @@ DateField Planner::ResolveDates() const {
     return draws ? DateField::DrawNumber : DateField::YearRunning;
 }
 
+// The last kEndOverlap matches decide: the first disagreement among them refuses. Those before
+// them are only listed.
+void Planner::Judge(const std::vector<Match>& matches, Lineup& l) const {
+    const auto& s = source_.drawings;
+    l.overlap = !matches.empty();
+    const std::size_t deciding = matches.size() - std::min(matches.size(), kEndOverlap);
+    for (std::size_t m = 0; m < matches.size(); ++m) {
+        const Match& match = matches[m];
+        const DrawRecord& record = file_[match.record];
+        bool agrees = false;
+        for (std::size_t v = 0; v < match.versions && !agrees; ++v)
+            agrees = SameDigits(record, s[match.first + v]);
+        if (agrees) continue;
+        std::string why = Disagreement(record, s[match.first], source_.layout);
+        if (m < deciding) {
+            l.older.push_back(std::move(why));
+        } else {
+            l.disagreement = std::move(why);
+            return;
+        }
+    }
+}
+
 Lineup Planner::ByDrawNumber() const {
     Lineup l;
     const auto& s = source_.drawings;
-    std::unordered_map<int, std::size_t> byNumber;
-    for (std::size_t i = s.size(); i-- > 0;)
-        byNumber[s[i].drawNumber] = i;
-    for (const DrawRecord& record : file_) {
-        auto found = byNumber.find(WholeDate(record.date));
-        if (found == byNumber.end()) continue;
-        l.overlap = true;
-        if (!SameDigits(record, s[found->second])) {
-            l.disagreement = Disagreement(record, s[found->second], source_.layout);
-            return l;
-        }
+    // The versions of a drawing stand together in the source; a number given again elsewhere
+    // (with another date) is not one of them.
+    std::unordered_map<int, Match> byNumber;
+    for (std::size_t i = 0; i < s.size(); ++i) {
+        auto [it, fresh] = byNumber.try_emplace(s[i].drawNumber, Match{0, i, 1});
+        Match& m = it->second;
+        if (!fresh && m.first + m.versions == i) ++m.versions;
     }
+    std::vector<Match> matches;
+    for (std::size_t r = 0; r < file_.size(); ++r) {
+        auto found = byNumber.find(WholeDate(file_[r].date));
+        if (found == byNumber.end()) continue;
+        matches.push_back(found->second);
+        matches.back().record = r;
+    }
+    Judge(matches, l);
+    if (!l.disagreement.empty()) return l;
     const int last = WholeDate(file_.back().date);
     for (std::size_t i = 0; i < s.size(); ++i)
         if (s[i].drawNumber > last)
@@ -161,30 +210,35 @@ Lineup Planner::ByDrawNumber() const {
 Lineup Planner::ByDate() const {
     Lineup l;
     const auto& s = source_.drawings;
-    std::map<int, std::pair<std::size_t, std::size_t>> days;  // date: first index, count
+    // Per date, the day's drawings in order, each with its versions; and for each source drawing
+    // which drawing of its day it is.
+    std::map<int, std::vector<Match>> days;
+    std::vector<std::size_t> ofDay(s.size(), 0);
     for (std::size_t i = 0; i < s.size(); ++i) {
-        auto [it, fresh] = days.try_emplace(s[i].date, i, 0);
-        ++it->second.second;
+        std::vector<Match>& day = days[s[i].date];
+        if (i > 0 && SameDrawing(s[i - 1], s[i]))
+            ++day.back().versions;
+        else
+            day.push_back({0, i, 1});
+        ofDay[i] = day.size() - 1;
     }
     std::map<int, std::size_t> seen;  // the file's drawings per date so far
-    for (const DrawRecord& record : file_) {
-        int date = ParseResultDate(Strip(record.date), DateFormat::Compact);
+    std::vector<Match> matches;
+    for (std::size_t r = 0; r < file_.size(); ++r) {
+        int date = ParseResultDate(Strip(file_[r].date), DateFormat::Compact);
         if (!date) continue;
         std::size_t k = seen[date]++;
         auto day = days.find(date);
-        if (day == days.end() || k >= day->second.second) continue;
-        l.overlap = true;
-        const SourceDrawing& d = s[day->second.first + k];
-        if (!SameDigits(record, d)) {
-            l.disagreement = Disagreement(record, d, source_.layout);
-            return l;
-        }
+        if (day == days.end() || k >= day->second.size()) continue;
+        matches.push_back(day->second[k]);
+        matches.back().record = r;
     }
+    Judge(matches, l);
+    if (!l.disagreement.empty()) return l;
     const int last = ParseResultDate(Strip(file_.back().date), DateFormat::Compact);
     const std::size_t onLastDay = seen[last];
-    std::size_t k = 0;
     for (std::size_t i = 0; i < s.size(); ++i) {
-        bool fresh = s[i].date > last || (s[i].date == last && k++ >= onLastDay);
+        bool fresh = s[i].date > last || (s[i].date == last && ofDay[i] >= onLastDay);
         if (fresh)
             l.news.push_back(i);
         else
@@ -240,9 +294,15 @@ Lineup Planner::ByRun() const {
     }
     l.overlap = true;
     const std::size_t run = static_cast<std::size_t>(l.run);
-    if (run < file_.size() && end + 1 > run) {
-        l.disagreement = Disagreement(file_[file_.size() - 1 - run], s[end - run], source_.layout);
-        return l;
+    // Where the run starts at a drawing the source gives twice, the file has the later version and
+    // the run stops at the other: no disagreement of the file's.
+    if (run < file_.size() && end + 1 > run && !SameDrawing(s[end - run], s[end - run + 1])) {
+        std::string why = Disagreement(file_[file_.size() - 1 - run], s[end - run], source_.layout);
+        if (run < kEndOverlap) {
+            l.disagreement = std::move(why);
+            return l;
+        }
+        l.older.push_back(std::move(why));
     }
     for (std::size_t i = 0; i < s.size(); ++i)
         if (i > end)
@@ -289,6 +349,7 @@ void Planner::Align() {
     news_ = std::move(chosen.news);
     plan_.alreadyPresent = chosen.already;
     plan_.disagreement = chosen.disagreement;
+    plan_.olderDisagreements = std::move(chosen.older);
     if (!chosen.refusal.empty())
         Refuse(chosen.refusal);
     else if (!chosen.disagreement.empty())
@@ -588,6 +649,12 @@ std::string FormatImportSummary(const ImportPlan& plan) {
         line("  " + c.where + ": " + versions);
     }
     if (!plan.disagreement.empty()) line("First disagreement: " + plan.disagreement);
+    if (!plan.olderDisagreements.empty()) {
+        line("Older disagreements, left as the file has them: " +
+             std::to_string(plan.olderDisagreements.size()));
+        for (const std::string& d : plan.olderDisagreements)
+            line("  " + d);
+    }
     line("Lines not used: " + std::to_string(source.rejected.size()));
     for (const RejectedLine& r : source.rejected)
         line("  line " + std::to_string(r.line) + ": " + r.reason);

@@ -31,6 +31,9 @@ struct ImportOptions {
     SourceHints hints;
     DateField dates = DateField::Auto;
     bool strict = false;  // conflicting drawings in the source refuse the import
+    // Where the new drawings replace a table: the Date of its last drawing, so that Auto numbers
+    // them in the table's form (YYYYMMDD stays YYYYMMDD). Not used when adding to drawings.
+    std::string numberedLike = {};
 };
 
 // How the source was lined up with the drawings already there.
@@ -49,8 +52,12 @@ struct ImportPlan {
     // The new drawings as they are written, and for each the index of its source drawing.
     std::vector<DrawRecord> added;
     std::vector<std::size_t> addedFrom;
-    int alreadyPresent = 0;    // source drawings at or before the file's last drawing
-    std::string disagreement;  // the first place where source and file differ
+    int alreadyPresent = 0;  // source drawings at or before the file's last drawing
+    // The first place among the file's newest drawings where source and file differ: it tells
+    // where the file ends, so nothing is imported.
+    std::string disagreement;
+    // Places further back where they differ: listed, and the file keeps its own digits there.
+    std::vector<std::string> olderDisagreements;
 };
 
 // Works out what an import of `sourceBytes` adds to `existing`, the drawings a report sees (the

@@ -448,6 +448,16 @@ void DrawingsEditor::ImportResults() {
     table_->setCurrentIndex(last);
     table_->scrollTo(last);
     EnterCell(last);
+    // They are in the table only: the file changes with Save.
+    const QString count = added.size() == 1 ? QStringLiteral("1 drawing was")
+                                            : QStringLiteral("%1 drawings were").arg(added.size());
+    session_.platform.messages.Show(
+        this, QString::fromLatin1(kFriendshipTip),
+        count +
+            (dialog.ReplaceTable() ? QStringLiteral(" put in place of the table's drawings.")
+                                   : QStringLiteral(" added to the table.")) +
+            QStringLiteral(" Save keeps them; Exit without Save leaves the file as it was."),
+        MessageIcon::Information);
 }
 
 void DrawingsEditor::Download() {

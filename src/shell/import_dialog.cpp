@@ -204,6 +204,9 @@ ImportOptions ImportDialog::Options() const {
     options.hints.dateFormat = kDateFormats[std::max(0, dateFormat_->currentIndex())];
     options.dates = kDateFields[std::max(0, dates_->currentIndex())].second;
     options.strict = strict_->isChecked();
+    // The new drawings replacing the table are numbered as the table numbers its own.
+    if (ReplaceTable() && !tableDrawings_.empty())
+        options.numberedLike = tableDrawings_.back().date;
     return options;
 }
 
@@ -271,6 +274,15 @@ void ImportDialog::ShowPlan() {
                       .arg(plan_.alreadyPresent)
                       .arg(source.conflicts.size())
                       .arg(source.rejected.size());
+        const std::size_t older = plan_.olderDisagreements.size();
+        if (older == 1)
+            summary += QStringLiteral(
+                " 1 older drawing of the table differs from the source and is left as it is.");
+        else if (older > 1)
+            summary += QStringLiteral(
+                           " %1 older drawings of the table differ from the source and are left "
+                           "as they are.")
+                           .arg(older);
     }
     summary_->setText(summary);
     import_->setEnabled(hasSource_ && plan_.status.ok() && !plan_.added.empty());

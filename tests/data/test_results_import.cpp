@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstdio>
+
 #include "data/results_import.h"
 #include "support/test_support.h"
 
@@ -25,6 +28,15 @@ ImportOptions Dates(DateField dates) {
     ImportOptions o;
     o.dates = dates;
     return o;
+}
+
+// The day `n` days after `start`, written by `form` (a printf form taking year, month, day).
+std::string Day(std::chrono::year_month_day start, int n, const char* form) {
+    const std::chrono::year_month_day d{std::chrono::sys_days{start} + std::chrono::days{n}};
+    char text[16];
+    std::snprintf(text, sizeof text, form, static_cast<int>(d.year()),
+                  static_cast<unsigned>(d.month()), static_cast<unsigned>(d.day()));
+    return text;
 }
 
 // Each source format and what it gives. The published samples also pin the summary of the
@@ -155,6 +167,17 @@ TEST(ResultsImport, TheDateFieldGoesOnFromTheFilesOwnNumbering) {
     };
     for (const Case& c : cases)
         EXPECT_EQ(Added(yearEnd, c.file, Dates(c.dates)), c.added) << c.file;
+    // Replacing a table: its numbering is followed, each form from its start.
+    const std::pair<const char*, const char*> replacing[] = {
+        {"20201230", "20201230 5 5 5\r\n20201231 6 6 6\r\n20210101 7 7 7\r\n"},
+        {"2020363", "2020001 5 5 5\r\n2020002 6 6 6\r\n2021001 7 7 7\r\n"},
+        {"57", "1 5 5 5\r\n2 6 6 6\r\n3 7 7 7\r\n"},
+    };
+    for (auto [like, added] : replacing) {
+        ImportOptions options;
+        options.numberedLike = like;
+        EXPECT_EQ(Added(yearEnd, "", options), added) << like;
+    }
 
     // A source with draw numbers gives its own; without years there is no YYYYNNN.
     EXPECT_EQ(Added("2021003 7 8 9\n2021001 1 2 3\n", ""), "2021001 1 2 3\r\n2021003 7 8 9\r\n");
@@ -198,6 +221,124 @@ TEST(ResultsImport, OnlyWhatComesAfterTheFilesLastDrawingIsAdded) {
     };
     for (const Case& c : cases)
         EXPECT_EQ(Added(c.source, c.file), c.added) << c.file;
+}
+
+// Only the file's newest drawings, those that tell where it ends, must agree with the source:
+// further back a disagreement, or a day that the source gives twice, is listed and the new
+// drawings are added all the same.
+TEST(ResultsImport, OnlyTheFilesNewestDrawingsMustAgreeWithTheSource) {
+    // One drawing a day from 2021-01-01, digits from the day's number; `file` has the first days.
+    using namespace std::chrono;
+    auto iso = [](int n) { return Day(year{2021} / 1 / 1, n, "%04d-%02u-%02u"); };
+    auto compact = [](int n) { return Day(year{2021} / 1 / 1, n, "%04d%02u%02u"); };
+    auto digits = [](int n) { return std::to_string(100 + n * 7919 % 900); };
+    auto source = [&](int days, const std::string& extraRow = "") {
+        std::string text = "Date,Numbers\n";
+        for (int n = 0; n < days; ++n)
+            text += iso(n) + "," + digits(n) + "\n";
+        return text + extraRow;
+    };
+    auto file = [&](int days, int wrongDay) {
+        std::string text;
+        for (int n = 0; n < days; ++n) {
+            std::string d = n == wrongDay ? "999" : digits(n);
+            text += compact(n) + " " + d[0] + " " + d[1] + " " + d[2] + "\r\n";
+        }
+        return text;
+    };
+    auto plan = [&](const std::string& src, const std::string& drawings) {
+        std::vector<DrawRecord> records = ParseDrawings(drawings);
+        return PlanImport(src, records, {});
+    };
+    // Within the file's last ten drawings a disagreement still refuses; further back it does not.
+    ImportPlan atTheEnd = plan(source(33), file(30, 22));
+    EXPECT_EQ(atTheEnd.status.message(),
+              "The source disagrees with the file: the file has 999 for 20210123, the source " +
+                  digits(22) + " for 2021-01-23 (line 24). Nothing was imported.");
+    ImportPlan furtherBack = plan(source(33), file(30, 4));
+    ASSERT_TRUE(furtherBack.status.ok()) << furtherBack.status.message();
+    EXPECT_EQ(furtherBack.added.size(), 3u);
+    EXPECT_EQ(furtherBack.added.front().date, "20210131");
+    EXPECT_EQ(furtherBack.alreadyPresent, 30);
+    EXPECT_NE(FormatImportSummary(furtherBack)
+                  .find("Older disagreements, left as the file has them: 1\n  the file has 999 "
+                        "for 20210105"),
+              std::string::npos);
+
+    // The source gives a day twice, once as the file has it: at the end or further back, the
+    // file agrees, and the day is listed among the conflicts. It was once refused: the file's
+    // drawing was held against the day's first version only.
+    for (int twice : {3, 29}) {
+        const std::string second = iso(twice) + "," + digits(twice) + "\n";
+        const std::string first = iso(twice) + ",555\n";
+        std::string src = source(33);
+        src.insert(src.find(second), first);  // the other version comes first
+        ImportPlan p = plan(src, file(30, -1));
+        ASSERT_TRUE(p.status.ok()) << twice << ": " << p.status.message();
+        EXPECT_EQ(p.added.size(), 3u) << twice;
+        EXPECT_TRUE(p.olderDisagreements.empty()) << twice;
+        EXPECT_EQ(p.source.conflicts.size(), 1u) << twice;
+        // A file numbered by running numbers is lined up by its last drawings' digits.
+        std::string numbered;
+        for (int n = 0; n < 30; ++n)
+            numbered += std::to_string(n + 1) + " " + digits(n)[0] + " " + digits(n)[1] + " " +
+                        digits(n)[2] + "\r\n";
+        ImportPlan run = plan(src, numbered);
+        ASSERT_TRUE(run.status.ok()) << twice << ": " << run.status.message();
+        EXPECT_EQ(run.alignment, Alignment::Run);
+        ASSERT_EQ(run.added.size(), 3u) << twice;
+        EXPECT_EQ(run.added.front().date, "31") << twice;
+        EXPECT_TRUE(run.olderDisagreements.empty()) << twice;
+    }
+    // The same by draw numbers, the file's last drawing being the second version.
+    EXPECT_EQ(Added("2021001 1 2 3\n2021002 4 5 6\n2021002 4 5 7\n2021003 7 8 9\n",
+                    "2021001 1 2 3\r\n2021002 4 5 7\r\n"),
+              "2021003 7 8 9\r\n");
+}
+
+// A published file of a lottery with two drawings a day, newest first, onto the first 25,000 of
+// its drawings: an old day given twice with different digits is listed, and the 27 newer
+// drawings are appended.
+TEST(ResultsImport, ALongHistoryTakesTheNewestDrawingsPastAnOldConflict) {
+    TempDir dir;
+    using namespace std::chrono;
+    auto us = [](int n) { return Day(year{1980} / 9 / 12, n, "%3$02u/%2$02u/%1$04d"); };
+    auto compact = [](int n) { return Day(year{1980} / 9 / 12, n, "%04d%02u%02u"); };
+    auto digits = [](int drawing) {
+        return std::to_string(1000 + drawing * 7919 % 1000).substr(1);
+    };
+    const int days = 12514;  // the last day's evening drawing is not in yet: 25,027 drawings
+    std::vector<std::string> rows;
+    std::string drawings;
+    for (int n = 0; n < days; ++n) {
+        const std::string evening = n + 1 < days ? digits(2 * n + 1) : "";
+        rows.push_back(us(n) + "," + digits(2 * n) + "," + evening + "\n");
+        for (int k = 0; k < 2 && 2 * n + k < 25000; ++k) {
+            const std::string d = digits(2 * n + k);
+            drawings += compact(n) + " " + d[0] + " " + d[1] + " " + d[2] + "\r\n";
+        }
+    }
+    rows.push_back(us(500) + "," + digits(1000) + ",703\n");
+    std::string source = "Draw Date,Midday Daily,Evening Daily\n";
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row)
+        source += *row;
+    const auto file = dir.Write("ny.txt", drawings);
+
+    ImportPlan plan;
+    ASSERT_TRUE(ImportIntoFile(source, file, {}, false, plan).ok()) << plan.status.message();
+    EXPECT_EQ(plan.added.size(), 27u);
+    EXPECT_EQ(plan.alreadyPresent, 25001);  // the day given twice, in both its versions
+    EXPECT_EQ(plan.dates, DateField::YearMonthDay);
+    const std::string summary = FormatImportSummary(plan);
+    EXPECT_NE(summary.find("Conflicts: 1\n  " + IsoDate(std::stoi(compact(500))) +
+                           ", Evening Daily: 703 (line 2), " + digits(1001) + " (line "),
+              std::string::npos)
+        << summary;
+    const std::string after = ReadAll(file);
+    ASSERT_TRUE(after.starts_with(drawings));
+    std::vector<DrawRecord> records = ParseDrawings(after);
+    ASSERT_EQ(records.size(), 25027u);
+    EXPECT_EQ(records.back().date, compact(days - 1));
 }
 
 TEST(ResultsImport, ImportingIntoAFileAppendsOnceAndKeepsTheEndMarkerLast) {

@@ -373,6 +373,10 @@ TEST_F(ImportResultsTest, PastedResultsArePreviewedAndGoIntoTheTableUnsaved) {
                                         "2020004 0 1 2", "2020005 1 2 3", "2020005 1 2 4",
                                         "0 0 0 0", ""}));
     EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(5, 0));
+    ASSERT_FALSE(scripted.shown.empty());
+    EXPECT_EQ(scripted.shown.back().text,
+              "3 drawings were added to the table. Save keeps them; Exit without Save leaves the "
+              "file as it was.");
     EXPECT_EQ(File(), "2020001 1 1 3\r\n2020002 4 5 6\r\n2020003 7 7 9\r\n0 0 0 0\r\n");
     e->findChild<QPushButton*>("Command13")->click();
     EXPECT_EQ(File(),
@@ -405,6 +409,27 @@ TEST_F(ImportResultsTest, AFileCanReplaceTheTableWithTheOptionsGiven) {
                                         "20210602 5 5 5", ""}));
     ASSERT_EQ(scripted.opened.size(), 1u);
     EXPECT_TRUE(scripted.opened[0].toLocalFile().endsWith("help/Import_results.htm"));
+}
+
+// "As the table numbers its drawings" with Replace the table: a table dated YYYYMMDD gets
+// YYYYMMDD dates.
+TEST_F(ImportResultsTest, ReplacingATableKeepsTheFormOfItsDates) {
+    WriteFile(session->drawingsPath, "20210530 1 2 3\r\n20210531 4 5 6\r\n");
+    auto e = Editor();
+    scripted.clipboard.push_back(QStringLiteral("Date,Midday\n06/01/2021,777\n06/02/2021,888\n"));
+    scripted.dialogRuns.push_back([&](QDialog& d) {
+        auto& dialog = static_cast<ImportDialog&>(d);
+        Click(dialog, "paste");
+        dialog.findChild<QCheckBox*>("replace")->setChecked(true);
+        return true;
+    });
+    e->findChild<QAction*>(QStringLiteral("caiImportResults"))->trigger();
+    EXPECT_EQ(Rows(e->Model(), 4),
+              (std::vector<std::string>{"20210601 7 7 7", "20210602 8 8 8", ""}));
+    ASSERT_FALSE(scripted.shown.empty());
+    EXPECT_EQ(scripted.shown.back().text,
+              "2 drawings were put in place of the table's drawings. Save keeps them; Exit "
+              "without Save leaves the file as it was.");
 }
 
 }  // namespace

@@ -74,11 +74,14 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     sheet.SetRows(kRowsPerDrawing * drawCount + 3);  // the last two rows stay empty
     ReadDrawings(drawings, [&](int n, const DrawRecord& record, CurrentDigits& digits) {
         const int first = kRowsPerDrawing * (n - 1) + 1;
+        // The label and the pair's mark are one text: a date that is not a number has no label,
+        // and its rows keep column 0 empty.
         const std::string label = DrawingLabel(record);
         for (int i = 0; i < kRowsPerDrawing; ++i) {
             const int r = first + i;
-            sheet.SetText(r, 0,
-                          label + std::string(kPositionPairs[static_cast<std::size_t>(i)].label));
+            if (!label.empty())
+                sheet.SetText(
+                    r, 0, label + std::string(kPositionPairs[static_cast<std::size_t>(i)].label));
             for (int p = 0; p < 3; ++p)
                 sheet.SetNumber(r, kFirstDigitCol + p, digits[static_cast<std::size_t>(p)]);
         }

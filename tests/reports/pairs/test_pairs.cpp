@@ -234,6 +234,23 @@ TEST(SumOrDifferenceOfPairs, EachPairOfPositionsHasItsRowSumDifferenceAndChart) 
     }
 }
 
+// A date that is not a number has no label, and the pair's mark goes with it: the three rows
+// keep column 0 empty, and their sums, differences and charts are there as for any drawing.
+TEST(SumOrDifferenceOfPairs, ADrawingWithoutALabelLeavesColumnZeroEmptyOnAllItsRows) {
+    std::vector<DrawRecord> drawings = Drawings({"307", "992"});
+    drawings[0].date = "x2020";
+    const ReportSheet sheet = Build("frmliangmahecha", drawings);
+    ASSERT_EQ(sheet.Rows(), 9);
+    for (int r = 1; r <= 3; ++r) {
+        EXPECT_EQ(sheet.Text(r, 0), "") << r;
+        EXPECT_FALSE(sheet.Text(r, kSumCol).empty()) << r;
+    }
+    EXPECT_EQ(sheet.Text(1, kSumCol), "3");
+    EXPECT_EQ(ColumnsColoured(sheet, 3, kChartColour),
+              (Columns{kFirstSumChartCol + 7, kFirstDifferenceChartCol + 7}));
+    EXPECT_EQ(sheet.Text(4, 0), " 2020002:992(H±T)");
+}
+
 TEST(UnitsOfProductOfTwoDigits, PairsStandInTheColumnOfTheirProductsUnitsInDrawnOrder) {
     const ReportSheet sheet = Build("frmliangmajiwei", Drawings({"257", "007", "743", "347"}));
     ASSERT_EQ(sheet.Rows(), 6);
