@@ -1,5 +1,6 @@
 #include "data/basic_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -87,6 +88,23 @@ std::string_view Trim(std::string_view text) {
     while (e > b && text[e - 1] == ' ')
         --e;
     return text.substr(b, e - b);
+}
+
+bool AllDigits(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
+}
+
+int DigitsValue(std::string_view digits) {
+    int value = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    return value;
+}
+
+std::string AsciiLower(std::string_view text) {
+    std::string out(text);
+    for (char& c : out)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return out;
 }
 
 std::string_view TrimBlanksAndTabs(std::string_view text) {

@@ -38,6 +38,13 @@ inline bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
+// True for a text of one or more characters "0" to "9" and nothing else.
+bool AllDigits(std::string_view text);
+// The value of a text of digits (AllDigits) that fits an int.
+int DigitsValue(std::string_view digits);
+// The text with "A" to "Z" made lower case.
+std::string AsciiLower(std::string_view text);
+
 // Blanks trimmed from both ends (the runtime's rule: tabs stay).
 std::string_view Trim(std::string_view text);
 // Blanks and tabs trimmed from both ends, as a field of a results file is read.

@@ -9,113 +9,12 @@
 #include <tuple>
 
 #include "data/basic_text.h"
+#include "data/results_lines.h"
 
 namespace numarel {
 namespace {
 
-constexpr int kMinYear = 1900;
-constexpr int kMaxYear = 2199;
-
-bool IsBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-// Letters of any script count: a header may be written in the lottery's own language.
-bool IsLetter(char c) {
-    unsigned char u = static_cast<unsigned char>(c);
-    return u >= 0x80 || ((u | 0x20) >= 'a' && (u | 0x20) <= 'z');
-}
-bool AllDigits(std::string_view s) {
-    return !s.empty() && std::all_of(s.begin(), s.end(), IsDigit);
-}
-int ToInt(std::string_view digits) {
-    int value = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    return value;
-}
-
-std::string Lower(std::string_view s) {
-    std::string out(s);
-    for (char& c : out)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return out;
-}
-
-int MakeDate(int y, int m, int d) {
-    if (y < kMinYear || y > kMaxYear || m < 1 || m > 12 || d < 1) return 0;
-    static constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    bool leap = (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
-    int days = kDays[m - 1] + (m == 2 && leap ? 1 : 0);
-    return d <= days ? y * 10000 + m * 100 + d : 0;
-}
-
-// Reads the numbers and separators of a date, one at a time.
-class DateScanner {
-public:
-    explicit DateScanner(std::string_view s) : s_(s) {}
-
-    bool Number(int minLen, int maxLen, int& value) {
-        std::size_t start = p_;
-        while (p_ < s_.size() && IsDigit(s_[p_]) && p_ - start < static_cast<std::size_t>(maxLen))
-            ++p_;
-        if (p_ - start < static_cast<std::size_t>(minLen)) return false;
-        if (p_ < s_.size() && IsDigit(s_[p_])) return false;  // too many digits
-        value = ToInt(s_.substr(start, p_ - start));
-        return true;
-    }
-    bool Char(char c) {
-        if (p_ >= s_.size() || s_[p_] != c) return false;
-        ++p_;
-        return true;
-    }
-    // Nothing more, or a time of day after a blank or a T.
-    bool EndOrTime() const { return p_ == s_.size() || s_[p_] == ' ' || s_[p_] == 'T'; }
-
-private:
-    std::string_view s_;
-    std::size_t p_ = 0;
-};
-
-int ParseOneForm(std::string_view text, DateFormat format) {
-    // Every form starts with a digit and takes at least eight characters ("1/5/2021").
-    if (text.size() < 8 || !IsDigit(text[0])) return 0;
-    DateScanner scan(text);
-    int y = 0, m = 0, d = 0;
-    switch (format) {
-        case DateFormat::Compact:
-            if (text.size() != 8 || !AllDigits(text)) return 0;
-            return MakeDate(ToInt(text.substr(0, 4)), ToInt(text.substr(4, 2)),
-                            ToInt(text.substr(6, 2)));
-        case DateFormat::MonthDayYear:
-            if (!(scan.Number(1, 2, m) && scan.Char('/') && scan.Number(1, 2, d) &&
-                  scan.Char('/') && scan.Number(4, 4, y)))
-                return 0;
-            break;
-        case DateFormat::DayMonthYearSlash:
-            if (!(scan.Number(1, 2, d) && scan.Char('/') && scan.Number(1, 2, m) &&
-                  scan.Char('/') && scan.Number(4, 4, y)))
-                return 0;
-            break;
-        case DateFormat::YearMonthDay: {
-            if (!scan.Number(4, 4, y)) return 0;
-            char sep = scan.Char('-') ? '-' : scan.Char('/') ? '/' : '\0';
-            if (!(sep && scan.Number(1, 2, m) && scan.Char(sep) && scan.Number(1, 2, d))) return 0;
-            break;
-        }
-        case DateFormat::DayMonthYearDot:
-            if (!(scan.Number(1, 2, d) && scan.Char('.') && scan.Number(1, 2, m) &&
-                  scan.Char('.') && scan.Number(4, 4, y)))
-                return 0;
-            break;
-        case DateFormat::Guess:
-            return 0;
-    }
-    return scan.EndOrTime() ? MakeDate(y, m, d) : 0;
-}
-
-constexpr DateFormat kForms[] = {DateFormat::MonthDayYear, DateFormat::YearMonthDay,
-                                 DateFormat::DayMonthYearDot, DateFormat::Compact,
-                                 DateFormat::DayMonthYearSlash};
-constexpr int kFormCount = 6;  // the enum's size, Guess included
+using namespace results_text;
 
 // Three digits in one field: "123", "7" or "81" with the leading zeros dropped, "1 2 3", "1-2-3",
 // "1,2,3". `strong` tells whether the field could hardly be anything else: three digit characters
@@ -156,7 +55,7 @@ bool IsSingleDigit(std::string_view field) {
 // Header texts that name columns of something other than the drawn digits: other games' numbers
 // (with a 4 to 9 in the name, as "Pick 4"), sums, bonus balls, prizes, row numbers.
 bool NamesOtherThanDigits(std::string_view name) {
-    std::string n = Lower(name);
+    std::string n = AsciiLower(name);
     for (std::string_view word : {"sum", "bonus", "fireball", "wild", "multiplier", "jackpot",
                                   "prize", "payout", "winners", "sales", "index", "total"})
         if (n.find(word) != std::string::npos) return true;
@@ -172,170 +71,10 @@ int DayPart(std::string_view text) {
     static constexpr std::pair<std::string_view, int> kNames[] = {
         {"morning", 0},   {"midday", 1},  {"mid-day", 1}, {"mid day", 1}, {"noon", 1}, {"day", 1},
         {"afternoon", 2}, {"evening", 3}, {"eve", 3},     {"night", 4},   {"nite", 4}};
-    std::string name = Lower(TrimBlanksAndTabs(text));
+    std::string name = AsciiLower(TrimBlanksAndTabs(text));
     for (auto [word, part] : kNames)
         if (name == word) return part;
     return -1;
-}
-
-// --- lines and fields ------------------------------------------------------------------------
-
-struct Line {
-    int number = 0;
-    std::string_view text;
-};
-
-std::vector<Line> SplitLines(std::string_view text) {
-    std::vector<Line> lines;
-    lines.reserve(text.size() / 24 + 1);
-    std::size_t start = 0;
-    int number = 1;
-    for (std::size_t i = 0; i <= text.size(); ++i) {
-        if (i < text.size() && text[i] != '\n' && text[i] != '\r') continue;
-        lines.push_back({number++, text.substr(start, i - start)});
-        if (i + 1 < text.size() && text[i] == '\r' && text[i + 1] == '\n') ++i;
-        start = i + 1;
-    }
-    return lines;
-}
-
-// Reads a quoted field from `p` (at the opening quote); a doubled quote stands for one.
-void ReadQuoted(std::string_view line, std::size_t& p, std::string& out) {
-    ++p;
-    while (p < line.size()) {
-        if (line[p] == '"') {
-            if (p + 1 < line.size() && line[p + 1] == '"') {
-                out += '"';
-                p += 2;
-                continue;
-            }
-            ++p;
-            return;
-        }
-        out += line[p++];
-    }
-}
-
-// The fields of lines, as views of the source's own bytes; only a quoted field, which loses its
-// quotes, is a text of its own, kept in `unquoted` (a deque, so that the views stay valid). A
-// line of a large source costs a few views, not a text per field.
-struct FieldStore {
-    std::vector<std::string_view> fields;
-    std::deque<std::string> unquoted;
-};
-
-// Splits a line at `sep`, or at runs of blanks when `sep` is ' ', adding its fields to `store`.
-// Fields are trimmed; quoted fields lose their quotes and may hold the separator.
-void SplitFields(std::string_view line, char sep, FieldStore& store) {
-    std::size_t p = 0;
-    const std::size_t n = line.size();
-    // The field from `start` to `p`, after the unquoted text of a quoted field when there is one.
-    auto add = [&](bool quoted, std::string_view rest) {
-        if (!quoted) {
-            store.fields.push_back(rest);
-            return;
-        }
-        std::string& text = store.unquoted.back();
-        text.append(rest);
-        store.fields.push_back(text);
-    };
-    auto quoted = [&] {
-        if (p >= n || line[p] != '"') return false;
-        ReadQuoted(line, p, store.unquoted.emplace_back());
-        return true;
-    };
-    if (sep == ' ') {
-        while (true) {
-            while (p < n && IsBlank(line[p]))
-                ++p;
-            if (p >= n) return;
-            const bool q = quoted();
-            std::size_t start = p;
-            while (p < n && !IsBlank(line[p]))
-                ++p;
-            add(q, line.substr(start, p - start));
-        }
-    }
-    while (true) {
-        while (p < n && IsBlank(line[p]))
-            ++p;
-        const bool q = quoted();
-        std::size_t start = p;
-        while (p < n && line[p] != sep)
-            ++p;
-        add(q, TrimBlanksAndTabs(line.substr(start, p - start)));
-        if (p >= n) return;
-        ++p;  // the separator; one after the last field gives an empty field
-    }
-}
-
-// The separator that splits most lines into the same number of fields. Commas, semicolons, tabs
-// and bars are preferred to runs of blanks, which also split dates with times and "1 2 3".
-char SniffSeparator(const std::vector<Line>& lines) {
-    struct Score {
-        double coverage = 0;
-        std::size_t fields = 0;
-    };
-    FieldStore store;
-    auto score = [&](char sep) {
-        std::map<std::size_t, int> counts;
-        int sampled = 0;
-        for (const Line& line : lines) {
-            if (TrimBlanksAndTabs(line.text).empty()) continue;
-            if (++sampled > 400) break;
-            store = {};
-            SplitFields(line.text, sep, store);
-            if (store.fields.size() >= 2) ++counts[store.fields.size()];
-        }
-        Score best;
-        for (auto [size, count] : counts)
-            if (count >= best.coverage) best = {static_cast<double>(count), size};
-        if (sampled > 0) best.coverage /= std::min(sampled, 400);
-        return best;
-    };
-    Score blanks = score(' ');
-    char chosen = ' ';
-    Score best;
-    for (char sep : {'\t', ';', ',', '|'}) {
-        Score s = score(sep);
-        if (s.fields >= 2 && (s.coverage > best.coverage ||
-                              (s.coverage == best.coverage && s.fields > best.fields))) {
-            best = s;
-            chosen = sep;
-        }
-    }
-    if (chosen != ' ' && best.coverage >= 0.5 * blanks.coverage) return chosen;
-    return ' ';
-}
-
-// Text that can only be a value: a date or a draw number.
-bool LooksLikeValue(std::string_view field) {
-    for (DateFormat f : kForms)
-        if (ParseOneForm(field, f)) return true;
-    return ParseDrawNumber(field) != 0;
-}
-
-// A line of names: no dates or draw numbers, and letters in at least half of its fields.
-bool IsHeaderLike(std::span<const std::string_view> fields) {
-    auto lettered = [](std::string_view f) { return std::any_of(f.begin(), f.end(), IsLetter); };
-    if (std::none_of(fields.begin(), fields.end(), lettered)) return false;
-    int filled = 0, named = 0;
-    for (std::string_view f : fields) {
-        if (f.empty()) continue;
-        ++filled;
-        if (LooksLikeValue(f)) return false;
-        if (std::any_of(f.begin(), f.end(), IsLetter)) ++named;
-    }
-    return filled > 0 && named * 2 >= filled;
-}
-
-std::string HeaderKey(std::span<const std::string_view> fields) {
-    std::string key;
-    for (std::string_view f : fields) {
-        key += Lower(f);
-        key += '\x1f';
-    }
-    return key;
 }
 
 // --- columns ---------------------------------------------------------------------------------
@@ -354,7 +93,7 @@ std::string_view FieldAt(const Row& row, int col) {
 
 struct ColumnStats {
     int filled = 0;
-    std::array<int, kFormCount> dates{};
+    std::array<int, kDateFormatCount> dates{};
     int drawNumbers = 0;
     int threeDigits = 0;  // fields that read as three digits
     int strong = 0;       // of these, three characters or three separated digits
@@ -376,8 +115,8 @@ ColumnStats Measure(const std::vector<Row>& rows, int col) {
         std::string_view f = TrimBlanksAndTabs(FieldAt(row, col));
         if (f.empty()) continue;
         ++s.filled;
-        for (DateFormat form : kForms)
-            if (ParseOneForm(f, form)) ++s.dates[static_cast<std::size_t>(form)];
+        for (DateFormat form : DateForms())
+            if (ParseDateIn(f, form)) ++s.dates[static_cast<std::size_t>(form)];
         const bool number = AllDigits(f);
         if (number && f.size() == 7 && ParseDrawNumber(f)) ++s.drawNumbers;
         std::array<char, 3> digits;
@@ -390,7 +129,7 @@ ColumnStats Measure(const std::vector<Row>& rows, int col) {
         if (number && f.size() == 1) ++s.singles;
         if (!number && DayPart(f) >= 0) ++s.dayParts;
         if (number && f.size() <= 9) {
-            int v = ToInt(f);
+            int v = DigitsValue(f);
             if (s.numbers > 0) {
                 s.rising = s.rising && v > s.previous;
                 s.falling = s.falling && v < s.previous;
@@ -411,9 +150,9 @@ bool Mostly(int part, int whole) {
 int FindColumn(std::string_view hint, const SourceLayout& layout) {
     std::string_view h = TrimBlanksAndTabs(hint);
     for (std::size_t i = 0; i < layout.columnNames.size(); ++i)
-        if (Lower(layout.columnNames[i]) == Lower(h)) return static_cast<int>(i);
+        if (AsciiLower(layout.columnNames[i]) == AsciiLower(h)) return static_cast<int>(i);
     if (AllDigits(h) && h.size() <= 4) {
-        int n = ToInt(h);
+        int n = DigitsValue(h);
         if (n >= 1 && n <= layout.columnCount) return n - 1;
     }
     return -1;
@@ -581,7 +320,7 @@ bool SourceReader::AssignColumns() {
         stats.push_back(Measure(rows_, c));
     const int rowCount = static_cast<int>(rows_.size());
     auto nameHas = [&](int c, std::string_view word) {
-        return Lower(layout_.columnNames[static_cast<std::size_t>(c)]).find(word) !=
+        return AsciiLower(layout_.columnNames[static_cast<std::size_t>(c)]).find(word) !=
                std::string::npos;
     };
 
@@ -611,7 +350,7 @@ bool SourceReader::AssignColumns() {
         if (layout_.dateFormat == DateFormat::Guess) {
             const ColumnStats& s = stats[static_cast<std::size_t>(layout_.dateColumn)];
             int best = 0;
-            for (DateFormat f : kForms)  // on a tie MM/DD/YYYY comes before DD/MM/YYYY
+            for (DateFormat f : DateForms())  // on a tie MM/DD/YYYY comes before DD/MM/YYYY
                 if (s.dates[static_cast<std::size_t>(f)] > best) {
                     best = s.dates[static_cast<std::size_t>(f)];
                     layout_.dateFormat = f;
@@ -735,7 +474,7 @@ void SourceReader::ReadDrawings() {
         d.line = row.line;
         if (layout_.dateColumn >= 0) {
             std::string_view f = TrimBlanksAndTabs(FieldAt(row, layout_.dateColumn));
-            d.date = ParseOneForm(f, layout_.dateFormat);
+            d.date = ParseDateIn(f, layout_.dateFormat);
             if (!d.date) {
                 result_.rejected.push_back(
                     {row.line, f.empty() ? std::string("no date")
@@ -747,8 +486,8 @@ void SourceReader::ReadDrawings() {
         }
         if (layout_.drawColumn >= 0) {
             std::string_view f = TrimBlanksAndTabs(FieldAt(row, layout_.drawColumn));
-            if (anyDrawNumber && AllDigits(f) && f.size() <= 9 && ToInt(f) > 0)
-                d.drawNumber = ToInt(f);
+            if (anyDrawNumber && AllDigits(f) && f.size() <= 9 && DigitsValue(f) > 0)
+                d.drawNumber = DigitsValue(f);
             else
                 d.drawNumber = ParseDrawNumber(f);
             // Where the draw number tells the drawings apart it is needed; a number of the day
@@ -831,61 +570,6 @@ void SourceReader::Order() {
 }
 
 }  // namespace
-
-bool ParseDateFormatName(std::string_view name, DateFormat& format) {
-    std::string n = Lower(TrimBlanksAndTabs(name));
-    if (n.empty()) {
-        format = DateFormat::Guess;
-        return true;
-    }
-    for (DateFormat f : kForms)
-        if (Lower(DateFormatName(f)) == n) {
-            format = f;
-            return true;
-        }
-    return false;
-}
-
-std::string_view DateFormatName(DateFormat format) {
-    switch (format) {
-        case DateFormat::MonthDayYear:
-            return "MM/DD/YYYY";
-        case DateFormat::DayMonthYearSlash:
-            return "DD/MM/YYYY";
-        case DateFormat::YearMonthDay:
-            return "YYYY-MM-DD";
-        case DateFormat::DayMonthYearDot:
-            return "DD.MM.YYYY";
-        case DateFormat::Compact:
-            return "YYYYMMDD";
-        case DateFormat::Guess:
-            break;
-    }
-    return "";
-}
-
-int ParseResultDate(std::string_view text, DateFormat format) {
-    text = TrimBlanksAndTabs(text);
-    if (format != DateFormat::Guess) return ParseOneForm(text, format);
-    for (DateFormat f : kForms)
-        if (int date = ParseOneForm(text, f)) return date;
-    return 0;
-}
-
-int ParseDrawNumber(std::string_view text) {
-    text = TrimBlanksAndTabs(text);
-    if (text.size() != 7 || !AllDigits(text)) return 0;
-    int year = ToInt(text.substr(0, 4));
-    int running = ToInt(text.substr(4));
-    return year >= kMinYear && year <= kMaxYear && running >= 1 ? ToInt(text) : 0;
-}
-
-std::string IsoDate(int yyyymmdd) {
-    char text[16];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d", yyyymmdd / 10000, yyyymmdd / 100 % 100,
-                  yyyymmdd % 100);
-    return text;
-}
 
 std::string DescribeSourceDrawing(const SourceDrawing& drawing, const SourceLayout& layout) {
     std::string text =

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/result_dates.h"
 #include "data/status.h"
 
 namespace numarel {
@@ -13,27 +14,6 @@ namespace numarel {
 // Reading the results files that lotteries publish (open-data CSV exports, result pages saved as
 // text): which columns hold what is found from the header and from the values, and every line
 // becomes the drawings it holds.
-
-// The date forms a results file may use.
-enum class DateFormat {
-    Guess,
-    MonthDayYear,       // MM/DD/YYYY
-    DayMonthYearSlash,  // DD/MM/YYYY, only when the values cannot be MM/DD/YYYY or when asked
-    YearMonthDay,       // YYYY-MM-DD (or YYYY/MM/DD)
-    DayMonthYearDot,    // DD.MM.YYYY
-    Compact,            // YYYYMMDD
-};
-
-// "MM/DD/YYYY" and so on; Guess for an empty text; false for a form that is not known.
-bool ParseDateFormatName(std::string_view name, DateFormat& format);
-std::string_view DateFormatName(DateFormat format);
-
-// The date in `text` in the given form, as the number YYYYMMDD; 0 when it is not such a date. A
-// time of day after the date (after a blank or a T) is allowed and ignored.
-int ParseResultDate(std::string_view text, DateFormat format);
-
-// A draw number: the year and a running number, seven digits (2020225); 0 otherwise.
-int ParseDrawNumber(std::string_view text);
 
 // What the user says outright about the source, overriding the guesses. A column is named by its
 // header text (case does not matter) or by its number counted from 1.
