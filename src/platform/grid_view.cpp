@@ -274,32 +274,89 @@ int GridView::RowPixels(int row) const {
 }
 
 void GridView::SetZoom(int percent) {
+    QModelIndex current = currentIndex();
+    QPoint at = current.isValid() ? visualRect(current).center() : QPoint();
+    ZoomKeeping(percent, current, at);
+}
+
+void GridView::ZoomAt(int percent, QPoint at) {
+    QModelIndex under = indexAt(at);
+    ZoomKeeping(percent, under.isValid() ? under : currentIndex(),
+                under.isValid() ? at : visualRect(currentIndex()).center());
+}
+
+void GridView::ZoomKeeping(int percent, const QModelIndex& anchor, QPoint at) {
     percent = std::clamp(percent, kMinZoom, kMaxZoom);
     if (percent == zoom_) return;
     zoom_ = percent;
     if (!model_->Sheet()) return;
-    int top = TopRow();
+    // Before the window is shown (a remembered zoom), the first row shown is what counts.
+    const bool keepCell = isVisible() && anchor.isValid() && viewport()->rect().contains(at);
+    if (!keepCell) {
+        int top = followTopRow_ ? topRow_ : TopRow();
+        ApplySheetLayout();
+        if (followTopRow_)
+            ApplyTopRow();
+        else if (top > 0)
+            verticalScrollBar()->setValue(rows_->sectionPosition(top - 1));
+        emit ZoomChanged(zoom_);
+        return;
+    }
+    StopFollowingTopRow();
+    // Where `at` falls inside the anchor cell, as a fraction, is kept across the new sizes.
+    const QRect before = visualRect(anchor);
+    const double fx = before.width() > 0 ? double(at.x() - before.x()) / before.width() : 0.5;
+    const double fy = before.height() > 0 ? double(at.y() - before.y()) / before.height() : 0.5;
     ApplySheetLayout();
-    if (top > 0) verticalScrollBar()->setValue(rows_->sectionPosition(top - 1));
+    const int row = anchor.row(), col = anchor.column();
+    const int y = rows_->sectionPosition(row) + int(fy * rows_->sectionSize(row)) - at.y();
+    const int x = columns_->sectionPosition(col) + int(fx * columns_->sectionSize(col)) - at.x();
+    verticalScrollBar()->setValue(y);
+    horizontalScrollBar()->setValue(x);
+    emit ZoomChanged(zoom_);
 }
 
 QRect GridView::Selection() const {
     QModelIndex current = currentIndex();
     if (!current.isValid()) return {};
+    if (wholeSheet_) return QRect(1, 1, model_->columnCount(), model_->rowCount());
     int col = SheetModel::SheetCol(current), row = SheetModel::SheetRow(current);
     return QRect(QPoint(std::min(col, anchor_.x()), std::min(row, anchor_.y())),
                  QPoint(std::max(col, anchor_.x()), std::max(row, anchor_.y())));
 }
 
+void GridView::SelectWholeSheet() {
+    if (!currentIndex().isValid()) return;
+    wholeSheet_ = true;
+    viewport()->update();
+}
+
+std::vector<int> GridView::ShownColumns(int left, int right) const {
+    std::vector<int> shown;
+    const ReportSheet* sheet = model_->Sheet();
+    if (!sheet) return shown;
+    for (int col = std::max(left, 0); col <= right && col < sheet->Cols(); ++col) {
+        const int twips = sheet->ColWidth(col);
+        if (twips >= 0 && twips <= 2) continue;
+        if (col > 0 && (columns_->isSectionHidden(col - 1) || columns_->sectionSize(col - 1) == 0))
+            continue;
+        shown.push_back(col);
+    }
+    return shown;
+}
+
 QMenu* GridView::BuildContextMenu(QWidget* parent) {
     auto* menu = new QMenu(parent);
     menu->addAction(QStringLiteral("Copy\tCtrl+C"), this, &GridView::CopyRequested);
+    menu->addAction(QStringLiteral("Copy with headers"), this, &GridView::CopyWithHeadersRequested);
+    menu->addAction(QStringLiteral("Select all\tCtrl+A"), this, &GridView::SelectWholeSheet);
     menu->addAction(QStringLiteral("Save as CSV..."), this, &GridView::SaveCsvRequested);
     menu->addAction(QStringLiteral("Save as HTML..."), this, &GridView::SaveHtmlRequested);
     menu->addSeparator();
     menu->addAction(QStringLiteral("Print...\tCtrl+P"), this, &GridView::PrintRequested);
     menu->addAction(QStringLiteral("Print preview..."), this, &GridView::PrintPreviewRequested);
     menu->addSeparator();
+    menu->addAction(QStringLiteral("Zoom: %1 %").arg(zoom_))->setEnabled(false);
     menu->addAction(QStringLiteral("Zoom in\tCtrl++"), this,
                     [this] { SetZoom(NextZoomStep(zoom_, +1)); })
         ->setEnabled(zoom_ < kMaxZoom);
@@ -325,6 +382,10 @@ void GridView::mousePressEvent(QMouseEvent* event) {
         event->accept();
         return;
     }
+    if (event->button() == Qt::LeftButton && wholeSheet_) {
+        wholeSheet_ = false;
+        viewport()->update();
+    }
     QTableView::mousePressEvent(event);
 }
 
@@ -338,9 +399,12 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     QTableView::currentChanged(current, previous);
     if (current.isValid() && !extending_) {
         bool wasBlock = Selection().width() * Selection().height() > 1;
+        wholeSheet_ = false;
         anchor_ = QPoint(SheetModel::SheetCol(current), SheetModel::SheetRow(current));
         if (wasBlock) viewport()->update();
     } else if (extending_) {
+        if (wholeSheet_) anchor_ = QPoint(1, 1);
+        wholeSheet_ = false;
         viewport()->update();
     }
     if (ReportSheet* sheet = model_->Sheet(); sheet && current.isValid())
@@ -360,7 +424,7 @@ void GridView::resizeEvent(QResizeEvent* event) {
 void GridView::wheelEvent(QWheelEvent* event) {
     if (event->modifiers() & Qt::ControlModifier) {
         int dy = event->angleDelta().y();
-        if (dy != 0) SetZoom(NextZoomStep(zoom_, dy > 0 ? +1 : -1));
+        if (dy != 0) ZoomAt(NextZoomStep(zoom_, dy > 0 ? +1 : -1), event->position().toPoint());
         event->accept();
         return;
     }
@@ -375,6 +439,10 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     }
     if (event->matches(QKeySequence::Copy)) {
         emit CopyRequested();
+        return;
+    }
+    if (event->matches(QKeySequence::SelectAll)) {
+        SelectWholeSheet();
         return;
     }
     if (event->matches(QKeySequence::Print)) {

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QSettings>
 #include <filesystem>
 
 namespace numarel {
@@ -147,6 +148,11 @@ WaitCursor::WaitCursor() {
 
 WaitCursor::~WaitCursor() {
     QApplication::restoreOverrideCursor();
+}
+
+std::unique_ptr<QSettings> UserSettings() {
+    return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
+                                       QStringLiteral("Numarel"), QStringLiteral("Numarel"));
 }
 
 }  // namespace numarel

@@ -9,6 +9,7 @@
 #include "data/user_message.h"
 
 class QDialog;
+class QSettings;
 class QLabel;
 class QMessageBox;
 class QWidget;
@@ -109,6 +110,10 @@ inline QString ToQString(std::string_view text) {
 inline void ShowMessage(MessageBoxes& boxes, QWidget* parent, const UserMessage& message) {
     boxes.Show(parent, ToQString(message.title), ToQString(message.text), message.icon);
 }
+
+// The user's own settings of the program (a report's zoom, the folders last used), kept between
+// runs in the user's configuration folder.
+std::unique_ptr<QSettings> UserSettings();
 
 // Shows the hourglass for the life of the object.
 class WaitCursor {

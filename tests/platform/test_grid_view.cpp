@@ -326,6 +326,46 @@ TEST(GridZoom, CtrlWheelAndCtrlKeys) {
     EXPECT_EQ(grid.Zoom(), 100);
 }
 
+// Zooming keeps the current cell (keys, menu) or the cell under the pointer (Ctrl + wheel) where
+// it was on the screen, also at the newest rows, where the view is scrolled to its end.
+TEST(GridZoom, KeepsTheCurrentCellOrThePointersCellInPlace) {
+    App();
+    ReportSheet sheet(400, 30);
+    for (int r = 1; r < sheet.Rows(); ++r)
+        for (int c = 1; c < sheet.Cols(); ++c)
+            sheet.SetNumber(r, c, r + c);
+    const int last = sheet.Rows() - 1;
+    sheet.SetCurrentCell(last - 3, 6);
+    sheet.SetTopRow(last);
+    GridView grid;
+    grid.resize(700, 400);
+    grid.SetSheet(&sheet);
+    grid.show();
+    QCoreApplication::processEvents();
+    const QModelIndex current = grid.currentIndex();
+    ASSERT_TRUE(grid.viewport()->rect().contains(grid.visualRect(current).center()));
+    for (int zoom : {150, 400, 200}) {
+        const QPoint before = grid.visualRect(current).center();
+        grid.SetZoom(zoom);
+        EXPECT_NEAR(grid.visualRect(current).center().y(), before.y(), 2) << zoom;
+        EXPECT_NEAR(grid.visualRect(current).center().x(), before.x(), 2) << zoom;
+    }
+    // Smaller than the view can scroll to: the cell moves, but stays in sight.
+    grid.SetZoom(50);
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.visualRect(current)));
+    grid.SetZoom(100);
+    // Ctrl + wheel: the cell under the pointer, not the current one, stays.
+    const QModelIndex pointed = grid.indexAt(QPoint(150, 120));
+    ASSERT_NE(pointed.row(), current.row());
+    const QPoint at = grid.visualRect(pointed).center() + QPoint(3, 2);
+    QWheelEvent wheel(at, grid.viewport()->mapToGlobal(at), QPoint(), QPoint(0, 120), Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(grid.viewport(), &wheel);
+    EXPECT_EQ(grid.Zoom(), 110);
+    EXPECT_EQ(grid.indexAt(at), pointed);
+    EXPECT_EQ(grid.currentIndex(), current);
+}
+
 TEST(GridSelection, ShiftExtendsFromTheAnchorAndAPlainPressStartsAgain) {
     App();
     ReportSheet sheet = Sheet();
@@ -363,6 +403,29 @@ TEST(GridSelection, ShiftExtendsFromTheAnchorAndAPlainPressStartsAgain) {
     EXPECT_EQ(copy.count, 1);
 }
 
+TEST(GridSelection, CtrlASelectsTheWholeSheetUntilTheNextMoveAndHiddenColumnsAreNotShown) {
+    App();
+    ReportSheet sheet = Sheet();
+    GridView grid;
+    grid.resize(600, 400);
+    grid.show();
+    grid.SetSheet(&sheet);
+    grid.SetCurrentCell(3, 2);
+    Key(&grid, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(grid.Selection(), QRect(QPoint(1, 1), QPoint(5, 7)));
+    EXPECT_EQ(sheet.CurrentRow() * 10 + sheet.CurrentCol(), 32);  // the current cell stays
+    Key(&grid, Qt::Key_Down, Qt::NoModifier);
+    EXPECT_EQ(grid.Selection(), QRect(QPoint(2, 4), QPoint(2, 4)));
+    Key(&grid, Qt::Key_A, Qt::ControlModifier);
+    testing::MousePress(grid.viewport(), grid.visualRect(grid.currentIndex()).center());
+    EXPECT_EQ(grid.Selection().size(), QSize(1, 1));  // a click on the current cell ends it too
+    // Column 4 is 0 twips wide; one 2 twips wide is as good as hidden; one dragged shut as well.
+    EXPECT_EQ(grid.ShownColumns(0, 5), (std::vector<int>{0, 1, 2, 3, 5}));
+    sheet.SetColWidth(3, 2);
+    grid.horizontalHeader()->resizeSection(0, 0);
+    EXPECT_EQ(grid.ShownColumns(1, 9), (std::vector<int>{2, 5}));
+}
+
 TEST(GridMenu, OffersCopySaveAndTheZoomSteps) {
     App();
     ReportSheet sheet = Sheet();
@@ -371,6 +434,7 @@ TEST(GridMenu, OffersCopySaveAndTheZoomSteps) {
     Count copy(&grid, &GridView::CopyRequested);
     Count csv(&grid, &GridView::SaveCsvRequested);
     Count html(&grid, &GridView::SaveHtmlRequested);
+    Count headers(&grid, &GridView::CopyWithHeadersRequested);
     std::unique_ptr<QMenu> menu(grid.BuildContextMenu(nullptr));
     auto trigger = [&](const QString& starts) {
         for (QAction* a : menu->actions())
@@ -382,11 +446,13 @@ TEST(GridMenu, OffersCopySaveAndTheZoomSteps) {
         return false;
     };
     EXPECT_FALSE(trigger("Actual size"));  // already at 100
+    EXPECT_FALSE(trigger("Zoom: 100 %"));  // the zoom level, shown and not a command
     EXPECT_TRUE(trigger("Copy"));
     EXPECT_TRUE(trigger("Save as CSV"));
     EXPECT_TRUE(trigger("Save as HTML"));
+    EXPECT_TRUE(trigger("Copy with headers"));
     EXPECT_TRUE(trigger("Zoom in"));
-    EXPECT_EQ(copy.count + csv.count + html.count, 3);
+    EXPECT_EQ(copy.count + csv.count + html.count + headers.count, 4);
     EXPECT_EQ(grid.Zoom(), 110);
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QDir>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,6 +10,7 @@
 #include <QPrintPreviewWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSettings>
 #include <QSpinBox>
 
 #include "export/sheet_format.h"
@@ -130,6 +132,8 @@ TEST_F(ReportWindowTest, DoubleClickPutsTheColumnsTextOnTheClipboard) {
     testing::MouseDoubleClick(w->Grid()->viewport(), CellCentre(w, 2, 4));
     ASSERT_EQ(scripted.clipboard.size(), 1u);
     EXPECT_EQ(scripted.clipboard[0], "5\r\n15\r\n23\r\n");
+    EXPECT_TRUE(w->StatusLine()->text().startsWith("Copied 3 Miss lengths of column"))
+        << w->StatusLine()->text().toStdString();
 
     ReportWindow* plain = Open("frmhekualu");
     testing::MouseDoubleClick(plain->Grid()->viewport(), CellCentre(plain, 2, 4));
@@ -189,6 +193,8 @@ TEST_F(ReportWindowTest, TheExportButtonWritesBesideTheProgramAndOpensTheFile) {
     std::filesystem::remove(file);
     w->ExtraButton()->click();
     EXPECT_EQ(testing::ReadAll(file), "Box text 2 of 3");
+    EXPECT_EQ(w->StatusLine()->text(),
+              "Wrote " + QDir::toNativeSeparators(QString::fromStdString(file.string())));
     EXPECT_EQ(scripted.opened,
               std::vector<QUrl>{QUrl::fromLocalFile(QString::fromStdString(file.string()))});
     EXPECT_EQ(scripted.shown.size(), 1u);
@@ -230,6 +236,56 @@ TEST_F(ReportSharingTest, CtrlCCopiesTheBlockAsTextAndAsAColouredTable) {
     EXPECT_EQ(sheet.BackColor(1, 1), kDefaultColour);
 }
 
+// Copy leaves out the columns the window hides; Copy with headers puts the header row and the
+// label column in front; the status line says what was copied.
+TEST_F(ReportSharingTest, CopyWithHeadersLeavesOutHiddenColumnsAndSaysWhatItCopied) {
+    ReportWindow* w = Open("frmhekualu");
+    ASSERT_NE(w, nullptr);
+    ReportSheet& sheet = w->Sheet();
+    ASSERT_GE(sheet.Cols(), 4);
+    for (int c = 0; c < 4; ++c) {
+        sheet.SetText(0, c, "h" + std::to_string(c));
+        for (int r = 1; r <= 2; ++r)
+            sheet.SetText(r, c, std::to_string(r) + std::to_string(c));
+    }
+    sheet.SetColWidth(2, 2);
+    GridView* grid = w->Grid();
+    grid->SetSheet(&sheet);
+    grid->SetCurrentCell(1, 1);
+    Key(grid, Qt::Key_Right, Qt::ShiftModifier);  // over the hidden column
+    Key(grid, Qt::Key_Down, Qt::ShiftModifier);
+    Key(grid, Qt::Key_C, Qt::ControlModifier);
+    ASSERT_EQ(scripted.clipboard.size(), 1u);
+    EXPECT_EQ(scripted.clipboard[0], "11\t13\n21\t23\n");
+    EXPECT_EQ(w->StatusLine()->text(), "Copied 2 x 2 cells");
+    std::unique_ptr<QMenu> menu(grid->BuildContextMenu(nullptr));
+    Trigger(*menu, "Copy with headers");
+    EXPECT_EQ(scripted.clipboard.back(), "h0\th1\th3\n10\t11\t13\n20\t21\t23\n");
+    EXPECT_EQ(scripted.clipboardHtml.count("<td"), 9);
+    EXPECT_EQ(w->StatusLine()->text(), "Copied 3 x 3 cells with headers");
+    EXPECT_TRUE(w->StatusLine()->isVisible());
+}
+
+// A report opens at the zoom it was left at, and the status line shows the zoom.
+TEST_F(ReportSharingTest, AReportRemembersItsZoomForTheNextOpening) {
+    UserSettings()->remove(QStringLiteral("zoom"));
+    ReportWindow* w = Open("frmhekualu");
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(w->Grid()->Zoom(), 100);
+    Key(w->Grid(), Qt::Key_Plus, Qt::ControlModifier);
+    Key(w->Grid(), Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(w->StatusLine()->text(), "Zoom 125 %");
+    w->close();
+    testing::Drain();
+    w = Open("frmhekualu");
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(w->Grid()->Zoom(), 125);
+    ReportWindow* other = Open("frmzu3leixing2");  // each report its own
+    ASSERT_NE(other, nullptr);
+    EXPECT_EQ(other->Grid()->Zoom(), 100);
+    UserSettings()->remove(QStringLiteral("zoom"));
+}
+
 TEST_F(ReportSharingTest, SaveWritesTheWholeSheetAsTheCommandLineDoes) {
     ReportWindow* w = Open("frmbjiouhe");
     ASSERT_NE(w, nullptr);
@@ -248,6 +304,8 @@ TEST_F(ReportSharingTest, SaveWritesTheWholeSheetAsTheCommandLineDoes) {
         Trigger(*menu, c.action);
         EXPECT_TRUE(scripted.saveDialogs.back()) << c.action;
         EXPECT_EQ(testing::ReadAll(path), c.expected) << c.action;
+        EXPECT_TRUE(w->StatusLine()->text().startsWith("Saved ")) << c.action;
+        EXPECT_TRUE(w->StatusLine()->text().endsWith(QString::fromStdString(c.file)));
         // Cancelled: nothing written.
         std::filesystem::remove(path);
         scripted.chosen.push_back(QString());
