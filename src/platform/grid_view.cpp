@@ -3,11 +3,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 #include "platform/twips.h"
 
@@ -15,6 +17,10 @@ namespace numarel {
 namespace {
 
 constexpr int kTextMargin = 2;
+
+QString ToQStringOf(const ReportSheet& sheet, int row, int col) {
+    return sheet.IsEmpty(row, col) ? QString() : QString::fromStdString(sheet.Text(row, col));
+}
 
 QColor ColourOr(const QVariant& value, const QColor& fallback) {
     return value.isValid() ? value.value<QColor>() : fallback;
@@ -91,6 +97,24 @@ int ZoomForKey(int percent, const QKeyEvent& event) {
     }
 }
 
+bool TextIsCut(const QFontMetrics& metrics, const QString& text, int width) {
+    return !text.isEmpty() && metrics.horizontalAdvance(text) > width - 2 * kTextMargin - 1;
+}
+
+namespace {
+
+// Shows the whole of a cut text at `pos` (global), or hides a tooltip shown before.
+bool ShowCutText(QWidget* widget, const QPoint& global, const QString& text, const QRect& cell) {
+    if (TextIsCut(widget->fontMetrics(), text, cell.width())) {
+        QToolTip::showText(global, text, widget, cell);
+    } else {
+        QToolTip::hideText();
+    }
+    return true;
+}
+
+}  // namespace
+
 void PaintSheetCell(QPainter* painter, const QRect& rect, const QString& text, const QColor& back,
                     const QColor& fore, const QColor& line, bool leftAligned) {
     if (rect.width() <= 0 || rect.height() <= 0) return;
@@ -141,6 +165,22 @@ void SheetHeader::paintSection(QPainter* painter, const QRect& rect, int logical
     painter->restore();
 }
 
+bool SheetHeader::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !model()) return QHeaderView::viewportEvent(event);
+    auto* help = static_cast<QHelpEvent*>(event);
+    const int section = logicalIndexAt(help->pos());
+    if (section < 0) {
+        QToolTip::hideText();
+        return true;
+    }
+    const QString text = model()->headerData(section, orientation()).toString();
+    const int at = sectionViewportPosition(section);
+    const QRect cell = orientation() == Qt::Horizontal
+                           ? QRect(at, 0, sectionSize(section), viewport()->height())
+                           : QRect(0, at, viewport()->width(), sectionSize(section));
+    return ShowCutText(viewport(), help->globalPos(), text, cell);
+}
+
 // --- GridView ---------------------------------------------------------------------------------
 
 GridView::GridView(QWidget* parent)
@@ -186,9 +226,40 @@ GridView::GridView(QWidget* parent)
     });
     connect(verticalScrollBar(), &QAbstractSlider::actionTriggered, this,
             [this] { StopFollowingTopRow(); });
+    // A column is widened by dragging its header edge and fitted by double-clicking the edge.
+    columns_->setSectionResizeMode(QHeaderView::Interactive);
+    connect(columns_, &QHeaderView::sectionResized, this, [this](int section, int, int size) {
+        userWidths_[section + 1] = PixelsToTwipsX(this, size) * 100 / zoom_;
+    });
+}
+
+int GridView::sizeHintForColumn(int column) const {
+    // Fitted to the widest text among the header and the rows in view and around them.
+    const ReportSheet* sheet = model_->Sheet();
+    if (!sheet || column < 0) return -1;
+    const QFontMetrics metrics(font());
+    const int col = column + 1;
+    int widest = metrics.horizontalAdvance(ToQStringOf(*sheet, 0, col));
+    const int first = std::max(1, rows_->logicalIndexAt(0));
+    const int last = std::min(sheet->Rows() - 1, first + 1000);
+    for (int row = std::max(1, first - 1000); row <= last; ++row)
+        widest = std::max(widest, metrics.horizontalAdvance(ToQStringOf(*sheet, row, col)));
+    return widest + 2 * kTextMargin + 4;
+}
+
+bool GridView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
+    auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    if (!index.isValid()) {
+        QToolTip::hideText();
+        return true;
+    }
+    return ShowCutText(viewport(), help->globalPos(), index.data().toString(), visualRect(index));
 }
 
 void GridView::SetSheet(ReportSheet* sheet) {
+    userWidths_.clear();
     model_->SetSheet(sheet);
     if (!sheet) return;
     ApplySheetLayout();
@@ -218,7 +289,8 @@ void GridView::ApplySheetLayout() {
     rows_->SetThickness(widthPx(sheet.ColWidth(0)));
     columns_->SetThickness(heightPx(sheet.RowHeight(0)));
     for (int col = 1; col < sheet.Cols(); ++col) {
-        int twips = sheet.ColWidth(col);
+        auto user = userWidths_.find(col);
+        int twips = user != userWidths_.end() ? user->second : sheet.ColWidth(col);
         if (twips < 0) continue;
         int px = widthPx(twips);
         if (px == 0)

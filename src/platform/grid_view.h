@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QRect>
 #include <QTableView>
+#include <map>
 #include <vector>
 
 #include "frame/report_sheet.h"
@@ -25,6 +26,8 @@ public:
 
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const override;
+    // A header text cut by its cell shows whole as a tooltip.
+    bool viewportEvent(QEvent* event) override;
 
 private:
     int thickness_ = 20;
@@ -72,6 +75,11 @@ public:
     int TopRow() const;
     // Repaints one cell after the sheet changed it.
     void RefreshCell(int row, int col) { model_->CellChanged(row, col); }
+
+    // Widths the user gave columns by dragging a header edge or double-clicking it (fitted to
+    // the texts), in twips at 100 %, by sheet column. They hold at every zoom while the sheet is
+    // shown; the sheet's own widths stay the default of the next opening.
+    const std::map<int, int>& UserWidths() const { return userWidths_; }
 
     // Pixel sizes of sheet columns and rows as shown.
     int ColumnPixels(int col) const;
@@ -129,6 +137,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    int sizeHintForColumn(int column) const override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
@@ -149,7 +159,11 @@ private:
     QPoint anchor_{1, 1};      // sheet column, row
     bool extending_ = false;   // the current cell moves with Shift: the anchor stays
     bool wholeSheet_ = false;  // Ctrl+A
+    std::map<int, int> userWidths_;
 };
+
+// Whether `text` is cut when painted in a cell `width` pixels wide with `metrics`.
+bool TextIsCut(const QFontMetrics& metrics, const QString& text, int width);
 
 // Fills one cell of a sheet: its colours, its text centred (left-aligned where it does not fit),
 // the grid lines on its right and bottom edges.

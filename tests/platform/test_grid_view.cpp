@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <filesystem>
 #include <fstream>
@@ -159,9 +161,77 @@ TEST(GridView, MouseDownMovesTheCurrentCellFirst) {
     testing::MouseDoubleClick(view.viewport(),
                               view.visualRect(view.Model().IndexOf(4, 3)).center());
     QHeaderView* header = view.horizontalHeader();
-    testing::MouseDoubleClick(header->viewport(),
-                              QPoint(header->sectionViewportPosition(1) + 3, 3));
+    // In the header cell (its edges fit the column instead).
+    testing::MouseDoubleClick(
+        header->viewport(),
+        QPoint(header->sectionViewportPosition(1) + header->sectionSize(1) / 2, 3));
     EXPECT_EQ(doubles, (std::vector<std::pair<int, int>>{{4, 3}, {0, 2}}));
+}
+
+// A text wider than its cell shows whole in a tooltip, in the cells and in the header row and
+// label column; a column is widened by dragging its header edge, fitted by a double click on the
+// edge, and keeps that width through the zoom; the sheet's own widths are untouched.
+TEST(GridView, CutTextsShowInATooltipAndColumnsCanBeWidenedAndFitted) {
+    App();
+    ReportSheet sheet(5, 4);
+    sheet.SetColWidth(0, 300);
+    for (int c = 1; c < 4; ++c)
+        sheet.SetColWidth(c, 200);
+    sheet.SetText(0, 2, "Addition Box");
+    sheet.SetText(2, 2, "1974");
+    sheet.SetText(3, 2, "7");
+    sheet.SetText(2, 0, " 20200101:123");
+    GridView view;
+    view.resize(600, 300);
+    view.SetSheet(&sheet);
+    view.show();
+    QCoreApplication::processEvents();
+    auto tipAt = [](QWidget* viewport, QPoint pos) {
+        QToolTip::hideText();  // goes after a short delay
+        QElapsedTimer waited;
+        waited.start();
+        while (QToolTip::isVisible() && waited.elapsed() < 2000)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QHelpEvent help(QEvent::ToolTip, pos, viewport->mapToGlobal(pos));
+        QApplication::sendEvent(viewport, &help);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    auto centre = [&](int row, int col) {
+        return view.visualRect(view.Model().IndexOf(row, col)).center();
+    };
+    QHeaderView* header = view.horizontalHeader();
+    EXPECT_EQ(tipAt(view.viewport(), centre(2, 2)), "1974");
+    EXPECT_EQ(tipAt(view.viewport(), centre(3, 2)), "");  // fits: no tooltip
+    EXPECT_EQ(tipAt(header->viewport(), QPoint(header->sectionViewportPosition(1) + 3, 4)),
+              "Addition Box");
+    QHeaderView* labels = view.verticalHeader();
+    EXPECT_EQ(tipAt(labels->viewport(), QPoint(4, labels->sectionViewportPosition(1) + 3)),
+              " 20200101:123");
+
+    // Dragging the edge of column 1 (section 0) to the right.
+    const int edge = header->sectionViewportPosition(0) + header->sectionSize(0) - 1;
+    const int y = header->height() / 2;
+    testing::MouseEvents(header->viewport(), QPoint(edge, y), {QEvent::MouseButtonPress});
+    QMouseEvent move(QEvent::MouseMove, QPointF(edge + 40, y),
+                     header->viewport()->mapToGlobal(QPointF(edge + 40, y)), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(header->viewport(), &move);
+    testing::MouseEvents(header->viewport(), QPoint(edge + 40, y), {QEvent::MouseButtonRelease});
+    const int widened = view.ColumnPixels(1);
+    EXPECT_NEAR(widened, TwipsToPixelsX(&view, 200) + 40, 1);
+    EXPECT_EQ(sheet.ColWidth(1), 200);
+
+    // A double click on the edge of column 2 fits it to "Addition Box", its widest text.
+    const int edge2 = header->sectionViewportPosition(1) + header->sectionSize(1) - 1;
+    testing::MouseDoubleClick(header->viewport(), QPoint(edge2, y));
+    EXPECT_GE(view.ColumnPixels(2), view.fontMetrics().horizontalAdvance("Addition Box"));
+    EXPECT_EQ(tipAt(view.viewport(), centre(2, 2)), "");
+    EXPECT_EQ(view.UserWidths().size(), 2u);
+
+    view.SetZoom(200);
+    EXPECT_NEAR(view.ColumnPixels(1), widened * 2, 3);
+    view.SetSheet(&sheet);  // a sheet shown afresh takes its own widths
+    EXPECT_EQ(view.ColumnPixels(2), TwipsToPixelsX(&view, 400));
 }
 
 TEST(GridView, TheLargestSheetOpensAtItsNewestRowsAndKeepsThemInSight) {
