@@ -503,6 +503,23 @@ void DrawingsEditor::ShowError(const Status& status) {
                                     MessageIcon::Warning);
 }
 
+void DrawingsEditor::MoveToNeighbourCell(int step) {
+    QModelIndex current = table_->currentIndex();
+    if (!current.isValid()) return;
+    // Cells count along the rows: after U comes the Date of the next row.
+    const int cols = DrawingsTable::kCols;
+    const int cell =
+        std::clamp(current.row() * cols + current.column() + step, 0, model_.rowCount() * cols - 1);
+    QModelIndex next = model_.index(cell / cols, cell % cols);
+    if (next != current) {
+        table_->setCurrentIndex(next);
+        table_->scrollTo(next);
+    } else {
+        CommitCellBox();
+    }
+    cellBox_->setFocus();
+}
+
 void DrawingsEditor::keyPressEvent(QKeyEvent* event) {
     // Escape would close the editor past the question about unsaved edits.
     if (event->key() == Qt::Key_Escape) return;
@@ -530,25 +547,13 @@ bool DrawingsEditor::eventFilter(QObject* watched, QEvent* event) {
         QCoreApplication::sendEvent(cellBox_, event);
         return true;
     }
-    if (watched == cellBox_ && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
-        // Enter leaves the cell for the next one, which is what puts the text into the table.
-        QModelIndex current = table_->currentIndex();
-        if (current.isValid()) {
-            int row = current.row();
-            int col = current.column() + 1;
-            if (col == DrawingsTable::kCols) {
-                col = 0;
-                row = std::min(row + 1, model_.rowCount() - 1);
-            }
-            QModelIndex next = model_.index(row, col);
-            if (next != current) {
-                table_->setCurrentIndex(next);
-                table_->scrollTo(next);
-            } else {
-                CommitCellBox();
-            }
-            cellBox_->setFocus();
-        }
+    const bool tab = key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab;
+    if ((watched == cellBox_ && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) ||
+        ((watched == cellBox_ || watched == table_) && tab)) {
+        // Enter and Tab leave the cell for the next one, which is what puts the text into the
+        // table; Shift+Tab goes back one cell.
+        const bool back = key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier);
+        MoveToNeighbourCell(tab && back ? -1 : +1);
         return true;
     }
     return QDialog::eventFilter(watched, event);

@@ -91,6 +91,8 @@ private:
     void EnterCell(const QModelIndex& index);
     void LeaveCell(const QModelIndex& index);
     void PlaceCellBox();
+    // Enter and Tab (+1), Shift+Tab (-1): the next or previous cell along the rows.
+    void MoveToNeighbourCell(int step);
     // Puts what was typed into the box into its cell, as leaving the cell would.
     void CommitCellBox();
     void ShowError(const Status& status);

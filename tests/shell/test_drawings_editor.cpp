@@ -93,6 +93,26 @@ TEST_F(EditorTest, EnterMovesOnSoThatADrawingIsTypedInOneGo) {
     EXPECT_EQ(File(), "2020001 1 2 3\r\n2020002 4 5 6\r\n");
 }
 
+// Tab moves on as Enter does, also from the table itself, and Shift+Tab goes back; neither
+// moves the focus to a button.
+TEST_F(EditorTest, TabMovesToTheNextCellAndShiftTabBack) {
+    auto e = Make("2020001 1 2 3\r\n");
+    Go(*e, 0, 3);
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+    QApplication::sendEvent(e->Table(), &tab);
+    EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(1, 0));  // the next row's Date
+    EXPECT_TRUE(e->CellBox()->hasFocus());
+    Type(*e, "2020002");
+    QApplication::sendEvent(e->CellBox(), &tab);
+    Type(*e, "4");
+    QKeyEvent backTab(QEvent::KeyPress, Qt::Key_Backtab, Qt::ShiftModifier);
+    QApplication::sendEvent(e->CellBox(), &backTab);
+    EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(1, 0));
+    EXPECT_EQ(Column(*e, 0)[1], "2020002");
+    EXPECT_EQ(Column(*e, 1)[1], "4");
+    EXPECT_TRUE(e->CellBox()->hasFocus());
+}
+
 TEST_F(EditorTest, TheBoxTakesTextIntoTheCellThatIsLeftAndSaveWritesEveryRow) {
     auto e = Make("2020001 1 2 3\r\n");
     Go(*e, 0, 3);
