@@ -154,7 +154,8 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
     table_->horizontalHeader()->setStretchLastSection(true);
     // Whole rows at the top, as the table scrolls by rows.
     table_->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
-    table_->setSelectionMode(QAbstractItemView::NoSelection);
+    // Shift + click or Shift + arrows select a block of rows for Delete.
+    table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setTabKeyNavigation(false);
     PlaceAt(table_, 1080, 840, 6045, 2685);
@@ -316,15 +317,46 @@ void DrawingsEditor::PlaceCellBox() {
     if (rect.isValid()) cellBox_->setGeometry(rect.adjusted(0, 0, -1, -1));
 }
 
+std::vector<int> DrawingsEditor::SelectedRows() const {
+    std::vector<int> rows;
+    for (const QModelIndex& index : table_->selectionModel()->selectedIndexes())
+        rows.push_back(index.row());
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
 void DrawingsEditor::DeleteCurrentRow() {
     QModelIndex current = table_->currentIndex();
     if (!current.isValid()) return;
+    const std::vector<int> rows = SelectedRows();
+    if (rows.size() > 1) {
+        DeleteRows(rows);
+        return;
+    }
     CommitCellBox();
     cellBox_->clear();
     int row = current.row();
     int col = current.column();
     if (!model_.DeleteRow(row)) return;
     QModelIndex next = model_.index(std::min(row, model_.rowCount() - 1), col);
+    table_->setCurrentIndex(next);
+    EnterCell(next);
+}
+
+void DrawingsEditor::DeleteRows(const std::vector<int>& rows) {
+    const QString question = QStringLiteral("Delete the %1 selected rows?").arg(rows.size());
+    if (!session_.platform.messages.AskYesNo(this, QStringLiteral("Query:"), question,
+                                             MessageIcon::Question))
+        return;
+    CommitCellBox();
+    cellBox_->clear();
+    const int col = std::max(0, table_->currentIndex().column());
+    // From the bottom up, so that the rows above keep their numbers; the table keeps one row.
+    for (auto it = rows.rbegin(); it != rows.rend(); ++it)
+        model_.DeleteRow(*it);
+    table_->clearSelection();
+    QModelIndex next = model_.index(std::min(rows.front(), model_.rowCount() - 1), col);
     table_->setCurrentIndex(next);
     EnterCell(next);
 }
