@@ -204,6 +204,10 @@ Status ReportWindow::Load() {
         grid_->SetZoom(zoom);
     }
     if (textBox_) textBox_->raise();
+    if (sheet_.DrawCount() == 0)
+        SayInStatus(
+            QStringLiteral("This lottery has no drawings yet: Drawings in the main window "
+                           "opens the editor, where you type or import them."));
     const QSize design = DesignSizeTwips();
     resize(TwipsToPixelsX(this, design.width()), TwipsToPixelsY(this, design.height()));
     LayoutWindow();

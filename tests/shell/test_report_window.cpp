@@ -89,6 +89,18 @@ TEST_F(ReportWindowTest, AfterExitTheNextOpeningReadsTheFileAgain) {
 }
 
 // The texts of the reasons are pinned with the drawings reader; here that one is shown.
+TEST_F(ReportWindowTest, AnEmptyLotteryOpensWithAHintWhereTheDrawingsAreMade) {
+    WriteFile(session->drawingsPath, "");
+    ReportWindow* w = Open("frmbjiouhe");
+    ASSERT_NE(w, nullptr);
+    EXPECT_TRUE(w->StatusLine()->text().contains("no drawings yet"));
+    EXPECT_TRUE(w->StatusLine()->text().contains("Drawings"));
+    w->close();
+    testing::Drain();
+    WriteFile(session->drawingsPath, "2020001 1 2 3\r\n");
+    EXPECT_TRUE(Open("frmbjiouhe")->StatusLine()->text().isEmpty());
+}
+
 TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
     std::filesystem::remove(session->drawingsPath);
     for (bool folderInTheWay : {false, true}) {
