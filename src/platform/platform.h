@@ -115,6 +115,13 @@ inline void ShowMessage(MessageBoxes& boxes, QWidget* parent, const UserMessage&
 // runs in the user's configuration folder.
 std::unique_ptr<QSettings> UserSettings();
 
+// Where the file dialogs of Save as, Export and Import start: the folder of the file last chosen
+// in one of them while it still exists, else the user's documents folder (the home folder where
+// there is none).
+QString StartFolder();
+// Keeps the folder of `chosenFile` for the next file dialog.
+void RememberFolder(const QString& chosenFile);
+
 // Shows the hourglass for the life of the object.
 class WaitCursor {
 public:

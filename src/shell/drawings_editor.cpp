@@ -417,10 +417,11 @@ void DrawingsEditor::Export() {
     FileDialogRequest request;
     request.title = QStringLiteral("Please specify a folder.");
     request.filter = QStringLiteral("data file|*.txt");
-    request.folder = QDir::homePath();
+    request.folder = StartFolder();
     request.presetName = ToQString(ExportPresetName(session_.lotteryLabel));
     QString chosen = session_.platform.files.SaveFile(this, request);
     if (chosen.isEmpty()) return;
+    RememberFolder(chosen);
     Status s = CopyDrawingsFile(session_.drawingsPath, chosen.toStdString());
     if (!s.ok()) {
         ShowError(s);
@@ -442,9 +443,10 @@ void DrawingsEditor::Import() {
     FileDialogRequest request;
     request.title = QStringLiteral("Please locate the valid data file.");
     request.filter = QStringLiteral("data file|*.txt");
-    request.folder = QDir::homePath();
+    request.folder = StartFolder();
     QString chosen = session_.platform.files.OpenFile(this, request);
     if (chosen.isEmpty()) return;
+    RememberFolder(chosen);
     Status s = ImportDrawingsFile(chosen.toStdString(), session_.drawingsPath);
     if (!s.ok()) {
         ShowError(s);

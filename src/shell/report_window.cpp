@@ -142,8 +142,10 @@ void ReportWindow::SaveSheetAs(bool html) {
     request.title = html ? QStringLiteral("Save as HTML") : QStringLiteral("Save as CSV");
     request.filter = html ? QStringLiteral("HTML page|*.html") : QStringLiteral("CSV file|*.csv");
     request.presetName = ToQString(definition_.title) + (html ? ".html" : ".csv");
+    request.folder = StartFolder();
     QString path = session_.platform.files.SaveFile(this, request);
     if (path.isEmpty()) return;
+    RememberFolder(path);
     std::string text = html ? FormatSheetHtml(sheet_, definition_.object) : FormatSheetCsv(sheet_);
     Status s = WriteFileSafely(path.toStdString(), text);
     if (!s.ok()) {

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QDir>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -299,6 +300,7 @@ TEST_F(ReportSharingTest, AReportRemembersItsZoomForTheNextOpening) {
 }
 
 TEST_F(ReportSharingTest, SaveWritesTheWholeSheetAsTheCommandLineDoes) {
+    UserSettings()->remove(QStringLiteral("folders"));
     ReportWindow* w = Open("frmbjiouhe");
     ASSERT_NE(w, nullptr);
     struct Case {
@@ -325,6 +327,17 @@ TEST_F(ReportSharingTest, SaveWritesTheWholeSheetAsTheCommandLineDoes) {
         EXPECT_FALSE(std::filesystem::exists(path));
     }
     EXPECT_TRUE(scripted.shown.empty());
+    // The first dialog starts in the user's documents folder, the next ones where the last file
+    // went; never in the program's data folder.
+    ASSERT_EQ(scripted.dialogs.size(), 4u);
+    EXPECT_FALSE(
+        scripted.dialogs[0].folder.startsWith(QString::fromStdString(folder.root.string())));
+    EXPECT_TRUE(QFileInfo(scripted.dialogs[0].folder).isDir());
+    const QString chosenFolder =
+        QFileInfo(QString::fromStdString(dir.path().string())).absoluteFilePath();
+    EXPECT_EQ(scripted.dialogs[1].folder, chosenFolder);
+    EXPECT_EQ(scripted.dialogs[3].folder, chosenFolder);
+    UserSettings()->remove(QStringLiteral("folders"));
 }
 
 // Ctrl+P and the context menu open the print dialog on the window's sheet: the newest drawings
