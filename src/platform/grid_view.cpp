@@ -389,16 +389,16 @@ void GridView::ZoomKeeping(int percent, const QModelIndex& anchor, QPoint at) {
 }
 
 QRect GridView::Selection() const {
+    if (wholeSheet_) return QRect(1, 1, model_->columnCount(), model_->rowCount());
     QModelIndex current = currentIndex();
     if (!current.isValid()) return {};
-    if (wholeSheet_) return QRect(1, 1, model_->columnCount(), model_->rowCount());
     int col = SheetModel::SheetCol(current), row = SheetModel::SheetRow(current);
     return QRect(QPoint(std::min(col, anchor_.x()), std::min(row, anchor_.y())),
                  QPoint(std::max(col, anchor_.x()), std::max(row, anchor_.y())));
 }
 
 void GridView::SelectWholeSheet() {
-    if (!currentIndex().isValid()) return;
+    if (model_->rowCount() == 0 || model_->columnCount() == 0) return;
     wholeSheet_ = true;
     viewport()->update();
 }

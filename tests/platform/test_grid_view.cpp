@@ -494,6 +494,16 @@ TEST(GridSelection, CtrlASelectsTheWholeSheetUntilTheNextMoveAndHiddenColumnsAre
     sheet.SetColWidth(3, 2);
     grid.horizontalHeader()->resizeSection(0, 0);
     EXPECT_EQ(grid.ShownColumns(1, 9), (std::vector<int>{2, 5}));
+
+    // A report whose current cell is a fixed one has none in the grid: Ctrl+A still works.
+    ReportSheet fixed = Sheet();
+    fixed.SetCurrentCell(0, 0);
+    GridView other;
+    other.show();
+    other.SetSheet(&fixed);
+    ASSERT_FALSE(other.currentIndex().isValid());
+    Key(&other, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(other.Selection(), QRect(QPoint(1, 1), QPoint(5, 7)));
 }
 
 TEST(GridMenu, OffersCopySaveAndTheZoomSteps) {
