@@ -204,6 +204,7 @@ Status ReportWindow::Load() {
     if (int zoom = UserSettings()->value(ZoomKey(), 100).toInt(); zoom != 100) {
         QSignalBlocker quiet(grid_);
         grid_->SetZoom(zoom);
+        status_->setText(QStringLiteral("Zoom %1 %").arg(grid_->Zoom()));
     }
     if (textBox_) textBox_->raise();
     if (sheet_.DrawCount() == 0)

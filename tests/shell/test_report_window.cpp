@@ -293,6 +293,7 @@ TEST_F(ReportSharingTest, AReportRemembersItsZoomForTheNextOpening) {
     w = Open("frmhekualu");
     ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->Grid()->Zoom(), 125);
+    EXPECT_EQ(w->StatusLine()->text(), "Zoom 125 %");
     ReportWindow* other = Open("frmzu3leixing2");  // each report its own
     ASSERT_NE(other, nullptr);
     EXPECT_EQ(other->Grid()->Zoom(), 100);
