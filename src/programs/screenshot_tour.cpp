@@ -2,8 +2,8 @@
 // ImageMagick's `import`: the welcome window, the main window with a group menu open, reports
 // (zoomed at the newest rows, all selected and copied with headers, a cut header read in its
 // tooltip, columns fitted), the Scoreboard and the drawings editor. Used by scripts/screenshots.sh;
-// takes the folder for the pictures and, optionally, the program folder to read data\, Numarel\
-// and help\ from (the executable's own by default).
+// takes the folder for the pictures and, optionally, the program folder to read data\,
+// Numarel\ and help\ from (the executable's own by default).
 #include <QApplication>
 #include <QCursor>
 #include <QDir>
@@ -279,6 +279,13 @@ int main(int argc, char** argv) {
         Settle(600);
         ok &= Photograph(folder, QStringLiteral("report-enquiry.png"), enquiry->frameGeometry(),
                          enquiry->windowTitle());
+        // A four-digit Miss cut by its column, read in its tooltip.
+        if (ShowACutText(enquiry->Grid())) {
+            Settle(300);
+            ok &= Photograph(folder, QStringLiteral("enquiry-miss-tooltip.png"),
+                             enquiry->frameGeometry(), enquiry->windowTitle());
+            QToolTip::hideText();
+        }
         enquiry->close();
         Settle(200);
     } else {
