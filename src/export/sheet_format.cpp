@@ -543,15 +543,46 @@ void WriteSheet(const ReportSheet& sheet, SheetFormat format, std::string_view r
     }
 }
 
+namespace {
+
+std::vector<int> Span(int from, int to) {
+    std::vector<int> span;
+    for (int i = std::max(from, 0); i <= to; ++i)
+        span.push_back(i);
+    return span;
+}
+
+std::vector<int> Inside(const std::vector<int>& indices, int count) {
+    std::vector<int> inside;
+    for (int i : indices)
+        if (i >= 0 && i < count) inside.push_back(i);
+    return inside;
+}
+
+}  // namespace
+
 std::string FormatRangeTsv(const ReportSheet& sheet, int top, int left, int bottom, int right) {
-    top = std::max(top, 0), left = std::max(left, 0);
-    bottom = std::min(bottom, sheet.Rows() - 1), right = std::min(right, sheet.Cols() - 1);
+    return FormatCellsTsv(sheet, Span(top, std::min(bottom, sheet.Rows() - 1)),
+                          Span(left, std::min(right, sheet.Cols() - 1)));
+}
+
+std::string FormatRangeHtml(const ReportSheet& sheet, int top, int left, int bottom, int right) {
+    return FormatCellsHtml(sheet, Span(top, std::min(bottom, sheet.Rows() - 1)),
+                           Span(left, std::min(right, sheet.Cols() - 1)));
+}
+
+std::string FormatCellsTsv(const ReportSheet& sheet, const std::vector<int>& rowList,
+                           const std::vector<int>& colList) {
+    const std::vector<int> rows = Inside(rowList, sheet.Rows());
+    const std::vector<int> cols = Inside(colList, sheet.Cols());
     std::ostringstream os;
     {
         Sink sink(os);
-        for (int r = top; r <= bottom; ++r) {
-            for (int c = left; c <= right; ++c) {
-                if (c > left) sink << '\t';
+        for (int r : rows) {
+            bool first = true;
+            for (int c : cols) {
+                if (!first) sink << '\t';
+                first = false;
                 const std::string text = sheet.Text(r, c);
                 if (NeedsFormulaGuard(text)) sink << '\'';
                 // A tab or line break inside a cell would split it.
@@ -565,16 +596,17 @@ std::string FormatRangeTsv(const ReportSheet& sheet, int top, int left, int bott
     return std::move(os).str();
 }
 
-std::string FormatRangeHtml(const ReportSheet& sheet, int top, int left, int bottom, int right) {
-    top = std::max(top, 0), left = std::max(left, 0);
-    bottom = std::min(bottom, sheet.Rows() - 1), right = std::min(right, sheet.Cols() - 1);
+std::string FormatCellsHtml(const ReportSheet& sheet, const std::vector<int>& rowList,
+                            const std::vector<int>& colList) {
+    const std::vector<int> rows = Inside(rowList, sheet.Rows());
+    const std::vector<int> cols = Inside(colList, sheet.Cols());
     std::ostringstream os;
     {
         Sink sink(os);
         sink << "<table style=\"border-collapse:collapse\">\n";
-        for (int r = top; r <= bottom; ++r) {
+        for (int r : rows) {
             sink << "<tr>";
-            for (int c = left; c <= right; ++c) {
+            for (int c : cols) {
                 sink << "<td";
                 CellStyle(sink, sheet, r, c);
                 sink << '>';

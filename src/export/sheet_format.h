@@ -3,6 +3,7 @@
 #include <iosfwd>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "frame/report_sheet.h"
 
@@ -49,6 +50,13 @@ void WriteSheet(const ReportSheet& sheet, SheetFormat format, std::string_view r
 std::string FormatRangeTsv(const ReportSheet& sheet, int top, int left, int bottom, int right);
 // The same block as an HTML table that keeps the cells' colours when pasted into a spreadsheet.
 std::string FormatRangeHtml(const ReportSheet& sheet, int top, int left, int bottom, int right);
+// The same for the cells where the rows `rows` cross the columns `cols`, in the order given (rows
+// and columns outside the sheet are left out): a block without its hidden columns, or with the
+// header row and label column put in front.
+std::string FormatCellsTsv(const ReportSheet& sheet, const std::vector<int>& rows,
+                           const std::vector<int>& cols);
+std::string FormatCellsHtml(const ReportSheet& sheet, const std::vector<int>& rows,
+                            const std::vector<int>& cols);
 
 // Cell texts are UTF-8 as the reports write them; a text that is not (bytes of a drawings file)
 // is taken one character a byte.

@@ -3,11 +3,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 #include "platform/twips.h"
 
@@ -15,6 +17,10 @@ namespace numarel {
 namespace {
 
 constexpr int kTextMargin = 2;
+
+QString ToQStringOf(const ReportSheet& sheet, int row, int col) {
+    return sheet.IsEmpty(row, col) ? QString() : QString::fromStdString(sheet.Text(row, col));
+}
 
 QColor ColourOr(const QVariant& value, const QColor& fallback) {
     return value.isValid() ? value.value<QColor>() : fallback;
@@ -91,6 +97,24 @@ int ZoomForKey(int percent, const QKeyEvent& event) {
     }
 }
 
+bool TextIsCut(const QFontMetrics& metrics, const QString& text, int width) {
+    return !text.isEmpty() && metrics.horizontalAdvance(text) > width - 2 * kTextMargin - 1;
+}
+
+namespace {
+
+// Shows the whole of a cut text at `pos` (global), or hides a tooltip shown before.
+bool ShowCutText(QWidget* widget, const QPoint& global, const QString& text, const QRect& cell) {
+    if (TextIsCut(widget->fontMetrics(), text, cell.width())) {
+        QToolTip::showText(global, text, widget, cell);
+    } else {
+        QToolTip::hideText();
+    }
+    return true;
+}
+
+}  // namespace
+
 void PaintSheetCell(QPainter* painter, const QRect& rect, const QString& text, const QColor& back,
                     const QColor& fore, const QColor& line, bool leftAligned) {
     if (rect.width() <= 0 || rect.height() <= 0) return;
@@ -141,6 +165,22 @@ void SheetHeader::paintSection(QPainter* painter, const QRect& rect, int logical
     painter->restore();
 }
 
+bool SheetHeader::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !model()) return QHeaderView::viewportEvent(event);
+    auto* help = static_cast<QHelpEvent*>(event);
+    const int section = logicalIndexAt(help->pos());
+    if (section < 0) {
+        QToolTip::hideText();
+        return true;
+    }
+    const QString text = model()->headerData(section, orientation()).toString();
+    const int at = sectionViewportPosition(section);
+    const QRect cell = orientation() == Qt::Horizontal
+                           ? QRect(at, 0, sectionSize(section), viewport()->height())
+                           : QRect(0, at, viewport()->width(), sectionSize(section));
+    return ShowCutText(viewport(), help->globalPos(), text, cell);
+}
+
 // --- GridView ---------------------------------------------------------------------------------
 
 GridView::GridView(QWidget* parent)
@@ -186,9 +226,40 @@ GridView::GridView(QWidget* parent)
     });
     connect(verticalScrollBar(), &QAbstractSlider::actionTriggered, this,
             [this] { StopFollowingTopRow(); });
+    // A column is widened by dragging its header edge and fitted by double-clicking the edge.
+    columns_->setSectionResizeMode(QHeaderView::Interactive);
+    connect(columns_, &QHeaderView::sectionResized, this, [this](int section, int, int size) {
+        userWidths_[section + 1] = PixelsToTwipsX(this, size) * 100 / zoom_;
+    });
+}
+
+int GridView::sizeHintForColumn(int column) const {
+    // Fitted to the widest text among the header and the rows in view and around them.
+    const ReportSheet* sheet = model_->Sheet();
+    if (!sheet || column < 0) return -1;
+    const QFontMetrics metrics(font());
+    const int col = column + 1;
+    int widest = metrics.horizontalAdvance(ToQStringOf(*sheet, 0, col));
+    const int first = std::max(1, rows_->logicalIndexAt(0));
+    const int last = std::min(sheet->Rows() - 1, first + 1000);
+    for (int row = std::max(1, first - 1000); row <= last; ++row)
+        widest = std::max(widest, metrics.horizontalAdvance(ToQStringOf(*sheet, row, col)));
+    return widest + 2 * kTextMargin + 4;
+}
+
+bool GridView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
+    auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    if (!index.isValid()) {
+        QToolTip::hideText();
+        return true;
+    }
+    return ShowCutText(viewport(), help->globalPos(), index.data().toString(), visualRect(index));
 }
 
 void GridView::SetSheet(ReportSheet* sheet) {
+    userWidths_.clear();
     model_->SetSheet(sheet);
     if (!sheet) return;
     ApplySheetLayout();
@@ -218,7 +289,8 @@ void GridView::ApplySheetLayout() {
     rows_->SetThickness(widthPx(sheet.ColWidth(0)));
     columns_->SetThickness(heightPx(sheet.RowHeight(0)));
     for (int col = 1; col < sheet.Cols(); ++col) {
-        int twips = sheet.ColWidth(col);
+        auto user = userWidths_.find(col);
+        int twips = user != userWidths_.end() ? user->second : sheet.ColWidth(col);
         if (twips < 0) continue;
         int px = widthPx(twips);
         if (px == 0)
@@ -274,16 +346,50 @@ int GridView::RowPixels(int row) const {
 }
 
 void GridView::SetZoom(int percent) {
+    QModelIndex current = currentIndex();
+    QPoint at = current.isValid() ? visualRect(current).center() : QPoint();
+    ZoomKeeping(percent, current, at);
+}
+
+void GridView::ZoomAt(int percent, QPoint at) {
+    QModelIndex under = indexAt(at);
+    ZoomKeeping(percent, under.isValid() ? under : currentIndex(),
+                under.isValid() ? at : visualRect(currentIndex()).center());
+}
+
+void GridView::ZoomKeeping(int percent, const QModelIndex& anchor, QPoint at) {
     percent = std::clamp(percent, kMinZoom, kMaxZoom);
     if (percent == zoom_) return;
     zoom_ = percent;
     if (!model_->Sheet()) return;
-    int top = TopRow();
+    // Before the window is shown (a remembered zoom), the first row shown is what counts.
+    const bool keepCell = isVisible() && anchor.isValid() && viewport()->rect().contains(at);
+    if (!keepCell) {
+        int top = followTopRow_ ? topRow_ : TopRow();
+        ApplySheetLayout();
+        if (followTopRow_)
+            ApplyTopRow();
+        else if (top > 0)
+            verticalScrollBar()->setValue(rows_->sectionPosition(top - 1));
+        emit ZoomChanged(zoom_);
+        return;
+    }
+    StopFollowingTopRow();
+    // Where `at` falls inside the anchor cell, as a fraction, is kept across the new sizes.
+    const QRect before = visualRect(anchor);
+    const double fx = before.width() > 0 ? double(at.x() - before.x()) / before.width() : 0.5;
+    const double fy = before.height() > 0 ? double(at.y() - before.y()) / before.height() : 0.5;
     ApplySheetLayout();
-    if (top > 0) verticalScrollBar()->setValue(rows_->sectionPosition(top - 1));
+    const int row = anchor.row(), col = anchor.column();
+    const int y = rows_->sectionPosition(row) + int(fy * rows_->sectionSize(row)) - at.y();
+    const int x = columns_->sectionPosition(col) + int(fx * columns_->sectionSize(col)) - at.x();
+    verticalScrollBar()->setValue(y);
+    horizontalScrollBar()->setValue(x);
+    emit ZoomChanged(zoom_);
 }
 
 QRect GridView::Selection() const {
+    if (wholeSheet_) return QRect(1, 1, model_->columnCount(), model_->rowCount());
     QModelIndex current = currentIndex();
     if (!current.isValid()) return {};
     int col = SheetModel::SheetCol(current), row = SheetModel::SheetRow(current);
@@ -291,15 +397,38 @@ QRect GridView::Selection() const {
                  QPoint(std::max(col, anchor_.x()), std::max(row, anchor_.y())));
 }
 
+void GridView::SelectWholeSheet() {
+    if (model_->rowCount() == 0 || model_->columnCount() == 0) return;
+    wholeSheet_ = true;
+    viewport()->update();
+}
+
+std::vector<int> GridView::ShownColumns(int left, int right) const {
+    std::vector<int> shown;
+    const ReportSheet* sheet = model_->Sheet();
+    if (!sheet) return shown;
+    for (int col = std::max(left, 0); col <= right && col < sheet->Cols(); ++col) {
+        const int twips = sheet->ColWidth(col);
+        if (twips >= 0 && twips <= 2) continue;
+        if (col > 0 && (columns_->isSectionHidden(col - 1) || columns_->sectionSize(col - 1) == 0))
+            continue;
+        shown.push_back(col);
+    }
+    return shown;
+}
+
 QMenu* GridView::BuildContextMenu(QWidget* parent) {
     auto* menu = new QMenu(parent);
     menu->addAction(QStringLiteral("Copy\tCtrl+C"), this, &GridView::CopyRequested);
+    menu->addAction(QStringLiteral("Copy with headers"), this, &GridView::CopyWithHeadersRequested);
+    menu->addAction(QStringLiteral("Select all\tCtrl+A"), this, &GridView::SelectWholeSheet);
     menu->addAction(QStringLiteral("Save as CSV..."), this, &GridView::SaveCsvRequested);
     menu->addAction(QStringLiteral("Save as HTML..."), this, &GridView::SaveHtmlRequested);
     menu->addSeparator();
     menu->addAction(QStringLiteral("Print...\tCtrl+P"), this, &GridView::PrintRequested);
     menu->addAction(QStringLiteral("Print preview..."), this, &GridView::PrintPreviewRequested);
     menu->addSeparator();
+    menu->addAction(QStringLiteral("Zoom: %1 %").arg(zoom_))->setEnabled(false);
     menu->addAction(QStringLiteral("Zoom in\tCtrl++"), this,
                     [this] { SetZoom(NextZoomStep(zoom_, +1)); })
         ->setEnabled(zoom_ < kMaxZoom);
@@ -325,6 +454,10 @@ void GridView::mousePressEvent(QMouseEvent* event) {
         event->accept();
         return;
     }
+    if (event->button() == Qt::LeftButton && wholeSheet_) {
+        wholeSheet_ = false;
+        viewport()->update();
+    }
     QTableView::mousePressEvent(event);
 }
 
@@ -338,9 +471,12 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     QTableView::currentChanged(current, previous);
     if (current.isValid() && !extending_) {
         bool wasBlock = Selection().width() * Selection().height() > 1;
+        wholeSheet_ = false;
         anchor_ = QPoint(SheetModel::SheetCol(current), SheetModel::SheetRow(current));
         if (wasBlock) viewport()->update();
     } else if (extending_) {
+        if (wholeSheet_) anchor_ = QPoint(1, 1);
+        wholeSheet_ = false;
         viewport()->update();
     }
     if (ReportSheet* sheet = model_->Sheet(); sheet && current.isValid())
@@ -360,7 +496,7 @@ void GridView::resizeEvent(QResizeEvent* event) {
 void GridView::wheelEvent(QWheelEvent* event) {
     if (event->modifiers() & Qt::ControlModifier) {
         int dy = event->angleDelta().y();
-        if (dy != 0) SetZoom(NextZoomStep(zoom_, dy > 0 ? +1 : -1));
+        if (dy != 0) ZoomAt(NextZoomStep(zoom_, dy > 0 ? +1 : -1), event->position().toPoint());
         event->accept();
         return;
     }
@@ -375,6 +511,10 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     }
     if (event->matches(QKeySequence::Copy)) {
         emit CopyRequested();
+        return;
+    }
+    if (event->matches(QKeySequence::SelectAll)) {
+        SelectWholeSheet();
         return;
     }
     if (event->matches(QKeySequence::Print)) {

@@ -3,6 +3,8 @@
 #include <QHeaderView>
 #include <QRect>
 #include <QTableView>
+#include <map>
+#include <vector>
 
 #include "frame/report_sheet.h"
 #include "platform/sheet_model.h"
@@ -24,6 +26,8 @@ public:
 
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const override;
+    // A header text cut by its cell shows whole as a tooltip.
+    bool viewportEvent(QEvent* event) override;
 
 private:
     int thickness_ = 20;
@@ -72,6 +76,11 @@ public:
     // Repaints one cell after the sheet changed it.
     void RefreshCell(int row, int col) { model_->CellChanged(row, col); }
 
+    // Widths the user gave columns by dragging a header edge or double-clicking it (fitted to
+    // the texts), in twips at 100 %, by sheet column. They hold at every zoom while the sheet is
+    // shown; the sheet's own widths stay the default of the next opening.
+    const std::map<int, int>& UserWidths() const { return userWidths_; }
+
     // Pixel sizes of sheet columns and rows as shown.
     int ColumnPixels(int col) const;
     int RowPixels(int row) const;
@@ -80,12 +89,23 @@ public:
     static constexpr int kMinZoom = 50;
     static constexpr int kMaxZoom = 400;
     int Zoom() const { return zoom_; }
+    // Zooms keeping the current cell where it is on the screen (before the view is shown: the
+    // first row shown stays the first).
     void SetZoom(int percent);
+    // Zooms keeping the point `at` of the viewport over the same spot of the same cell, as
+    // Ctrl + wheel does under the pointer.
+    void ZoomAt(int percent, QPoint at);
 
     // The block of cells from the anchor (where the last plain click or move left the current
     // cell) to the current cell, which Shift + click and Shift + arrows extend. x is the sheet
     // column, y the sheet row.
     QRect Selection() const;
+    // Ctrl+A: the selection becomes every scrollable cell of the sheet; the current cell stays.
+    // Any move or click starts a new selection.
+    void SelectWholeSheet();
+    // The sheet columns from `left` to `right` that are shown: a column the sheet hides (2 twips
+    // or less) or one the user dragged shut is left out.
+    std::vector<int> ShownColumns(int left, int right) const;
 
     // The right-click menu: Copy, Save as CSV..., Save as HTML... and the zoom steps. The caller
     // shows and deletes it.
@@ -94,6 +114,8 @@ public:
 signals:
     // Ctrl+C or the menu's Copy: the selection is wanted on the clipboard.
     void CopyRequested();
+    // The menu's Copy with headers: the same with the header row and the label column.
+    void CopyWithHeadersRequested();
     // The menu's Save as CSV... and Save as HTML...
     void SaveCsvRequested();
     void SaveHtmlRequested();
@@ -104,6 +126,8 @@ signals:
     void CellPressed(int row, int col);
     // A double click on a cell or on a header cell of the fixed row. Sheet coordinates.
     void CellDoubleClicked(int row, int col);
+    // The zoom changed, in percent.
+    void ZoomChanged(int percent);
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -113,11 +137,15 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    int sizeHintForColumn(int column) const override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void ApplySheetLayout();
     void ApplyTopRow();
+    // Lays the sheet out at `percent`, keeping the cell `anchor` under the viewport point `at`.
+    void ZoomKeeping(int percent, const QModelIndex& anchor, QPoint at);
     void StopFollowingTopRow() { followTopRow_ = false; }
     void PaintCorner(QWidget* corner);
 
@@ -128,9 +156,14 @@ private:
     int topRow_ = 1;
     bool followTopRow_ = false;
     int zoom_ = 100;
-    QPoint anchor_{1, 1};     // sheet column, row
-    bool extending_ = false;  // the current cell moves with Shift: the anchor stays
+    QPoint anchor_{1, 1};      // sheet column, row
+    bool extending_ = false;   // the current cell moves with Shift: the anchor stays
+    bool wholeSheet_ = false;  // Ctrl+A
+    std::map<int, int> userWidths_;
 };
+
+// Whether `text` is cut when painted in a cell `width` pixels wide with `metrics`.
+bool TextIsCut(const QFontMetrics& metrics, const QString& text, int width);
 
 // Fills one cell of a sheet: its colours, its text centred (left-aligned where it does not fit),
 // the grid lines on its right and bottom edges.

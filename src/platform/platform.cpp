@@ -4,12 +4,16 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QDialog>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QSettings>
+#include <QStandardPaths>
 #include <filesystem>
 
 namespace numarel {
@@ -147,6 +151,28 @@ WaitCursor::WaitCursor() {
 
 WaitCursor::~WaitCursor() {
     QApplication::restoreOverrideCursor();
+}
+
+std::unique_ptr<QSettings> UserSettings() {
+    return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
+                                       QStringLiteral("Numarel"), QStringLiteral("Numarel"));
+}
+
+namespace {
+const QString kLastFolderKey = QStringLiteral("folders/last");
+}  // namespace
+
+QString StartFolder() {
+    const QString last = UserSettings()->value(kLastFolderKey).toString();
+    if (!last.isEmpty() && QFileInfo(last).isDir()) return last;
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!documents.isEmpty() && QFileInfo(documents).isDir()) return documents;
+    return QDir::homePath();
+}
+
+void RememberFolder(const QString& chosenFile) {
+    if (chosenFile.isEmpty()) return;
+    UserSettings()->setValue(kLastFolderKey, QFileInfo(chosenFile).absolutePath());
 }
 
 }  // namespace numarel

@@ -9,6 +9,7 @@
 #include "data/user_message.h"
 
 class QDialog;
+class QSettings;
 class QLabel;
 class QMessageBox;
 class QWidget;
@@ -109,6 +110,17 @@ inline QString ToQString(std::string_view text) {
 inline void ShowMessage(MessageBoxes& boxes, QWidget* parent, const UserMessage& message) {
     boxes.Show(parent, ToQString(message.title), ToQString(message.text), message.icon);
 }
+
+// The user's own settings of the program (a report's zoom, the folders last used), kept between
+// runs in the user's configuration folder.
+std::unique_ptr<QSettings> UserSettings();
+
+// Where the file dialogs of Save as, Export and Import start: the folder of the file last chosen
+// in one of them while it still exists, else the user's documents folder (the home folder where
+// there is none).
+QString StartFolder();
+// Keeps the folder of `chosenFile` for the next file dialog.
+void RememberFolder(const QString& chosenFile);
 
 // Shows the hourglass for the life of the object.
 class WaitCursor {

@@ -1,11 +1,16 @@
 // Walks through the desktop program's windows under a display and photographs each with
-// ImageMagick's `import`: the welcome window, the main window with a group menu open, a report,
-// the Scoreboard and the drawings editor. Used by scripts/screenshots.sh; takes the folder for the
-// pictures and, optionally, the program folder to read data\, Numarel\ and help\ from (the
-// executable's own by default).
+// ImageMagick's `import`: the welcome window, the main window with a group menu open, reports
+// (zoomed at the newest rows, all selected and copied with headers, a cut header read in its
+// tooltip, columns fitted), the Scoreboard and the drawings editor. Used by scripts/screenshots.sh;
+// takes the folder for the pictures and, optionally, the program folder to read data\,
+// Numarel\ and help\ from (the executable's own by default).
 #include <QApplication>
+#include <QCursor>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QProcess>
@@ -13,8 +18,11 @@
 #include <QScreen>
 #include <QThread>
 #include <QTimer>
+#include <QToolTip>
 #include <cstdio>
+#include <memory>
 
+#include "platform/grid_view.h"
 #include "platform/platform.h"
 #include "platform/twips.h"
 #include "shell/drawings_editor.h"
@@ -63,6 +71,46 @@ bool Photograph(const QDir& folder, const QString& name, QRect area, const QStri
     std::printf("%s %s\n", rc == 0 ? "saved" : "FAILED", qPrintable(file));
     std::fflush(stdout);
     return rc == 0;
+}
+
+void Key(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QKeyEvent press(QEvent::KeyPress, key, modifiers);
+    QApplication::sendEvent(widget, &press);
+}
+
+// Rests the pointer on the first cell in view whose text is cut, as a person would to read it,
+// so that its tooltip shows; false when every text in view fits.
+bool ShowACutText(numarel::GridView* grid) {
+    QHeaderView* header = grid->horizontalHeader();
+    for (int section = 0; section < header->count(); ++section) {
+        const int at = header->sectionViewportPosition(section);
+        if (at < 0 || at > header->viewport()->width() || header->sectionSize(section) == 0)
+            continue;
+        const QString text = grid->Model().headerData(section, Qt::Horizontal).toString();
+        if (!numarel::TextIsCut(header->fontMetrics(), text, header->sectionSize(section)))
+            continue;
+        const QPoint pos(at + header->sectionSize(section) / 2, header->height() / 2);
+        QCursor::setPos(header->viewport()->mapToGlobal(pos));
+        QHelpEvent help(QEvent::ToolTip, pos, header->viewport()->mapToGlobal(pos));
+        QApplication::sendEvent(header->viewport(), &help);
+        return true;
+    }
+    QWidget* viewport = grid->viewport();
+    for (int y = 2; y < viewport->height(); y += 4) {
+        for (int x = 2; x < viewport->width(); x += 8) {
+            QModelIndex index = grid->indexAt(QPoint(x, y));
+            if (!index.isValid()) continue;
+            QRect cell = grid->visualRect(index);
+            if (!numarel::TextIsCut(grid->fontMetrics(), index.data().toString(), cell.width()))
+                continue;
+            QPoint at = cell.center();
+            QCursor::setPos(viewport->mapToGlobal(at));
+            QHelpEvent help(QEvent::ToolTip, at, viewport->mapToGlobal(at));
+            QApplication::sendEvent(viewport, &help);
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
@@ -139,6 +187,64 @@ int main(int argc, char** argv) {
     ok &= photographReport("frmrenwenleng", QStringLiteral("report-cold-warm-hot.png"), true);
     ok &= photographReport("frmliangmahecha", QStringLiteral("report-pairs-sums.png"), false);
 
+    // Zoomed in twice at the newest rows: the row of the next drawing stays where it was.
+    if (numarel::ReportWindow* report = reports.Open("frmrenwenleng", main)) {
+        report->setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        report->showNormal();
+        Settle(1000);
+        numarel::GridView* grid = report->Grid();
+        ok &= Photograph(folder, QStringLiteral("zoom-before.png"), report->frameGeometry(),
+                         report->windowTitle() + QStringLiteral(" (100 %%)"));
+        Key(grid, Qt::Key_Plus, Qt::ControlModifier);
+        Key(grid, Qt::Key_Plus, Qt::ControlModifier);
+        Key(grid, Qt::Key_Plus, Qt::ControlModifier);
+        Settle(500);
+        ok &= Photograph(folder, QStringLiteral("zoom-newest-rows.png"), report->frameGeometry(),
+                         report->windowTitle() + QStringLiteral(" (Ctrl++ three times)"));
+        Key(grid, Qt::Key_0, Qt::ControlModifier);  // the next opening at 100 % again
+
+        // Ctrl+A, then Copy with headers from the right-click menu.
+        Key(grid, Qt::Key_A, Qt::ControlModifier);
+        Settle(300);
+        std::unique_ptr<QMenu> sheetMenu(grid->BuildContextMenu(nullptr));
+        for (QAction* action : sheetMenu->actions())
+            if (action->text() == QStringLiteral("Copy with headers")) action->trigger();
+        sheetMenu->popup(grid->viewport()->mapToGlobal(QPoint(300, 200)));
+        Settle(500);
+        ok &= Photograph(folder, QStringLiteral("select-all-copy-with-headers.png"),
+                         report->frameGeometry(),
+                         report->windowTitle() + QStringLiteral(" (Ctrl+A, Copy with headers)"));
+        sheetMenu->hide();
+        report->close();
+        Settle(200);
+    } else {
+        ok = false;
+    }
+
+    // A text cut by its column, read in its tooltip.
+    if (numarel::ReportWindow* report = reports.Open("frmjiachengzh", main)) {
+        report->setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        report->showNormal();
+        Settle(1000);
+        if (ShowACutText(report->Grid())) {
+            Settle(300);
+            ok &= Photograph(folder, QStringLiteral("tooltip-cut-text.png"),
+                             report->frameGeometry(), report->windowTitle());
+            // A double click on the header edges fits the columns to their texts.
+            QToolTip::hideText();
+            for (int col = 0; col < report->Grid()->Model().columnCount(); ++col)
+                report->Grid()->resizeColumnToContents(col);
+            Settle(500);
+            ok &= Photograph(
+                folder, QStringLiteral("columns-fitted.png"), report->frameGeometry(),
+                report->windowTitle() + QStringLiteral(" (header edges double-clicked)"));
+        } else {
+            std::printf("no cut text in view\n");
+        }
+        report->close();
+        Settle(200);
+    }
+
     // Print preview of a report: the rows and the fit to the width beside the first page.
     if (numarel::ReportWindow* report = reports.Open("frm3weizoushi", main)) {
         report->setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
@@ -173,6 +279,13 @@ int main(int argc, char** argv) {
         Settle(600);
         ok &= Photograph(folder, QStringLiteral("report-enquiry.png"), enquiry->frameGeometry(),
                          enquiry->windowTitle());
+        // A four-digit Miss cut by its column, read in its tooltip.
+        if (ShowACutText(enquiry->Grid())) {
+            Settle(300);
+            ok &= Photograph(folder, QStringLiteral("enquiry-miss-tooltip.png"),
+                             enquiry->frameGeometry(), enquiry->windowTitle());
+            QToolTip::hideText();
+        }
         enquiry->close();
         Settle(200);
     } else {

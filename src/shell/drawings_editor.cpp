@@ -154,7 +154,8 @@ DrawingsEditor::DrawingsEditor(Session& session, QWidget* parent)
     table_->horizontalHeader()->setStretchLastSection(true);
     // Whole rows at the top, as the table scrolls by rows.
     table_->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
-    table_->setSelectionMode(QAbstractItemView::NoSelection);
+    // Shift + click or Shift + arrows select a block of rows for Delete.
+    table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setTabKeyNavigation(false);
     PlaceAt(table_, 1080, 840, 6045, 2685);
@@ -316,15 +317,46 @@ void DrawingsEditor::PlaceCellBox() {
     if (rect.isValid()) cellBox_->setGeometry(rect.adjusted(0, 0, -1, -1));
 }
 
+std::vector<int> DrawingsEditor::SelectedRows() const {
+    std::vector<int> rows;
+    for (const QModelIndex& index : table_->selectionModel()->selectedIndexes())
+        rows.push_back(index.row());
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
 void DrawingsEditor::DeleteCurrentRow() {
     QModelIndex current = table_->currentIndex();
     if (!current.isValid()) return;
+    const std::vector<int> rows = SelectedRows();
+    if (rows.size() > 1) {
+        DeleteRows(rows);
+        return;
+    }
     CommitCellBox();
     cellBox_->clear();
     int row = current.row();
     int col = current.column();
     if (!model_.DeleteRow(row)) return;
     QModelIndex next = model_.index(std::min(row, model_.rowCount() - 1), col);
+    table_->setCurrentIndex(next);
+    EnterCell(next);
+}
+
+void DrawingsEditor::DeleteRows(const std::vector<int>& rows) {
+    const QString question = QStringLiteral("Delete the %1 selected rows?").arg(rows.size());
+    if (!session_.platform.messages.AskYesNo(this, QStringLiteral("Query:"), question,
+                                             MessageIcon::Question))
+        return;
+    CommitCellBox();
+    cellBox_->clear();
+    const int col = std::max(0, table_->currentIndex().column());
+    // From the bottom up, so that the rows above keep their numbers; the table keeps one row.
+    for (auto it = rows.rbegin(); it != rows.rend(); ++it)
+        model_.DeleteRow(*it);
+    table_->clearSelection();
+    QModelIndex next = model_.index(std::min(rows.front(), model_.rowCount() - 1), col);
     table_->setCurrentIndex(next);
     EnterCell(next);
 }
@@ -385,10 +417,11 @@ void DrawingsEditor::Export() {
     FileDialogRequest request;
     request.title = QStringLiteral("Please specify a folder.");
     request.filter = QStringLiteral("data file|*.txt");
-    request.folder = QDir::homePath();
+    request.folder = StartFolder();
     request.presetName = ToQString(ExportPresetName(session_.lotteryLabel));
     QString chosen = session_.platform.files.SaveFile(this, request);
     if (chosen.isEmpty()) return;
+    RememberFolder(chosen);
     Status s = CopyDrawingsFile(session_.drawingsPath, chosen.toStdString());
     if (!s.ok()) {
         ShowError(s);
@@ -410,9 +443,10 @@ void DrawingsEditor::Import() {
     FileDialogRequest request;
     request.title = QStringLiteral("Please locate the valid data file.");
     request.filter = QStringLiteral("data file|*.txt");
-    request.folder = QDir::homePath();
+    request.folder = StartFolder();
     QString chosen = session_.platform.files.OpenFile(this, request);
     if (chosen.isEmpty()) return;
+    RememberFolder(chosen);
     Status s = ImportDrawingsFile(chosen.toStdString(), session_.drawingsPath);
     if (!s.ok()) {
         ShowError(s);
@@ -513,6 +547,23 @@ void DrawingsEditor::ShowError(const Status& status) {
                                     MessageIcon::Warning);
 }
 
+void DrawingsEditor::MoveToNeighbourCell(int step) {
+    QModelIndex current = table_->currentIndex();
+    if (!current.isValid()) return;
+    // Cells count along the rows: after U comes the Date of the next row.
+    const int cols = DrawingsTable::kCols;
+    const int cell =
+        std::clamp(current.row() * cols + current.column() + step, 0, model_.rowCount() * cols - 1);
+    QModelIndex next = model_.index(cell / cols, cell % cols);
+    if (next != current) {
+        table_->setCurrentIndex(next);
+        table_->scrollTo(next);
+    } else {
+        CommitCellBox();
+    }
+    cellBox_->setFocus();
+}
+
 void DrawingsEditor::keyPressEvent(QKeyEvent* event) {
     // Escape would close the editor past the question about unsaved edits.
     if (event->key() == Qt::Key_Escape) return;
@@ -540,25 +591,13 @@ bool DrawingsEditor::eventFilter(QObject* watched, QEvent* event) {
         QCoreApplication::sendEvent(cellBox_, event);
         return true;
     }
-    if (watched == cellBox_ && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
-        // Enter leaves the cell for the next one, which is what puts the text into the table.
-        QModelIndex current = table_->currentIndex();
-        if (current.isValid()) {
-            int row = current.row();
-            int col = current.column() + 1;
-            if (col == DrawingsTable::kCols) {
-                col = 0;
-                row = std::min(row + 1, model_.rowCount() - 1);
-            }
-            QModelIndex next = model_.index(row, col);
-            if (next != current) {
-                table_->setCurrentIndex(next);
-                table_->scrollTo(next);
-            } else {
-                CommitCellBox();
-            }
-            cellBox_->setFocus();
-        }
+    const bool tab = key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab;
+    if ((watched == cellBox_ && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) ||
+        ((watched == cellBox_ || watched == table_) && tab)) {
+        // Enter and Tab leave the cell for the next one, which is what puts the text into the
+        // table; Shift+Tab goes back one cell.
+        const bool back = key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier);
+        MoveToNeighbourCell(tab && back ? -1 : +1);
         return true;
     }
     return QDialog::eventFilter(watched, event);

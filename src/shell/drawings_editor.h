@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <array>
 #include <string_view>
+#include <vector>
 
 #include "data/drawings_table.h"
 #include "frame/report_sheet.h"
@@ -62,7 +63,8 @@ public:
     // The cell editing box.
     QLineEdit* CellBox() const { return cellBox_; }
 
-    // The commands of the buttons.
+    // The commands of the buttons. Delete removes the current row at once; where Shift + click or
+    // Shift + arrows selected several rows, it asks once and removes them all.
     void DeleteCurrentRow();
     void AddAtEnd();
     void AddBeforeCurrentRow();
@@ -91,6 +93,11 @@ private:
     void EnterCell(const QModelIndex& index);
     void LeaveCell(const QModelIndex& index);
     void PlaceCellBox();
+    // The rows with a selected cell, in order.
+    std::vector<int> SelectedRows() const;
+    void DeleteRows(const std::vector<int>& rows);
+    // Enter and Tab (+1), Shift+Tab (-1): the next or previous cell along the rows.
+    void MoveToNeighbourCell(int step);
     // Puts what was typed into the box into its cell, as leaving the cell would.
     void CommitCellBox();
     void ShowError(const Status& status);

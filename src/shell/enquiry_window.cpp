@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QGroupBox>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -74,6 +75,11 @@ void EnquiryWindow::LayoutWindow() {
     if (QPushButton* help = HelpButton())
         PlaceAt(help, buttonLeft, exitTop - kFrameButtonGap - kButtonHeight, kButtonWidth,
                 kButtonHeight);
+    // The status line stands on the frame's caption line, right of the caption.
+    const int statusLeft = std::max(frameWidth / 2, frameWidth - 7000);
+    PlaceAt(StatusLine(), statusLeft, sheetHeight + kFrameGap,
+            frameWidth - kFrameInset - statusLeft, kFrameContentTop - 60);
+    StatusLine()->raise();
 }
 
 }  // namespace numarel

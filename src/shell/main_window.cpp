@@ -73,6 +73,13 @@ QMenu* MainWindow::Menu(std::string_view menu) const {
     return findChild<QMenu*>(ToQString(menu), Qt::FindDirectChildrenOnly);
 }
 
+QPoint MenuPosition(const QWidget& button, QPoint pointer) {
+    // Clicked with the mouse: at the pointer. Pressed with Space from the keyboard, the pointer
+    // may be anywhere: under the button.
+    if (button.rect().contains(button.mapFromGlobal(pointer))) return pointer;
+    return button.mapToGlobal(QPoint(0, button.height()));
+}
+
 void MainWindow::BuildGroupButtons() {
     int top = kGroupTop;
     for (const GroupButton& group : GroupButtons()) {
@@ -95,7 +102,8 @@ void MainWindow::BuildGroupButtons() {
             const CommandEntry* command = &entry;
             connect(action, &QAction::triggered, this, [this, command] { OpenReport(*command); });
         }
-        connect(button, &QPushButton::clicked, this, [menu] { menu->popup(QCursor::pos()); });
+        connect(button, &QPushButton::clicked, this,
+                [menu, button] { menu->popup(MenuPosition(*button, QCursor::pos())); });
     }
 }
 
@@ -142,8 +150,9 @@ void MainWindow::BuildCommandButtons() {
     help->setObjectName(QStringLiteral("caixinjiancaipiaobzh"));
     connect(help, &QAction::triggered, this,
             [this] { OpenHelpPage(session_.platform.launcher, session_.folder, "New_Lottery"); });
-    connect(button("Command12"), &QPushButton::clicked, this,
-            [newMenu] { newMenu->popup(QCursor::pos()); });
+    QPushButton* newLottery = button("Command12");
+    connect(newLottery, &QPushButton::clicked, this,
+            [newMenu, newLottery] { newMenu->popup(MenuPosition(*newLottery, QCursor::pos())); });
 
     connect(button("Command13"), &QPushButton::clicked, this, &MainWindow::SelectLottery);
     connect(button("Command14"), &QPushButton::clicked, this, &MainWindow::OpenDrawings);

@@ -64,4 +64,8 @@ private:
     QPointer<ScoreboardWindow> scoreboard_;
 };
 
+// Where a group button's menu pops up: at the pointer when the button was clicked with the mouse,
+// under the button when it was pressed from the keyboard and the pointer is elsewhere.
+QPoint MenuPosition(const QWidget& button, QPoint pointer);
+
 }  // namespace numarel

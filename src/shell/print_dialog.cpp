@@ -225,8 +225,10 @@ bool ReportPrintDialog::SaveAsPdf() {
     request.title = QStringLiteral("Save as PDF");
     request.filter = QStringLiteral("PDF document|*.pdf");
     request.presetName = ToQString(SheetTextToUtf8(sheet_.Title())) + QStringLiteral(".pdf");
+    request.folder = StartFolder();
     const QString path = files_.SaveFile(this, request);
     if (path.isEmpty()) return false;
+    RememberFolder(path);
     if (WritePdf(path)) return true;
     messages_.Show(this, QStringLiteral("Error:"),
                    QStringLiteral("The PDF could not be written to \"%1\".").arg(path),

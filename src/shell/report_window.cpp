@@ -1,11 +1,13 @@
 #include "shell/report_window.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
+#include <QSettings>
 #include <vector>
 
 #include "export/sheet_format.h"
@@ -44,7 +46,8 @@ ReportWindow::ReportWindow(const ReportDefinition& definition, const CommandEntr
       command_(command),
       session_(session),
       grid_(new GridView(this)),
-      exitButton_(new QPushButton(QStringLiteral("Exit"), this)) {
+      exitButton_(new QPushButton(QStringLiteral("Exit"), this)),
+      status_(new QLabel(this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(ToQString(definition.object));
     // The first load order shows "Loading......" until the report is computed; the second shows
@@ -88,7 +91,12 @@ void ReportWindow::BuildControls() {
 
     connect(grid_, &GridView::CellPressed, this, &ReportWindow::OnCellPressed);
     connect(grid_, &GridView::CellDoubleClicked, this, &ReportWindow::OnCellDoubleClicked);
-    connect(grid_, &GridView::CopyRequested, this, &ReportWindow::CopySelection);
+    connect(grid_, &GridView::CopyRequested, this, [this] { CopySelection(false); });
+    connect(grid_, &GridView::CopyWithHeadersRequested, this, [this] { CopySelection(true); });
+    connect(grid_, &GridView::ZoomChanged, this, &ReportWindow::OnZoomChanged);
+    status_->setFont(DesignFont(9));
+    status_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    status_->setTextFormat(Qt::PlainText);
     connect(grid_, &GridView::SaveCsvRequested, this, [this] { SaveSheetAs(false); });
     connect(grid_, &GridView::SaveHtmlRequested, this, [this] { SaveSheetAs(true); });
     connect(grid_, &GridView::PrintRequested, this, [this] { OpenPrintDialog(false); });
@@ -101,14 +109,23 @@ void ReportWindow::OpenPrintDialog(bool preview) {
     session_.platform.dialogs.Run(dialog);
 }
 
-void ReportWindow::CopySelection() {
+void ReportWindow::CopySelection(bool withHeaders) {
     QRect block = grid_->Selection();
     if (block.isEmpty()) return;
+    std::vector<int> rows, cols = grid_->ShownColumns(block.left(), block.right());
+    if (withHeaders) {
+        rows.push_back(0);
+        cols.insert(cols.begin(), 0);
+    }
+    for (int row = block.top(); row <= block.bottom(); ++row)
+        rows.push_back(row);
     session_.platform.clipboard.SetTable(
-        QString::fromStdString(
-            FormatRangeTsv(sheet_, block.top(), block.left(), block.bottom(), block.right())),
-        QString::fromStdString(
-            FormatRangeHtml(sheet_, block.top(), block.left(), block.bottom(), block.right())));
+        QString::fromStdString(FormatCellsTsv(sheet_, rows, cols)),
+        QString::fromStdString(FormatCellsHtml(sheet_, rows, cols)));
+    SayInStatus(QStringLiteral("Copied %1 x %2 cells%3")
+                    .arg(rows.size())
+                    .arg(cols.size())
+                    .arg(withHeaders ? QStringLiteral(" with headers") : QString()));
 }
 
 void ReportWindow::SaveSheetAs(bool html) {
@@ -116,11 +133,35 @@ void ReportWindow::SaveSheetAs(bool html) {
     request.title = html ? QStringLiteral("Save as HTML") : QStringLiteral("Save as CSV");
     request.filter = html ? QStringLiteral("HTML page|*.html") : QStringLiteral("CSV file|*.csv");
     request.presetName = ToQString(definition_.title) + (html ? ".html" : ".csv");
+    request.folder = StartFolder();
     QString path = session_.platform.files.SaveFile(this, request);
     if (path.isEmpty()) return;
+    RememberFolder(path);
     std::string text = html ? FormatSheetHtml(sheet_, definition_.object) : FormatSheetCsv(sheet_);
     Status s = WriteFileSafely(path.toStdString(), text);
-    if (!s.ok()) ShowError(ToQString(s.message()));
+    if (!s.ok()) {
+        ShowError(ToQString(s.message()));
+        return;
+    }
+    SayInStatus(QStringLiteral("Saved %1 x %2 cells to %3")
+                    .arg(sheet_.Rows())
+                    .arg(sheet_.Cols())
+                    .arg(QDir::toNativeSeparators(path)));
+}
+
+void ReportWindow::SayInStatus(const QString& text) {
+    status_->setText(text);
+    status_->setToolTip(text);
+    LayoutWindow();
+}
+
+QString ReportWindow::ZoomKey() const {
+    return QStringLiteral("zoom/") + ToQString(definition_.object);
+}
+
+void ReportWindow::OnZoomChanged(int percent) {
+    UserSettings()->setValue(ZoomKey(), percent);
+    SayInStatus(QStringLiteral("Zoom %1 %").arg(percent));
 }
 
 Status ReportWindow::Load() {
@@ -150,7 +191,17 @@ Status ReportWindow::Load() {
         labels_.push_back(label);
     }
     grid_->SetSheet(&sheet_);
+    // The zoom the user left this report at, the last time it was open.
+    if (int zoom = UserSettings()->value(ZoomKey(), 100).toInt(); zoom != 100) {
+        QSignalBlocker quiet(grid_);
+        grid_->SetZoom(zoom);
+        status_->setText(QStringLiteral("Zoom %1 %").arg(grid_->Zoom()));
+    }
     if (textBox_) textBox_->raise();
+    if (sheet_.DrawCount() == 0)
+        SayInStatus(
+            QStringLiteral("This lottery has no drawings yet: Drawings in the main window "
+                           "opens the editor, where you type or import them."));
     const QSize design = DesignSizeTwips();
     resize(TwipsToPixelsX(this, design.width()), TwipsToPixelsY(this, design.height()));
     LayoutWindow();
@@ -189,6 +240,10 @@ void ReportWindow::LayoutWindow() {
         placeLeftOf(extraButton_, std::max(kButtonWidth, PixelsToTwipsX(this, textPx) + 360));
     }
     if (helpButton_) placeLeftOf(helpButton_, kButtonWidth);
+    // The status line fills what the buttons leave on their row.
+    const int statusLeft = std::max(20, right - 7000);
+    if (right - statusLeft > 0)
+        PlaceAt(status_, statusLeft, buttonTop, right - statusLeft, kButtonHeight);
 
     int labelTop = sheetHeight + 120;
     for (QLabel* label : labels_) {
@@ -212,8 +267,14 @@ void ReportWindow::OnCellPressed(int row, int col) {
 
 void ReportWindow::OnCellDoubleClicked(int /*row*/, int col) {
     if (!definition_.doubleClickText) return;
-    session_.platform.clipboard.SetText(
-        QString::fromStdString(definition_.doubleClickText(sheet_, col)));
+    const QString text = QString::fromStdString(definition_.doubleClickText(sheet_, col));
+    session_.platform.clipboard.SetText(text);
+    const int lines =
+        text.isEmpty() ? 0 : int(text.count(QLatin1Char('\n'))) + !text.endsWith('\n');
+    SayInStatus(QStringLiteral("Copied %1 Miss length%2 of column \"%3\"")
+                    .arg(lines)
+                    .arg(lines == 1 ? "" : "s")
+                    .arg(ToQString(sheet_.Text(0, col)).trimmed()));
 }
 
 void ReportWindow::OnExtraButton() {
@@ -239,7 +300,9 @@ void ReportWindow::OnExtraButton() {
             ShowError(ToQString(s.message()));
             return;
         }
-        session_.platform.launcher.Open(QUrl::fromLocalFile(QString::fromStdString(file.string())));
+        const QString written = QString::fromStdString(file.string());
+        SayInStatus(QStringLiteral("Wrote %1").arg(QDir::toNativeSeparators(written)));
+        session_.platform.launcher.Open(QUrl::fromLocalFile(written));
     }
 }
 

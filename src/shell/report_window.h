@@ -57,6 +57,9 @@ public:
     QPushButton* ExtraButton() const { return extraButton_; }  // nullptr when there is none
     QPlainTextEdit* TextBox() const { return textBox_; }       // nullptr when there is none
     const std::vector<QLabel*>& Labels() const { return labels_; }
+    // The line beside the buttons that says what the last copy, save or zoom did.
+    QLabel* StatusLine() const { return status_; }
+    void SayInStatus(const QString& text);
 
     // Places the sheet, the buttons and the labels for the window's size. A window too small for
     // the margins keeps its old layout.
@@ -74,7 +77,10 @@ private:
     void OnCellDoubleClicked(int row, int col);
     void OnExtraButton();
     // Ctrl+C: the selected block as text and as an HTML table.
-    void CopySelection();
+    void CopySelection(bool withHeaders);
+    void OnZoomChanged(int percent);
+    // The settings key of this report's zoom.
+    QString ZoomKey() const;
     // The whole sheet into a file the user chooses, as the command line writes it.
     void SaveSheetAs(bool html);
     // Print... and Print preview: the rows, the fit to the page width, Print and Save as PDF.
@@ -91,6 +97,7 @@ private:
     QPushButton* extraButton_ = nullptr;
     QPlainTextEdit* textBox_ = nullptr;
     std::vector<QLabel*> labels_;
+    QLabel* status_;
 };
 
 // A new window for `definition`, of the kind the report asks for; not loaded yet.

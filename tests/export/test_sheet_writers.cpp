@@ -157,6 +157,19 @@ TEST(SheetWriters, FormulaCellsAreNeutralisedAndNumbersKept) {
     EXPECT_EQ(FormatRangeTsv(sheet, 0, 1, 0, 1), "-7\n");
 }
 
+// The rows and columns given, in their order; those outside the sheet are left out.
+TEST(SheetWriters, ChosenCellsKeepTheirOrderAndDropWhatIsOutside) {
+    ReportSheet sheet(3, 4);
+    for (int r = 0; r < 3; ++r)
+        for (int c = 0; c < 4; ++c)
+            sheet.SetText(r, c, std::to_string(r) + std::to_string(c));
+    EXPECT_EQ(FormatCellsTsv(sheet, {0, 2, 7}, {0, 3, 1, -1}), "00\t03\t01\n20\t23\t21\n");
+    const std::string html = FormatCellsHtml(sheet, {2}, {3, 0});
+    EXPECT_NE(html.find("<tr><td>23</td><td>20</td></tr>"), std::string::npos) << html;
+    EXPECT_EQ(FormatCellsTsv(sheet, {}, {1}), "");
+    EXPECT_EQ(FormatRangeTsv(sheet, 1, 1, 9, 2), "11\t12\n21\t22\n");
+}
+
 TEST(SheetWriters, TextOutputShowsControlCharactersAsAStandIn) {
     ReportSheet sheet(2, 2);
     sheet.SetTitle("Title\x1b]0;x\x07");

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <filesystem>
 #include <fstream>
@@ -159,9 +161,77 @@ TEST(GridView, MouseDownMovesTheCurrentCellFirst) {
     testing::MouseDoubleClick(view.viewport(),
                               view.visualRect(view.Model().IndexOf(4, 3)).center());
     QHeaderView* header = view.horizontalHeader();
-    testing::MouseDoubleClick(header->viewport(),
-                              QPoint(header->sectionViewportPosition(1) + 3, 3));
+    // In the header cell (its edges fit the column instead).
+    testing::MouseDoubleClick(
+        header->viewport(),
+        QPoint(header->sectionViewportPosition(1) + header->sectionSize(1) / 2, 3));
     EXPECT_EQ(doubles, (std::vector<std::pair<int, int>>{{4, 3}, {0, 2}}));
+}
+
+// A text wider than its cell shows whole in a tooltip, in the cells and in the header row and
+// label column; a column is widened by dragging its header edge, fitted by a double click on the
+// edge, and keeps that width through the zoom; the sheet's own widths are untouched.
+TEST(GridView, CutTextsShowInATooltipAndColumnsCanBeWidenedAndFitted) {
+    App();
+    ReportSheet sheet(5, 4);
+    sheet.SetColWidth(0, 300);
+    for (int c = 1; c < 4; ++c)
+        sheet.SetColWidth(c, 200);
+    sheet.SetText(0, 2, "Addition Box");
+    sheet.SetText(2, 2, "1974");
+    sheet.SetText(3, 2, "7");
+    sheet.SetText(2, 0, " 20200101:123");
+    GridView view;
+    view.resize(600, 300);
+    view.SetSheet(&sheet);
+    view.show();
+    QCoreApplication::processEvents();
+    auto tipAt = [](QWidget* viewport, QPoint pos) {
+        QToolTip::hideText();  // goes after a short delay
+        QElapsedTimer waited;
+        waited.start();
+        while (QToolTip::isVisible() && waited.elapsed() < 2000)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QHelpEvent help(QEvent::ToolTip, pos, viewport->mapToGlobal(pos));
+        QApplication::sendEvent(viewport, &help);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    auto centre = [&](int row, int col) {
+        return view.visualRect(view.Model().IndexOf(row, col)).center();
+    };
+    QHeaderView* header = view.horizontalHeader();
+    EXPECT_EQ(tipAt(view.viewport(), centre(2, 2)), "1974");
+    EXPECT_EQ(tipAt(view.viewport(), centre(3, 2)), "");  // fits: no tooltip
+    EXPECT_EQ(tipAt(header->viewport(), QPoint(header->sectionViewportPosition(1) + 3, 4)),
+              "Addition Box");
+    QHeaderView* labels = view.verticalHeader();
+    EXPECT_EQ(tipAt(labels->viewport(), QPoint(4, labels->sectionViewportPosition(1) + 3)),
+              " 20200101:123");
+
+    // Dragging the edge of column 1 (section 0) to the right.
+    const int edge = header->sectionViewportPosition(0) + header->sectionSize(0) - 1;
+    const int y = header->height() / 2;
+    testing::MouseEvents(header->viewport(), QPoint(edge, y), {QEvent::MouseButtonPress});
+    QMouseEvent move(QEvent::MouseMove, QPointF(edge + 40, y),
+                     header->viewport()->mapToGlobal(QPointF(edge + 40, y)), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(header->viewport(), &move);
+    testing::MouseEvents(header->viewport(), QPoint(edge + 40, y), {QEvent::MouseButtonRelease});
+    const int widened = view.ColumnPixels(1);
+    EXPECT_NEAR(widened, TwipsToPixelsX(&view, 200) + 40, 1);
+    EXPECT_EQ(sheet.ColWidth(1), 200);
+
+    // A double click on the edge of column 2 fits it to "Addition Box", its widest text.
+    const int edge2 = header->sectionViewportPosition(1) + header->sectionSize(1) - 1;
+    testing::MouseDoubleClick(header->viewport(), QPoint(edge2, y));
+    EXPECT_GE(view.ColumnPixels(2), view.fontMetrics().horizontalAdvance("Addition Box"));
+    EXPECT_EQ(tipAt(view.viewport(), centre(2, 2)), "");
+    EXPECT_EQ(view.UserWidths().size(), 2u);
+
+    view.SetZoom(200);
+    EXPECT_NEAR(view.ColumnPixels(1), widened * 2, 3);
+    view.SetSheet(&sheet);  // a sheet shown afresh takes its own widths
+    EXPECT_EQ(view.ColumnPixels(2), TwipsToPixelsX(&view, 400));
 }
 
 TEST(GridView, TheLargestSheetOpensAtItsNewestRowsAndKeepsThemInSight) {
@@ -326,6 +396,46 @@ TEST(GridZoom, CtrlWheelAndCtrlKeys) {
     EXPECT_EQ(grid.Zoom(), 100);
 }
 
+// Zooming keeps the current cell (keys, menu) or the cell under the pointer (Ctrl + wheel) where
+// it was on the screen, also at the newest rows, where the view is scrolled to its end.
+TEST(GridZoom, KeepsTheCurrentCellOrThePointersCellInPlace) {
+    App();
+    ReportSheet sheet(400, 30);
+    for (int r = 1; r < sheet.Rows(); ++r)
+        for (int c = 1; c < sheet.Cols(); ++c)
+            sheet.SetNumber(r, c, r + c);
+    const int last = sheet.Rows() - 1;
+    sheet.SetCurrentCell(last - 3, 6);
+    sheet.SetTopRow(last);
+    GridView grid;
+    grid.resize(700, 400);
+    grid.SetSheet(&sheet);
+    grid.show();
+    QCoreApplication::processEvents();
+    const QModelIndex current = grid.currentIndex();
+    ASSERT_TRUE(grid.viewport()->rect().contains(grid.visualRect(current).center()));
+    for (int zoom : {150, 400, 200}) {
+        const QPoint before = grid.visualRect(current).center();
+        grid.SetZoom(zoom);
+        EXPECT_NEAR(grid.visualRect(current).center().y(), before.y(), 2) << zoom;
+        EXPECT_NEAR(grid.visualRect(current).center().x(), before.x(), 2) << zoom;
+    }
+    // Smaller than the view can scroll to: the cell moves, but stays in sight.
+    grid.SetZoom(50);
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.visualRect(current)));
+    grid.SetZoom(100);
+    // Ctrl + wheel: the cell under the pointer, not the current one, stays.
+    const QModelIndex pointed = grid.indexAt(QPoint(150, 120));
+    ASSERT_NE(pointed.row(), current.row());
+    const QPoint at = grid.visualRect(pointed).center() + QPoint(3, 2);
+    QWheelEvent wheel(at, grid.viewport()->mapToGlobal(at), QPoint(), QPoint(0, 120), Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(grid.viewport(), &wheel);
+    EXPECT_EQ(grid.Zoom(), 110);
+    EXPECT_EQ(grid.indexAt(at), pointed);
+    EXPECT_EQ(grid.currentIndex(), current);
+}
+
 TEST(GridSelection, ShiftExtendsFromTheAnchorAndAPlainPressStartsAgain) {
     App();
     ReportSheet sheet = Sheet();
@@ -363,6 +473,39 @@ TEST(GridSelection, ShiftExtendsFromTheAnchorAndAPlainPressStartsAgain) {
     EXPECT_EQ(copy.count, 1);
 }
 
+TEST(GridSelection, CtrlASelectsTheWholeSheetUntilTheNextMoveAndHiddenColumnsAreNotShown) {
+    App();
+    ReportSheet sheet = Sheet();
+    GridView grid;
+    grid.resize(600, 400);
+    grid.show();
+    grid.SetSheet(&sheet);
+    grid.SetCurrentCell(3, 2);
+    Key(&grid, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(grid.Selection(), QRect(QPoint(1, 1), QPoint(5, 7)));
+    EXPECT_EQ(sheet.CurrentRow() * 10 + sheet.CurrentCol(), 32);  // the current cell stays
+    Key(&grid, Qt::Key_Down, Qt::NoModifier);
+    EXPECT_EQ(grid.Selection(), QRect(QPoint(2, 4), QPoint(2, 4)));
+    Key(&grid, Qt::Key_A, Qt::ControlModifier);
+    testing::MousePress(grid.viewport(), grid.visualRect(grid.currentIndex()).center());
+    EXPECT_EQ(grid.Selection().size(), QSize(1, 1));  // a click on the current cell ends it too
+    // Column 4 is 0 twips wide; one 2 twips wide is as good as hidden; one dragged shut as well.
+    EXPECT_EQ(grid.ShownColumns(0, 5), (std::vector<int>{0, 1, 2, 3, 5}));
+    sheet.SetColWidth(3, 2);
+    grid.horizontalHeader()->resizeSection(0, 0);
+    EXPECT_EQ(grid.ShownColumns(1, 9), (std::vector<int>{2, 5}));
+
+    // A report whose current cell is a fixed one has none in the grid: Ctrl+A still works.
+    ReportSheet fixed = Sheet();
+    fixed.SetCurrentCell(0, 0);
+    GridView other;
+    other.show();
+    other.SetSheet(&fixed);
+    ASSERT_FALSE(other.currentIndex().isValid());
+    Key(&other, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(other.Selection(), QRect(QPoint(1, 1), QPoint(5, 7)));
+}
+
 TEST(GridMenu, OffersCopySaveAndTheZoomSteps) {
     App();
     ReportSheet sheet = Sheet();
@@ -371,6 +514,7 @@ TEST(GridMenu, OffersCopySaveAndTheZoomSteps) {
     Count copy(&grid, &GridView::CopyRequested);
     Count csv(&grid, &GridView::SaveCsvRequested);
     Count html(&grid, &GridView::SaveHtmlRequested);
+    Count headers(&grid, &GridView::CopyWithHeadersRequested);
     std::unique_ptr<QMenu> menu(grid.BuildContextMenu(nullptr));
     auto trigger = [&](const QString& starts) {
         for (QAction* a : menu->actions())
@@ -382,11 +526,13 @@ TEST(GridMenu, OffersCopySaveAndTheZoomSteps) {
         return false;
     };
     EXPECT_FALSE(trigger("Actual size"));  // already at 100
+    EXPECT_FALSE(trigger("Zoom: 100 %"));  // the zoom level, shown and not a command
     EXPECT_TRUE(trigger("Copy"));
     EXPECT_TRUE(trigger("Save as CSV"));
     EXPECT_TRUE(trigger("Save as HTML"));
+    EXPECT_TRUE(trigger("Copy with headers"));
     EXPECT_TRUE(trigger("Zoom in"));
-    EXPECT_EQ(copy.count + csv.count + html.count, 3);
+    EXPECT_EQ(copy.count + csv.count + html.count + headers.count, 4);
     EXPECT_EQ(grid.Zoom(), 110);
 }
 

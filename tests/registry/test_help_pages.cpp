@@ -3,6 +3,7 @@
 // tests are the only place where a misspelt or forgotten page name shows.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
 #include <filesystem>
 #include <fstream>
@@ -139,6 +140,20 @@ TEST(HelpPages, EveryLinkLeadsToAShippedPageAndSectionOrThePublisher) {
                           std::string::npos);
             }
         }
+    }
+}
+
+// What every report window shares (zoom, copy, save, print) is told on one page, reached from
+// each report's page and from the start page.
+TEST(HelpPages, EveryReportPageAndTheStartPageLinkTheSharedToolsPage) {
+    const std::string shared = "Beyond_the_windows.htm";
+    ASSERT_TRUE(fs::is_regular_file(HelpDir() / shared));
+    std::set<std::string> pages{"Numarel", "Numarelbook", "Edit_Drawings"};
+    for (const CommandEntry& e : CommandTable())
+        if (!e.IsSeparator() && !e.helpPage.empty()) pages.insert(std::string(e.helpPage));
+    for (const std::string& page : pages) {
+        const std::vector<std::string> targets = LinkTargets(ReadFile(HelpDir() / (page + ".htm")));
+        EXPECT_NE(std::find(targets.begin(), targets.end(), shared), targets.end()) << page;
     }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QMouseEvent>
+#include <QStandardPaths>
 #include <QWidget>
 #include <deque>
 #include <functional>
@@ -19,6 +20,9 @@ inline QApplication& App() {
     static char name[] = "numarel-test";
     static char* argv[] = {name, nullptr};
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Settings the windows keep (a report's zoom, the folders last used) go to a test folder,
+    // never to the user's own.
+    QStandardPaths::setTestModeEnabled(true);
     // Never destroyed: Qt's own globals are gone by the time statics are torn down at exit.
     static QApplication* app = new QApplication(argc, argv);
     return *app;

@@ -93,6 +93,26 @@ TEST_F(EditorTest, EnterMovesOnSoThatADrawingIsTypedInOneGo) {
     EXPECT_EQ(File(), "2020001 1 2 3\r\n2020002 4 5 6\r\n");
 }
 
+// Tab moves on as Enter does, also from the table itself, and Shift+Tab goes back; neither
+// moves the focus to a button.
+TEST_F(EditorTest, TabMovesToTheNextCellAndShiftTabBack) {
+    auto e = Make("2020001 1 2 3\r\n");
+    Go(*e, 0, 3);
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+    QApplication::sendEvent(e->Table(), &tab);
+    EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(1, 0));  // the next row's Date
+    EXPECT_TRUE(e->CellBox()->hasFocus());
+    Type(*e, "2020002");
+    QApplication::sendEvent(e->CellBox(), &tab);
+    Type(*e, "4");
+    QKeyEvent backTab(QEvent::KeyPress, Qt::Key_Backtab, Qt::ShiftModifier);
+    QApplication::sendEvent(e->CellBox(), &backTab);
+    EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(1, 0));
+    EXPECT_EQ(Column(*e, 0)[1], "2020002");
+    EXPECT_EQ(Column(*e, 1)[1], "4");
+    EXPECT_TRUE(e->CellBox()->hasFocus());
+}
+
 TEST_F(EditorTest, TheBoxTakesTextIntoTheCellThatIsLeftAndSaveWritesEveryRow) {
     auto e = Make("2020001 1 2 3\r\n");
     Go(*e, 0, 3);
@@ -219,6 +239,26 @@ TEST_F(EditorTest, RowButtonsWorkOnTheCurrentRowAndNeverDeleteTheLastRow) {
         Click(*e, "Command13");
         EXPECT_EQ(File(), c.saved) << c.row << " " << c.buttons[0];
     }
+}
+
+// Rows selected with Shift go at once after one question; No keeps them; one row goes at once.
+TEST_F(EditorTest, SeveralSelectedRowsAreDeletedAfterOneQuestion) {
+    auto e = Make("2020001 1 2 3\r\n2020002 4 5 6\r\n2020003 7 8 9\r\n2020004 1 1 1\r\n");
+    Go(*e, 1, 2);
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::ShiftModifier);
+    QApplication::sendEvent(e->Table(), &down);
+    QApplication::sendEvent(e->Table(), &down);
+    scripted.answers = {false, true};
+    Click(*e, "Command12");
+    EXPECT_EQ(e->Model().rowCount(), 5);  // No: nothing deleted
+    Click(*e, "Command12");
+    ASSERT_EQ(scripted.Said().size(), 2u);
+    EXPECT_EQ(scripted.Said()[1], "Query: Delete the 3 selected rows?");
+    EXPECT_EQ(Column(*e, 0), (std::vector<QString>{"2020001", ""}));
+    EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(1, 2));
+    Click(*e, "Command12");  // one row: at once, as ever
+    EXPECT_EQ(Column(*e, 0), (std::vector<QString>{"2020001"}));
+    EXPECT_EQ(scripted.Said().size(), 2u);
 }
 
 TEST_F(EditorTest, ExportCopiesTheFileOnDiskAndImportAsksThenReloads) {

@@ -1,6 +1,7 @@
 #include <QClipboard>
 #include <QGroupBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -115,6 +116,11 @@ TEST_F(EnquiryWindowTest, TheSheetTakesWhatTheWindowGainsAndTheFrameKeepsItsHeig
     EXPECT_TRUE(QRect(QPoint(0, 0), frame.size()).contains(w->TicketBox()->geometry()));
     EXPECT_TRUE(QRect(QPoint(0, 0), frame.size()).contains(w->ExitButton()->geometry()));
     const int boxWidth = w->TicketBox()->width();
+    // The status line stands on the frame's caption line, clear of the sheet.
+    const QRect status = w->StatusLine()->geometry();
+    EXPECT_GE(status.top(), sheet.bottom());
+    EXPECT_LT(status.bottom(), frame.top() + w->TicketBox()->y());
+    EXPECT_LE(status.right(), frame.right());
 
     // 100 pixels wider and 200 higher: the sheet and the text box grow, the frame moves down.
     w->resize(1000, 800);

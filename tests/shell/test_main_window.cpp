@@ -1,3 +1,4 @@
+#include <QCursor>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -213,6 +214,29 @@ TEST_F(MainWindowTest, TheWelcomeStartsOnClickOrReturnAndTheTypeStaysSelected) {
     testing::Drain();
     EXPECT_EQ(started, 2);
     EXPECT_TRUE(clicked.isNull());
+}
+
+// A menu opened with the mouse stands at the pointer; opened from the keyboard, at its button.
+TEST_F(MainWindowTest, GroupMenusOpenedFromTheKeyboardStandAtTheirButton) {
+    MainWindow* w = Make();
+    const GroupButton& group = GroupButtons().front();
+    QPushButton* button = Button(w, std::string(group.control).c_str());
+    ASSERT_NE(button, nullptr);
+    const QPoint inside = button->mapToGlobal(QPoint(5, 4));
+    const QPoint below = button->mapToGlobal(QPoint(0, button->height()));
+    EXPECT_EQ(MenuPosition(*button, inside), inside);
+    EXPECT_EQ(MenuPosition(*button, inside + QPoint(0, 2000)), below);
+
+    QCursor::setPos(below + QPoint(900, 700));
+    button->setFocus();
+    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ");
+    QKeyEvent spaceUp(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, " ");
+    QApplication::sendEvent(button, &space);
+    QApplication::sendEvent(button, &spaceUp);
+    QMenu* menu = w->Menu(group.menu);
+    ASSERT_TRUE(menu->isVisible());
+    EXPECT_LE((menu->pos() - below).manhattanLength(), 2);
+    menu->close();
 }
 
 TEST_F(MainWindowTest, ALongLotteryNameIsElidedAndShownWholeAsATip) {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QDir>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,6 +11,7 @@
 #include <QPrintPreviewWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSettings>
 #include <QSpinBox>
 
 #include "export/sheet_format.h"
@@ -87,6 +90,18 @@ TEST_F(ReportWindowTest, AfterExitTheNextOpeningReadsTheFileAgain) {
 }
 
 // The texts of the reasons are pinned with the drawings reader; here that one is shown.
+TEST_F(ReportWindowTest, AnEmptyLotteryOpensWithAHintWhereTheDrawingsAreMade) {
+    WriteFile(session->drawingsPath, "");
+    ReportWindow* w = Open("frmbjiouhe");
+    ASSERT_NE(w, nullptr);
+    EXPECT_TRUE(w->StatusLine()->text().contains("no drawings yet"));
+    EXPECT_TRUE(w->StatusLine()->text().contains("Drawings"));
+    w->close();
+    testing::Drain();
+    WriteFile(session->drawingsPath, "2020001 1 2 3\r\n");
+    EXPECT_TRUE(Open("frmbjiouhe")->StatusLine()->text().isEmpty());
+}
+
 TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
     std::filesystem::remove(session->drawingsPath);
     for (bool folderInTheWay : {false, true}) {
@@ -130,6 +145,8 @@ TEST_F(ReportWindowTest, DoubleClickPutsTheColumnsTextOnTheClipboard) {
     testing::MouseDoubleClick(w->Grid()->viewport(), CellCentre(w, 2, 4));
     ASSERT_EQ(scripted.clipboard.size(), 1u);
     EXPECT_EQ(scripted.clipboard[0], "5\r\n15\r\n23\r\n");
+    EXPECT_TRUE(w->StatusLine()->text().startsWith("Copied 3 Miss lengths of column"))
+        << w->StatusLine()->text().toStdString();
 
     ReportWindow* plain = Open("frmhekualu");
     testing::MouseDoubleClick(plain->Grid()->viewport(), CellCentre(plain, 2, 4));
@@ -189,6 +206,8 @@ TEST_F(ReportWindowTest, TheExportButtonWritesBesideTheProgramAndOpensTheFile) {
     std::filesystem::remove(file);
     w->ExtraButton()->click();
     EXPECT_EQ(testing::ReadAll(file), "Box text 2 of 3");
+    EXPECT_EQ(w->StatusLine()->text(),
+              "Wrote " + QDir::toNativeSeparators(QString::fromStdString(file.string())));
     EXPECT_EQ(scripted.opened,
               std::vector<QUrl>{QUrl::fromLocalFile(QString::fromStdString(file.string()))});
     EXPECT_EQ(scripted.shown.size(), 1u);
@@ -230,7 +249,59 @@ TEST_F(ReportSharingTest, CtrlCCopiesTheBlockAsTextAndAsAColouredTable) {
     EXPECT_EQ(sheet.BackColor(1, 1), kDefaultColour);
 }
 
+// Copy leaves out the columns the window hides; Copy with headers puts the header row and the
+// label column in front; the status line says what was copied.
+TEST_F(ReportSharingTest, CopyWithHeadersLeavesOutHiddenColumnsAndSaysWhatItCopied) {
+    ReportWindow* w = Open("frmhekualu");
+    ASSERT_NE(w, nullptr);
+    ReportSheet& sheet = w->Sheet();
+    ASSERT_GE(sheet.Cols(), 4);
+    for (int c = 0; c < 4; ++c) {
+        sheet.SetText(0, c, "h" + std::to_string(c));
+        for (int r = 1; r <= 2; ++r)
+            sheet.SetText(r, c, std::to_string(r) + std::to_string(c));
+    }
+    sheet.SetColWidth(2, 2);
+    GridView* grid = w->Grid();
+    grid->SetSheet(&sheet);
+    grid->SetCurrentCell(1, 1);
+    Key(grid, Qt::Key_Right, Qt::ShiftModifier);  // over the hidden column
+    Key(grid, Qt::Key_Down, Qt::ShiftModifier);
+    Key(grid, Qt::Key_C, Qt::ControlModifier);
+    ASSERT_EQ(scripted.clipboard.size(), 1u);
+    EXPECT_EQ(scripted.clipboard[0], "11\t13\n21\t23\n");
+    EXPECT_EQ(w->StatusLine()->text(), "Copied 2 x 2 cells");
+    std::unique_ptr<QMenu> menu(grid->BuildContextMenu(nullptr));
+    Trigger(*menu, "Copy with headers");
+    EXPECT_EQ(scripted.clipboard.back(), "h0\th1\th3\n10\t11\t13\n20\t21\t23\n");
+    EXPECT_EQ(scripted.clipboardHtml.count("<td"), 9);
+    EXPECT_EQ(w->StatusLine()->text(), "Copied 3 x 3 cells with headers");
+    EXPECT_TRUE(w->StatusLine()->isVisible());
+}
+
+// A report opens at the zoom it was left at, and the status line shows the zoom.
+TEST_F(ReportSharingTest, AReportRemembersItsZoomForTheNextOpening) {
+    UserSettings()->remove(QStringLiteral("zoom"));
+    ReportWindow* w = Open("frmhekualu");
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(w->Grid()->Zoom(), 100);
+    Key(w->Grid(), Qt::Key_Plus, Qt::ControlModifier);
+    Key(w->Grid(), Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(w->StatusLine()->text(), "Zoom 125 %");
+    w->close();
+    testing::Drain();
+    w = Open("frmhekualu");
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(w->Grid()->Zoom(), 125);
+    EXPECT_EQ(w->StatusLine()->text(), "Zoom 125 %");
+    ReportWindow* other = Open("frmzu3leixing2");  // each report its own
+    ASSERT_NE(other, nullptr);
+    EXPECT_EQ(other->Grid()->Zoom(), 100);
+    UserSettings()->remove(QStringLiteral("zoom"));
+}
+
 TEST_F(ReportSharingTest, SaveWritesTheWholeSheetAsTheCommandLineDoes) {
+    UserSettings()->remove(QStringLiteral("folders"));
     ReportWindow* w = Open("frmbjiouhe");
     ASSERT_NE(w, nullptr);
     struct Case {
@@ -248,6 +319,8 @@ TEST_F(ReportSharingTest, SaveWritesTheWholeSheetAsTheCommandLineDoes) {
         Trigger(*menu, c.action);
         EXPECT_TRUE(scripted.saveDialogs.back()) << c.action;
         EXPECT_EQ(testing::ReadAll(path), c.expected) << c.action;
+        EXPECT_TRUE(w->StatusLine()->text().startsWith("Saved ")) << c.action;
+        EXPECT_TRUE(w->StatusLine()->text().endsWith(QString::fromStdString(c.file)));
         // Cancelled: nothing written.
         std::filesystem::remove(path);
         scripted.chosen.push_back(QString());
@@ -255,6 +328,17 @@ TEST_F(ReportSharingTest, SaveWritesTheWholeSheetAsTheCommandLineDoes) {
         EXPECT_FALSE(std::filesystem::exists(path));
     }
     EXPECT_TRUE(scripted.shown.empty());
+    // The first dialog starts in the user's documents folder, the next ones where the last file
+    // went; never in the program's data folder.
+    ASSERT_EQ(scripted.dialogs.size(), 4u);
+    EXPECT_FALSE(
+        scripted.dialogs[0].folder.startsWith(QString::fromStdString(folder.root.string())));
+    EXPECT_TRUE(QFileInfo(scripted.dialogs[0].folder).isDir());
+    const QString chosenFolder =
+        QFileInfo(QString::fromStdString(dir.path().string())).absoluteFilePath();
+    EXPECT_EQ(scripted.dialogs[1].folder, chosenFolder);
+    EXPECT_EQ(scripted.dialogs[3].folder, chosenFolder);
+    UserSettings()->remove(QStringLiteral("folders"));
 }
 
 // Ctrl+P and the context menu open the print dialog on the window's sheet: the newest drawings
