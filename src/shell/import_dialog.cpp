@@ -3,7 +3,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -162,9 +161,10 @@ void ImportDialog::OpenFile() {
     FileDialogRequest request;
     request.title = QStringLiteral("Open a results file");
     request.filter = QStringLiteral("Results|*.csv;*.txt;*.tsv|All files|*");
-    request.folder = QDir::homePath();
+    request.folder = StartFolder();
     QString chosen = session_.platform.files.OpenFile(this, request);
     if (chosen.isEmpty()) return;
+    RememberFolder(chosen);
     std::string bytes;
     Status s = ReadFileBytes(chosen.toStdString(), bytes, "results file");
     if (s.ok()) s = CheckReadableText(bytes, "results file", chosen.toStdString());
