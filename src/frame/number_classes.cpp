@@ -43,6 +43,13 @@ inline void AppendDigit(std::string& out, short digit) {
 }  // namespace
 
 std::string DistinctDigits(const CurrentDigits& s) {
+    if (s[0] >= 0 && s[2] <= 9 && s[0] <= s[1] && s[1] <= s[2]) {  // sorted digits: three at most
+        char text[3];
+        std::size_t size = 0;
+        for (std::size_t i = 0; i < 3; ++i)
+            if (i == 0 || s[i] != s[i - 1]) text[size++] = static_cast<char>('0' + s[i]);
+        return std::string(text, size);
+    }
     std::string out;
     for (std::size_t i = 0; i < 3; ++i)
         if (i == 0 || s[i] != s[i - 1]) AppendDigit(out, s[i]);
