@@ -19,17 +19,7 @@ if [ -z "$browser" ]; then
 fi
 
 history="$out/History-32767.txt"
-python3 - "$history" <<'PY'
-import sys
-state = 12345
-with open(sys.argv[1], "w", newline="") as f:
-    for i in range(32767):
-        digits = []
-        for _ in range(3):
-            state = (state * 1664525 + 1013904223) % 2**32
-            digits.append(str((state >> 16) % 10))
-        f.write(f"{1000001 + i} {' '.join(digits)}\r\n")
-PY
+"$(dirname "$0")/largest_history.py" "$history"
 "$cli" report --all --data "$history" --format html --output "$out/html"
 "$cli" report --all --data "$history" --format csv --output "$out/csv"
 printf '<!DOCTYPE html>\n<html><head><meta charset="utf-8"><title>blank</title></head><body></body></html>\n' \

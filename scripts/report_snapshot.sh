@@ -14,17 +14,7 @@ mkdir -p "$out"
 
 cases=("$root"/tests/cases/*.txt "$root/resources/data/Synthetic-Demo.txt")
 largest="$out/.largest.txt"
-python3 - "$largest" <<'PY'
-import sys
-state = 12345
-with open(sys.argv[1], "w", newline="") as f:
-    for i in range(32767):
-        digits = []
-        for _ in range(3):
-            state = (state * 1664525 + 1013904223) % 2**32
-            digits.append(str((state >> 16) % 10))
-        f.write(f"{1000001 + i} {' '.join(digits)}\r\n")
-PY
+"$root/scripts/largest_history.py" "$largest"
 # Fields that are not one digit: a field that cannot be read keeps the digit in hand from the
 # drawing before, which a report may have sorted or changed, so this file tells such reports apart.
 fields="$out/.fields.txt"
