@@ -264,43 +264,25 @@ std::span<const ReportDefinition> RecommendTwoDigitsReports() {
     return kReports;
 }
 
-// The claims the scoreboard follows, each judged as the report judges it.
+// The claims the scoreboard follows, each judged as the report judges it: every forecast of the
+// table, named by its letter, its marker after its two digits. A forecast written on the drawing's
+// own row (F, from the date of the drawing it forecasts) uses a later drawing.
 std::span<const ScoredMethod> RecommendTwoDigitsMethods() {
-    static constexpr ScoredMethod kMethods[] = {
-        {.object = "frmtongshahao",
-         .name = "A",
-         .firstClaimCol = 6,
-         .claimCount = 2,
-         .judgeCol = 8},
-        {.object = "frmtongshahao",
-         .name = "B",
-         .firstClaimCol = 10,
-         .claimCount = 2,
-         .judgeCol = 12},
-        {.object = "frmtongshahao",
-         .name = "C",
-         .firstClaimCol = 14,
-         .claimCount = 2,
-         .judgeCol = 16},
-        {.object = "frmtongshahao",
-         .name = "D",
-         .firstClaimCol = 18,
-         .claimCount = 2,
-         .judgeCol = 20},
-        {.object = "frmtongshahao",
-         .name = "E",
-         .firstClaimCol = 22,
-         .claimCount = 2,
-         .judgeCol = 24},
-        // F reads the date of the drawing it forecasts; the next drawing's is guessed as the
-        // last date plus one.
-        {.object = "frmtongshahao",
-         .name = "F",
-         .firstClaimCol = 26,
-         .claimCount = 2,
-         .judgeCol = 28,
-         .usesLaterDrawings = true},
-    };
+    static const std::vector<ScoredMethod> kMethods = [] {
+        constexpr std::string_view kLetters = "ABCDEF";
+        static_assert(kLetters.size() == std::size(kForecasts));
+        std::vector<ScoredMethod> methods;
+        for (std::size_t i = 0; i < std::size(kForecasts); ++i) {
+            const ForecastBlock block = BlockOf(kForecasts[i]);
+            methods.push_back({.object = "frmtongshahao",
+                               .name = kLetters.substr(i, 1),
+                               .firstClaimCol = block.firstCol,
+                               .claimCount = block.lastCol - block.firstCol + 1,
+                               .judgeCol = block.markerCol,
+                               .usesLaterDrawings = kForecasts[i].rowOffset == 0});
+        }
+        return methods;
+    }();
     return kMethods;
 }
 
