@@ -1,6 +1,8 @@
 #include "frame/number_classes.h"
 
 #include <algorithm>
+#include <charconv>
+#include <system_error>
 #include <utility>
 
 namespace numarel {
@@ -30,36 +32,30 @@ char DigitClassLetter(int digit, ClassPair pair) {
     return '?';
 }
 
-namespace {
-
-// A digit's text without number formatting; anything else (a field such as 12) is formatted.
-inline void AppendDigit(std::string& out, short digit) {
-    if (digit >= 0 && digit <= 9) [[likely]]
-        out += static_cast<char>('0' + digit);
-    else
-        out += std::to_string(digit);
+void DigitsText::AppendNumber(short digit) {
+    const auto [end, ec] =
+        std::to_chars(chars_.data() + size_, chars_.data() + chars_.size(), digit);
+    if (ec == std::errc()) size_ = static_cast<std::size_t>(end - chars_.data());
 }
 
-}  // namespace
-
-std::string DistinctDigits(const CurrentDigits& s) {
-    if (s[0] >= 0 && s[2] <= 9 && s[0] <= s[1] && s[1] <= s[2]) {  // sorted digits: three at most
-        char text[3];
-        std::size_t size = 0;
-        for (std::size_t i = 0; i < 3; ++i)
-            if (i == 0 || s[i] != s[i - 1]) text[size++] = static_cast<char>('0' + s[i]);
-        return std::string(text, size);
+DigitsText DistinctDigits(const CurrentDigits& s) {
+    DigitsText out;
+    if (s[0] >= 0 && s[2] <= 9 && s[0] <= s[1] &&
+        s[1] <= s[2]) {  // sorted digits, as nearly always
+        out.Append(s[0]);
+        if (s[1] != s[0]) out.Append(s[1]);
+        if (s[2] != s[1]) out.Append(s[2]);
+        return out;
     }
-    std::string out;
     for (std::size_t i = 0; i < 3; ++i)
-        if (i == 0 || s[i] != s[i - 1]) AppendDigit(out, s[i]);
+        if (i == 0 || s[i] != s[i - 1]) out.Append(s[i]);
     return out;
 }
 
-std::string JoinedDigits(const CurrentDigits& digits) {
-    std::string out;
+DigitsText JoinedDigits(const CurrentDigits& digits) {
+    DigitsText out;
     for (short digit : digits)
-        AppendDigit(out, digit);
+        out.Append(digit);
     return out;
 }
 

@@ -40,11 +40,33 @@ inline void SortDigits(CurrentDigits& d) {
     d[1] = middle;
 }
 
+// The digits of a drawing written one after the other, held by value: a cell's text made for every
+// drawing, without a string.
+class DigitsText {
+public:
+    // Adds a digit: one character for 0 to 9, the field's number for anything else.
+    void Append(short digit) {
+        if (digit >= 0 && digit <= 9) [[likely]]
+            chars_[size_++] = static_cast<char>('0' + digit);
+        else
+            AppendNumber(digit);
+    }
+    std::size_t size() const { return size_; }
+    const char* data() const { return chars_.data(); }
+    operator std::string_view() const { return {chars_.data(), size_}; }
+
+private:
+    void AppendNumber(short digit);
+    // Three fields of at most "-32768"; only the first size_ are written.
+    std::array<char, 3 * 6> chars_;
+    std::size_t size_ = 0;
+};
+
 // The different digits of sorted digits, ascending: three characters for a 6 Way Box, two for a
 // 3 Way Box, one for a triple.
-std::string DistinctDigits(const CurrentDigits& sorted);
+DigitsText DistinctDigits(const CurrentDigits& sorted);
 // The three digits written one after the other, as "012".
-std::string JoinedDigits(const CurrentDigits& digits);
+DigitsText JoinedDigits(const CurrentDigits& digits);
 
 int SumOf(const CurrentDigits& digits);
 int WidthOf(const CurrentDigits& digits);

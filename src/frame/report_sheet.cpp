@@ -79,8 +79,9 @@ std::uint32_t ReportSheet::NewTextHandle(std::string_view text) {
         ParsePlainNumber(text, value) ? NumberHandle(value) : pool_.Intern(text);
     if (text.size() <= 8) {
         const std::uint64_t chars = Packed(text);
-        shortTexts_[ShortTextSlot(chars, text.size())] = {
-            chars, static_cast<std::uint32_t>(text.size()), handle};
+        ShortTextSet& known = shortTexts_[ShortTextSlot(chars, text.size())];
+        known.ways[1] = known.ways[0];
+        known.ways[0] = {chars, static_cast<std::uint32_t>(text.size()), handle};
     } else {
         recentTexts_[RecentTextSlot(text)] = {text.data(), text.size(), handle};
     }
@@ -238,7 +239,7 @@ void ReportSheet::DropUnusedTexts() {
     if (used * 4 > texts * 3) return;  // less than a quarter unused: keep the pool as it is
     pool_.KeepOnly(remap);
     recentTexts_ = {};  // the handles are new
-    std::fill(shortTexts_.begin(), shortTexts_.end(), ShortText{});
+    std::fill(shortTexts_.begin(), shortTexts_.end(), ShortTextSet{});
     for (std::size_t i = 0; i < count; ++i) {
         std::uint32_t& h = CellData()[i].text;
         if (h != 0 && !(h & kNumberTag)) h = remap[h];

@@ -256,8 +256,10 @@ private:
     std::uint32_t RecentHandle(std::string_view text) const {
         if (text.size() <= 8) {
             const std::uint64_t chars = Packed(text);
-            const ShortText& known = shortTexts_[ShortTextSlot(chars, text.size())];
-            return known.chars == chars && known.size == text.size() ? known.handle : 0;
+            const ShortTextSet& known = shortTexts_[ShortTextSlot(chars, text.size())];
+            for (const ShortText& way : known.ways)
+                if (way.chars == chars && way.size == text.size()) return way.handle;
+            return 0;
         }
         const RecentText& recent = recentTexts_[RecentTextSlot(text)];
         if (recent.data != text.data() || recent.size != text.size() || recent.handle == 0 ||
@@ -331,13 +333,18 @@ private:
         std::uint16_t index = 0;
     };
     std::array<RecentColour, 64> recentColours_{};
-    // Texts of up to eight characters written before, by ShortTextSlot (a handle of 0: none).
+    // Texts of up to eight characters written before, by ShortTextSlot (a handle of 0: none); two
+    // texts share a slot, the one written last first, so that two hundred texts that come again
+    // and again (the distinct digits of every drawing) seldom push each other out.
     struct ShortText {
         std::uint64_t chars = 0;
         std::uint32_t size = 0;
         std::uint32_t handle = 0;
     };
-    std::vector<ShortText> shortTexts_ = std::vector<ShortText>(1024);
+    struct alignas(32) ShortTextSet {
+        std::array<ShortText, 2> ways;
+    };
+    std::vector<ShortTextSet> shortTexts_ = std::vector<ShortTextSet>(1024);
     // Longer texts written before, by RecentTextSlot.
     struct RecentText {
         const char* data = nullptr;
