@@ -69,7 +69,7 @@ void MarkPattern(ReportSheet& sheet, const std::vector<std::string>& patternHead
     std::array<short, 3> digits{};
     for (int i = 0; i < 3; ++i)
         digits[static_cast<std::size_t>(i)] = sheet.CellNumber(r, ranking_cols::kFirstDigit + i);
-    std::string pattern;
+    DigitsText pattern;
     for (const DigitClass& cls : kClasses) {
         int count = 0;
         for (int c = cls.firstCol; c < cls.firstCol + cls.size; ++c) {
@@ -81,10 +81,10 @@ void MarkPattern(ReportSheet& sheet, const std::vector<std::string>& patternHead
             else if (c >= ranking_cols::kFirstMiddleRank && c <= ranking_cols::kLastMiddleRank)
                 sheet.SetBackColor(r, c, ranking_colours::kMiddleRanks);
         }
-        pattern += static_cast<char>('0' + count);
+        pattern.Append(static_cast<short>(count));
     }
     for (std::size_t i = 0; i < patternHeaders.size(); ++i) {
-        if (patternHeaders[i] != pattern) continue;
+        if (patternHeaders[i] != std::string_view(pattern)) continue;
         const int c = kFirstPatternCol + static_cast<int>(i);
         sheet.SetText(r, c, pattern);
         sheet.SetBackColor(r, c, kPatternColour);

@@ -18,13 +18,14 @@ int TwoDigitIndex(std::string_view text) {
 
 }  // namespace
 
-std::string PairText(int first, int second) {
+DigitsText PairText(int first, int second) {
     if (second < first) std::swap(first, second);
     // Digits as they stand in the file are not checked, so a value beyond 0 to 9 is written out
     // in full rather than as one character.
-    if (first >= 0 && second <= 9)
-        return {static_cast<char>('0' + first), static_cast<char>('0' + second)};
-    return std::to_string(first) + std::to_string(second);
+    DigitsText text;
+    text.Append(static_cast<short>(first));
+    text.Append(static_cast<short>(second));
+    return text;
 }
 
 void SetPairText(ReportSheet& sheet, int row, int col, int first, int second) {

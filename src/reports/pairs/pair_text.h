@@ -5,13 +5,14 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/number_classes.h"
 #include "frame/report_sheet.h"
 
 namespace numarel {
 
 // The text of an unordered pair of digits: the smaller digit first, so that 7 with 2 and 2 with 7
 // are both "27". Two equal digits give a double such as "55".
-std::string PairText(int first, int second);
+DigitsText PairText(int first, int second);
 // Writes PairText(first, second) into a cell. A pair such as "27" reads as a plain number and is
 // kept as one by the sheet whichever way it is written; it is written as one here, which is faster.
 void SetPairText(ReportSheet& sheet, int row, int col, int first, int second);

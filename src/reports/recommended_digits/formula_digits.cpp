@@ -118,4 +118,10 @@ double DrawnNumberOf(std::string_view label) {
     return LeadingValue(trimmed);
 }
 
+int WholeDrawnNumber(std::string_view label) {
+    if (const int digits = TrailingThreeDigits(label); digits >= 0) return digits;
+    const double n = DrawnNumberOf(label);
+    return n >= 0 && n < 1000 && n == std::floor(n) ? static_cast<int>(n) : -1;
+}
+
 }  // namespace numarel

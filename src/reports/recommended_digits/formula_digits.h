@@ -62,5 +62,8 @@ inline double DrawnNumber(std::string_view label) {
     const int digits = TrailingThreeDigits(label);
     return digits >= 0 ? digits : DrawnNumberOf(label);
 }
+// DrawnNumber when it is a whole number from 0 to 999, as a drawing's number nearly always is;
+// -1 otherwise.
+int WholeDrawnNumber(std::string_view label);
 
 }  // namespace numarel

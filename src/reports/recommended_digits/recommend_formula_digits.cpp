@@ -72,46 +72,48 @@ const std::array<GroupTextsOf, kCommonNumbers>& CommonGroupTexts() {
     return *table;
 }
 
+// Writes the groups `groups` on row `row`; an empty group (its formula failed) is left out.
+void WriteGroupTexts(ReportSheet& sheet, int row, const GroupTextsOf& groups) {
+    for (std::size_t g = 0; g < std::size(kGroups); ++g)
+        if (!groups[g].empty()) sheet.SetText(row, kGroups[g].col, groups[g]);
+}
+
 // Writes on row `row` + 1 the groups that the number of the drawing of row `row` gives.
 void WriteGroups(ReportSheet& sheet, int row, LeadingDigitsMemo& leadingThree) {
     ReportSheet::NumberDigits labelDigits;
-    const double n = DrawnNumber(sheet.TextView(row, 0, labelDigits));
-    const bool common = n >= 0 && n < static_cast<double>(kCommonNumbers) && n == std::floor(n);
-    GroupTextsOf other;
-    if (!common) other = WorkOutGroups(n, leadingThree);
-    const GroupTextsOf& groups = common ? CommonGroupTexts()[static_cast<std::size_t>(n)] : other;
-    for (std::size_t g = 0; g < std::size(kGroups); ++g)
-        if (!groups[g].empty()) sheet.SetText(row + 1, kGroups[g].col, groups[g]);
+    const std::string_view label = sheet.TextView(row, 0, labelDigits);
+    if (const int n = WholeDrawnNumber(label); n >= 0)
+        WriteGroupTexts(sheet, row + 1, CommonGroupTexts()[static_cast<std::size_t>(n)]);
+    else
+        WriteGroupTexts(sheet, row + 1, WorkOutGroups(DrawnNumber(label), leadingThree));
 }
 
-// The drawn digits of a row (columns 1 to 3), as texts.
-struct DrawnTexts {
-    DrawnTexts(const ReportSheet& sheet, int row) {
-        for (int p = 0; p < 3; ++p)
-            texts[p] = sheet.TextView(row, p + 1, digits[p]);
+// The drawn digits of a row (columns 1 to 3), each as its one character; a drawn digit whose
+// text is not one character matches no character of a group.
+struct DrawnDigits {
+    DrawnDigits(const ReportSheet& sheet, int row) {
+        for (int p = 0; p < 3; ++p) {
+            ReportSheet::NumberDigits digits;
+            const std::string_view text = sheet.TextView(row, p + 1, digits);
+            chars[p] = text.size() == 1 ? static_cast<unsigned char>(text[0]) : -1;
+        }
     }
-    DrawnTexts(const DrawnTexts&) = delete;  // the texts may view the digits held here
-    ReportSheet::NumberDigits digits[3];
-    std::string_view texts[3];
+    int chars[3];
 };
 
 // The count of drawn digits found in the group in column `col`: each character of the group
-// equal to a drawn digit's one-character text counts, a digit drawn twice twice.
-int FoundInGroup(const ReportSheet& sheet, int row, int col, const DrawnTexts& drawn) {
+// counts once for every drawn digit it equals, so a digit drawn twice counts twice.
+int FoundInGroup(const ReportSheet& sheet, int row, int col, const DrawnDigits& drawn) {
     ReportSheet::NumberDigits groupDigits;
-    const std::string_view group = sheet.TextView(row, col, groupDigits);
     int found = 0;
-    for (std::string_view digit : drawn.texts) {
-        if (digit.size() != 1) continue;
-        for (char c : group)
-            found += c == digit[0];
-    }
+    for (const unsigned char c : sheet.TextView(row, col, groupDigits))
+        found += (c == drawn.chars[0]) + (c == drawn.chars[1]) + (c == drawn.chars[2]);
     return found;
 }
 
 // Judges the groups that stand on row `row` against its drawing.
 void JudgeGroups(ReportSheet& sheet, int row) {
-    const DrawnTexts drawn(sheet, row);
+    const DrawnDigits drawn(sheet, row);
     for (const DigitGroup& group : kGroups) {
         const int found = FoundInGroup(sheet, row, group.col, drawn);
         sheet.SetText(row, group.col + 1,
