@@ -1,7 +1,9 @@
 #include <array>
+#include <string>
 #include <string_view>
 
 #include "frame/frame_passes.h"
+#include "frame/header_columns.h"
 #include "reports/report_registry.h"
 #include "reports/scoreboard/scored_method.h"
 
@@ -50,18 +52,18 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
                 sheet.SetBackColor(r, c, kBandColour);
 
     // The pairs are taken from the header, and H and T are joined as texts, so 0 5 reads "05".
-    std::array<std::string, kPairs.size()> headers;
-    for (std::size_t i = 0; i < headers.size(); ++i)
-        headers[i] = sheet.Text(0, kFirstPairCol + static_cast<int>(i));
+    // The pairs are distinct, so a drawing hits at most one.
+    const HeaderColumns pairs(sheet, kFirstPairCol, kLastPairCol, /*trim=*/false);
+    std::string joined;
     for (int r = 1; r <= drawCount; ++r) {
-        const std::string joined = sheet.Text(r, 1) + sheet.Text(r, 2);
-        for (std::size_t i = 0; i < headers.size(); ++i) {
-            if (headers[i] != joined) continue;
-            const int col = kFirstPairCol + static_cast<int>(i);
-            sheet.SetBackColor(r, col, colours::kHit);
-            sheet.SetText(r, col, joined);
-            sheet.SetText(r, kYesCol, "YES");
-        }
+        ReportSheet::NumberDigits h, t;
+        joined.assign(sheet.TextView(r, 1, h));
+        joined.append(sheet.TextView(r, 2, t));
+        const int col = pairs.Find(joined);
+        if (col < 0) continue;
+        sheet.SetBackColor(r, col, colours::kHit);
+        sheet.SetText(r, col, joined);
+        sheet.SetText(r, kYesCol, "YES");
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "data/basic_text.h"
 #include "frame/frame_passes.h"
+#include "frame/header_columns.h"
 #include "frame/number_classes.h"
 #include "reports/pairs/pair_text.h"
 #include "reports/report_registry.h"
