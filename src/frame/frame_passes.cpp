@@ -43,16 +43,36 @@ void WritePlainLabel(const DrawRecord& record, char* out) {
 
 }  // namespace
 
+namespace {
+
+// True for a date of at most 15 plain digits without a leading zero, which the number-to-text
+// rule writes as it stands, after a blank.
+bool IsPlainDate(std::string_view digits) {
+    return !digits.empty() && digits.size() <= 15 && (digits[0] != '0' || digits.size() == 1) &&
+           std::all_of(digits.begin(), digits.end(), IsDigit);
+}
+
+}  // namespace
+
 std::string DateText(std::string_view date) {
     // A date of plain digits without a leading zero is written as it stands, as the general
     // rule below would write it.
     const std::string_view digits = Trim(date);
-    const bool plain = !digits.empty() && digits.size() <= 15 &&
-                       (digits[0] != '0' || digits.size() == 1) &&
-                       std::all_of(digits.begin(), digits.end(), IsDigit);
-    if (plain) return ' ' + std::string(digits);
+    if (IsPlainDate(digits)) return ' ' + std::string(digits);
     auto value = WholeNumber(date);
     return value ? NumberToText(*value) : std::string();
+}
+
+void WriteDateLabel(ReportSheet& sheet, int row, std::string_view date) {
+    // A plain date is written straight into the sheet's room for the label, as a drawing's is.
+    if (IsPlainDate(date)) {
+        if (char* room = frame_detail::SheetCells::NewLabelRoom(sheet, row, date.size() + 1)) {
+            room[0] = ' ';
+            std::memcpy(room + 1, date.data(), date.size());
+            return;
+        }
+    }
+    if (const std::string text = DateText(date); !text.empty()) sheet.SetText(row, 0, text);
 }
 
 std::string DrawingLabel(const DrawRecord& record) {

@@ -32,6 +32,9 @@ std::string DrawingLabel(const DrawRecord& record);
 // A drawing's date by the number-to-text rule (a blank before a non-negative number); empty when
 // the date is not a number.
 std::string DateText(std::string_view date);
+// Writes DateText(date) as the label of `row`, for a report whose label is the date alone; an
+// empty text writes nothing.
+void WriteDateLabel(ReportSheet& sheet, int row, std::string_view date);
 
 // The number of drawings a report holds: one per record it is given.
 int CountDrawings(std::span<const DrawRecord> drawings);

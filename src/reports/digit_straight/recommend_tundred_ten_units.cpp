@@ -70,11 +70,6 @@ private:
     std::array<std::array<std::array<std::string, 2>, 10>, kCarried.size()> masks_;
 };
 
-// Column 0's date: the number-to-text rule. Empty when the date is not a number.
-void WriteDate(ReportSheet& sheet, int row, const std::string& date) {
-    if (const std::string text = DateText(date); !text.empty()) sheet.SetText(row, 0, text);
-}
-
 // The masks of row `row`, each compared with the digit of its position in the row. Compared as
 // texts: both cells hold numbers, alike exactly when their texts are.
 void MaskRow(ReportSheet& sheet, int row, const MaskTable& masks) {
@@ -124,7 +119,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     static const MaskTable masks;
     drawings = drawings.first(static_cast<std::size_t>(drawCount));
     ReadDrawings(drawings, [&](int row, const DrawRecord& record, CurrentDigits& digits) {
-        WriteDate(sheet, row, record.date);
+        WriteDateLabel(sheet, row, record.date);
         for (std::size_t i = 0; i < 3; ++i)
             sheet.SetNumber(row, static_cast<int>(i) + 1, digits[i]);
         // Each drawing's digits go to the row after it, the last drawing's to the next drawing's
