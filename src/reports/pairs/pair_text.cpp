@@ -15,12 +15,4 @@ DigitsText PairText(int first, int second) {
     return text;
 }
 
-void SetPairText(ReportSheet& sheet, int row, int col, int first, int second) {
-    if (second < first) std::swap(first, second);
-    if (first >= 1 && second <= 9)
-        sheet.SetNumber(row, col, first * 10 + second);
-    else
-        sheet.SetText(row, col, PairText(first, second));
-}
-
 }  // namespace numarel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,13 @@ namespace numarel {
 DigitsText PairText(int first, int second);
 // Writes PairText(first, second) into a cell. A pair such as "27" reads as a plain number and is
 // kept as one by the sheet whichever way it is written; it is written as one here, which is faster.
-void SetPairText(ReportSheet& sheet, int row, int col, int first, int second);
+inline void SetPairText(ReportSheet& sheet, int row, int col, int first, int second) {
+    const int low = std::min(first, second);
+    const int high = std::max(first, second);
+    if (low >= 1 && high <= 9)
+        sheet.SetNumber(row, col, low * 10 + high);
+    else
+        sheet.SetText(row, col, PairText(low, high));
+}
 
 }  // namespace numarel
