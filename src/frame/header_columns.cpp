@@ -21,19 +21,24 @@ HeaderColumns::HeaderColumns(const ReportSheet& sheet, int firstCol, int lastCol
     for (int c = firstCol; c <= lastCol; ++c) {
         headers_.push_back(sheet.Text(0, c));
         keys_.emplace_back(trim ? Trim(headers_.back()) : headers_.back());
-        const int index = TwoDigitIndex(keys_.back());
-        if (index >= 0 && byDigits_[static_cast<std::size_t>(index)] < 0)
-            byDigits_[static_cast<std::size_t>(index)] = c;
+    }
+    // Pair texts are two digits nearly always, found by their value; any other key by its text.
+    // The first column of a key is the one found.
+    for (std::size_t i = 0; i < keys_.size(); ++i) {
+        const int col = firstCol + static_cast<int>(i);
+        const int index = TwoDigitIndex(keys_[i]);
+        if (index < 0)
+            byText_.emplace(keys_[i], col);
+        else if (byDigits_[static_cast<std::size_t>(index)] < 0)
+            byDigits_[static_cast<std::size_t>(index)] = col;
     }
 }
 
 int HeaderColumns::Find(std::string_view text) const {
-    // Pair texts are two digits nearly always; only odd digits in the file need the search.
     const int index = TwoDigitIndex(text);
     if (index >= 0) return byDigits_[static_cast<std::size_t>(index)];
-    for (std::size_t i = 0; i < keys_.size(); ++i)
-        if (keys_[i] == text) return firstCol_ + static_cast<int>(i);
-    return -1;
+    const auto found = byText_.find(text);
+    return found != byText_.end() ? found->second : -1;
 }
 
 }  // namespace numarel

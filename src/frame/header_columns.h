@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "frame/report_sheet.h"
@@ -14,6 +15,9 @@ class HeaderColumns {
 public:
     // Reads the headers of columns `firstCol` to `lastCol` of row 0, blanks trimmed when `trim`.
     HeaderColumns(const ReportSheet& sheet, int firstCol, int lastCol, bool trim);
+    // The look-up holds views of the headers kept here.
+    HeaderColumns(const HeaderColumns&) = delete;
+    HeaderColumns& operator=(const HeaderColumns&) = delete;
     // The first column whose header is `text`; -1 when there is none.
     int Find(std::string_view text) const;
     // The header of `col` as the sheet holds it.
@@ -26,6 +30,7 @@ private:
     std::vector<std::string> headers_;
     std::vector<std::string> keys_;    // the headers as they are compared
     std::array<int, 100> byDigits_{};  // two-digit keys, by their value; -1 when none
+    std::unordered_map<std::string_view, int> byText_;  // every other key: its first column
 };
 
 }  // namespace numarel

@@ -1,10 +1,13 @@
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "frame/frame_passes.h"
+#include "frame/header_columns.h"
 #include "frame/number_classes.h"
 #include "reports/report_registry.h"
 
@@ -91,27 +94,27 @@ constexpr RegionsChart kFourRegions{
 // column headed by the value, the header's own text.
 class HeadedColumns {
 public:
-    HeadedColumns(const ReportSheet& sheet, const HeaderRun& run) : firstCol_(run.firstCol) {
-        for (int i = 0; i < static_cast<int>(run.headers.size()); ++i)
-            headers_.push_back(sheet.Text(0, run.firstCol + i));
-    }
+    HeadedColumns(const ReportSheet& sheet, const HeaderRun& run)
+        : firstCol_(run.firstCol),
+          columns_(sheet, run.firstCol, run.firstCol + static_cast<int>(run.headers.size()) - 1,
+                   /*trim=*/false) {}
     // Marks the first column headed `value`; nothing when no column has that header.
     void Mark(ReportSheet& sheet, int r, std::string_view value, Rgb colour) const {
-        for (std::size_t i = 0; i < headers_.size(); ++i) {
-            if (headers_[i] != value) continue;
-            MarkAt(sheet, r, static_cast<int>(i), colour);
-            return;
-        }
+        if (const int col = columns_.Find(value); col >= 0) MarkColumn(sheet, r, col, colour);
     }
     // Marks the run's column `index`, counted from 0.
     void MarkAt(ReportSheet& sheet, int r, int index, Rgb colour) const {
-        sheet.SetText(r, firstCol_ + index, headers_[static_cast<std::size_t>(index)]);
-        sheet.SetBackColor(r, firstCol_ + index, colour);
+        MarkColumn(sheet, r, firstCol_ + index, colour);
     }
 
 private:
+    void MarkColumn(ReportSheet& sheet, int r, int col, Rgb colour) const {
+        sheet.SetText(r, col, columns_.Header(col));
+        sheet.SetBackColor(r, col, colour);
+    }
+
     int firstCol_;
-    std::vector<std::string> headers_;
+    HeaderColumns columns_;
 };
 
 // The header runs a drawing is marked under.
@@ -176,9 +179,9 @@ std::array<int, 4> MarkDrawnDigits(ReportSheet& sheet, const RegionsChart& chart
 // The counts of the regions, in region order, are the pattern.
 void MarkRegionCounts(ReportSheet& sheet, const RegionsChart& chart, const ChartColumns& columns,
                       const std::array<int, 4>& counts, int r) {
-    std::string pattern;
+    DigitsText pattern;
     for (std::size_t k = 0; k < chart.regions.size(); ++k)
-        pattern += static_cast<char>('0' + counts[k]);
+        pattern.Append(static_cast<short>(counts[k]));
     columns.patterns.Mark(sheet, r, pattern, kPatternColour);
 }
 
@@ -190,9 +193,14 @@ void MarkSortedCodes(ReportSheet& sheet, const RegionsChart& chart, const ChartC
     const short a = sheet.CellNumber(r, sorted);
     const short b = sheet.CellNumber(r, sorted + 1);
     const short c = sheet.CellNumber(r, sorted + 2);
-    columns.patterns.Mark(sheet, r, std::to_string(a) + std::to_string(b) + std::to_string(c),
-                          kPatternColour);
-    columns.sums.Mark(sheet, r, std::to_string(a + b + c), kSumColour);
+    DigitsText codes;
+    for (short code : {a, b, c})
+        codes.Append(code);
+    columns.patterns.Mark(sheet, r, codes, kPatternColour);
+    char sum[16];
+    const auto end = std::to_chars(std::begin(sum), std::end(sum), a + b + c).ptr;
+    columns.sums.Mark(sheet, r, std::string_view(sum, static_cast<std::size_t>(end - sum)),
+                      kSumColour);
     const int type = c == a ? 2 : (b == a || c == b) ? 1 : 0;
     columns.types.MarkAt(sheet, r, type, kPatternColour);
 }

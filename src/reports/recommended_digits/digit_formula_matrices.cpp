@@ -167,7 +167,8 @@ public:
     }
 
     void Mark(int row) {
-        const DigitTally drawn = Tally(sheet_.Text(row, kDistinctCol));
+        ReportSheet::NumberDigits digits;
+        const DigitTally drawn = Tally(sheet_.TextView(row, kDistinctCol, digits));
         RowMarks unusual;
         const RowMarks* marks = &unusual;
         if (drawn.repeats) {
