@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <iterator>
 #include <memory>
 #include <optional>
@@ -47,14 +48,31 @@ constexpr SheetColumn kColumns[] = {
 // three are found.
 constexpr std::string_view kResultTexts[] = {"  -N-", "1  ", "2  ", "3  "};
 
-// The group texts of a number: empty where its formula fails (a group is never empty).
-using GroupTextsOf = std::array<std::string, std::size(kGroups)>;
+// A group's text: its digits, three at most; empty where its formula fails (a group is never
+// empty).
+class GroupText {
+public:
+    GroupText() = default;
+    explicit GroupText(std::string_view text)
+        : size_(static_cast<std::uint8_t>(std::min(text.size(), std::size_t{3}))) {
+        std::copy_n(text.begin(), size_, chars_.begin());
+    }
+    bool empty() const { return size_ == 0; }
+    operator std::string_view() const { return {chars_.data(), size_}; }
+
+private:
+    std::array<char, 3> chars_{};
+    std::uint8_t size_ = 0;
+};
+
+// The group texts of a number.
+using GroupTextsOf = std::array<GroupText, std::size(kGroups)>;
 
 GroupTextsOf WorkOutGroups(double n, LeadingDigitsMemo& leadingThree) {
     GroupTextsOf texts;
     for (std::size_t g = 0; g < std::size(kGroups); ++g)
         if (const std::optional<double> value = kGroups[g].formula(n))
-            texts[g] = leadingThree(*value);
+            texts[g] = GroupText(leadingThree(*value));
     return texts;
 }
 
