@@ -18,18 +18,7 @@ class ScoreboardWindowTest : public testing::ShellTest {
 protected:
     void SetUp() override {
         ShellTest::SetUp();
-        std::string bytes;
-        std::uint32_t state = 3;
-        for (int i = 0; i < 400; ++i) {
-            bytes += std::to_string(2020001 + i);
-            for (int k = 0; k < 3; ++k) {
-                state = state * 1664525u + 1013904223u;
-                bytes += ' ';
-                bytes += static_cast<char>('0' + (state >> 16) % 10);
-            }
-            bytes += "\r\n";
-        }
-        WriteFile(folder.DataDir() / "Demo.txt", bytes);
+        WriteFile(folder.DataDir() / "Demo.txt", testing::HistoryText(400, 3, 2020001));
         realReports = std::make_unique<ReportWindows>(*session);
     }
     void TearDown() override {
