@@ -36,7 +36,7 @@ protected:
     std::unique_ptr<ReportWindows> realReports;
 };
 
-TEST_F(ScoreboardWindowTest, OpensOnAllDrawingsSortedByPWithTheFirstMethodCharted) {
+TEST_F(ScoreboardWindowTest, OpensSortedByPChartsAMethodAndSortsAndChangesStretch) {
     ScoreboardWindow* w = Make();
     const ScoreTable& table = w->Table();
     EXPECT_EQ(table.drawings, 400);
@@ -60,12 +60,9 @@ TEST_F(ScoreboardWindowTest, OpensOnAllDrawingsSortedByPWithTheFirstMethodCharte
     EXPECT_NEAR(end.y(), score.hits - score.expected, 1e-6);
     EXPECT_TRUE(w->MethodLabel()->text().contains(
         ToQString(table.tracks[static_cast<std::size_t>(track)].column.name)));
-}
 
-TEST_F(ScoreboardWindowTest, AnyColumnSortsAndTheStretchChangesFiguresNotTheChartedMethod) {
-    ScoreboardWindow* w = Make();
+    // Any column sorts; the stretch changes the figures, not the charted method.
     w->View()->sortByColumn(ScoreTableModel::kHits, Qt::DescendingOrder);
-    QSortFilterProxyModel* proxy = w->Proxy();
     for (int r = 1; r < proxy->rowCount(); ++r)
         EXPECT_GE(
             proxy->index(r - 1, ScoreTableModel::kHits).data(ScoreTableModel::kSortRole).toInt(),
@@ -75,11 +72,11 @@ TEST_F(ScoreboardWindowTest, AnyColumnSortsAndTheStretchChangesFiguresNotTheChar
               proxy->index(proxy->rowCount() - 1, ScoreTableModel::kReport).data().toString());
 
     w->SelectRow(5);
-    const int track = w->TrackOfRow(5);
+    const int chosen = w->TrackOfRow(5);
     w->StretchChooser()->setCurrentIndex(0);  // the last 100 drawings
     QCoreApplication::processEvents();
-    EXPECT_EQ(w->TrackOfRow(w->View()->currentIndex().row()), track);
-    const StretchScore& last100 = w->Table().scores[static_cast<std::size_t>(track)][0];
+    EXPECT_EQ(w->TrackOfRow(w->View()->currentIndex().row()), chosen);
+    const StretchScore& last100 = w->Table().scores[static_cast<std::size_t>(chosen)][0];
     EXPECT_LE(last100.judged, 100);
     EXPECT_EQ(w->ExcessSeries()->count(), last100.judged);
     const QModelIndex judged =
