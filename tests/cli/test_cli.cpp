@@ -21,6 +21,7 @@ namespace numarel {
 namespace {
 
 using testing::CliRun;
+using testing::Lines;
 using testing::ReadAll;
 using testing::RunCliWith;
 using testing::TempDir;
@@ -132,7 +133,7 @@ TEST(Cli, ErrorsSayOneLineExitNonZeroAndWriteNothing) {
         CliRun run = RunCliWith(args, dir.path());
         EXPECT_NE(run.code, 0) << run.out;
         EXPECT_FALSE(run.err.empty());
-        EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+        EXPECT_EQ(Lines(run.err), 1) << run.err;
         EXPECT_FALSE(std::filesystem::exists(out));
     }
 }
@@ -223,7 +224,7 @@ TEST_F(CliFolder, OutputIsNeverTheDrawingsFileItReadsNorTheSelection) {
             args.insert(args.end(), target.begin(), target.end());
             CliRun run = RunCliWith(args, dir.path());
             EXPECT_EQ(run.code, 1) << args[0] << " " << target.back();
-            EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+            EXPECT_EQ(Lines(run.err), 1) << run.err;
             EXPECT_NE(run.err.find("never written over"), std::string::npos) << run.err;
             EXPECT_EQ(Kept(), kept);
         }
@@ -269,7 +270,7 @@ TEST_F(CliFolder, ASelectionThatIsNotALotteryIsOneLineAndNeverReadOrRewritten) {
         for (const auto& command : kWritingCommands) {
             CliRun run = RunCliWith(command, dir.path());
             EXPECT_EQ(run.code, 1) << selection << command[0];
-            EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+            EXPECT_EQ(Lines(run.err), 1) << run.err;
             EXPECT_NE(run.err.find("--data"), std::string::npos) << run.err;
             EXPECT_EQ(run.out.find("2031001"), std::string::npos);
             EXPECT_EQ(Kept(), kept);
@@ -318,7 +319,7 @@ TEST(Cli, ListShowsTheWholeCommandTableAndWithoutDataTheSelectedLotteryIsUsed) {
     TempDir dir;
     CliRun run = RunCliWith({"list"}, dir.path());
     ASSERT_EQ(run.code, 0);
-    std::size_t lines = std::count(run.out.begin(), run.out.end(), '\n');
+    const std::size_t lines = static_cast<std::size_t>(Lines(run.out));
     EXPECT_EQ(lines, CommandTable().size() + 1);
     EXPECT_NE(
         run.out.find("Others\tSum of Odd-Sum of Even\tfrmbjiouhe\tSum_of_Odd-Sum_of_Even\tyes"),
@@ -364,7 +365,7 @@ TEST(ReportCommand, NamesVersionAndUnknownNames) {
     CliRun unknown = RunCliWith({"report", "cold wram hot", "--data", data.string()}, dir.path());
     EXPECT_EQ(unknown.code, 1);
     EXPECT_NE(unknown.err.find("\"Cold Warm Hot\""), std::string::npos) << unknown.err;
-    EXPECT_EQ(std::count(unknown.err.begin(), unknown.err.end(), '\n'), 1);
+    EXPECT_EQ(Lines(unknown.err), 1);
     EXPECT_TRUE(unknown.out.empty());
 
     CliRun version = RunCliWith({"--version"}, dir.path());
@@ -491,10 +492,6 @@ TEST(ReportCommand, AllGoesOnPastAFailureAndSaysSo) {
 CliRun Cli(std::vector<std::string> args, const ProgramFolder& folder) {
     args.insert(args.begin(), "import");
     return testing::RunCliWith(args, folder);
-}
-
-int Lines(const std::string& text) {
-    return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
 }
 
 const char* const kSource =

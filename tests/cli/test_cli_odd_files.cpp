@@ -18,17 +18,11 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::CliRun;
+using testing::Has;
+using testing::Lines;
 using testing::ReadAll;
 using testing::RunCliWith;
 using testing::TempDir;
-
-bool Has(const std::string& text, std::string_view part) {
-    return text.find(part) != std::string::npos;
-}
-
-int Lines(const std::string& text) {
-    return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
-}
 
 fs::path CliProgram() {
     return fs::canonical("/proc/self/exe").parent_path() / "numarel-cli";

@@ -12,23 +12,13 @@ namespace numarel {
 namespace {
 
 using testing::CliRun;
+using testing::Lines;
 using testing::RunCliWith;
 using testing::TempDir;
 
 // A history of `count` drawings from a fixed sequence, as a drawings file.
 std::string HistoryFile(int count) {
-    std::string bytes;
-    std::uint32_t state = 17;
-    for (int i = 0; i < count; ++i) {
-        bytes += std::to_string(2021001 + i);
-        for (int k = 0; k < 3; ++k) {
-            state = state * 1664525u + 1013904223u;
-            bytes += ' ';
-            bytes += static_cast<char>('0' + (state >> 16) % 10);
-        }
-        bytes += "\r\n";
-    }
-    return bytes;
+    return testing::HistoryText(count, 17);
 }
 
 TEST(ScoreCommand, JsonFollowsTheContract) {
@@ -137,7 +127,7 @@ TEST(ScoreCommand, RefusalsAreOneLine) {
     CliRun missing =
         RunCliWith({"score", "--data", (dir.path() / "none.txt").string()}, dir.path());
     EXPECT_NE(missing.code, 0);
-    EXPECT_EQ(std::count(missing.err.begin(), missing.err.end(), '\n'), 1) << missing.err;
+    EXPECT_EQ(Lines(missing.err), 1) << missing.err;
     CliRun badLast = RunCliWith({"score", "--last", "0"}, dir.path());
     EXPECT_NE(badLast.code, 0);
     const auto data = dir.Write("Daily.txt", HistoryFile(10));

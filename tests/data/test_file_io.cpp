@@ -13,6 +13,7 @@ namespace numarel {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::Has;
 using testing::ReadAll;
 using testing::TempDir;
 
@@ -23,10 +24,6 @@ std::vector<std::string> Listing(const fs::path& folder) {
         names.push_back(entry.path().filename().string());
     std::sort(names.begin(), names.end());
     return names;
-}
-
-bool Has(const std::string& text, std::string_view part) {
-    return text.find(part) != std::string::npos;
 }
 
 // Every writer of the program, each replacing the file `target` with something new.

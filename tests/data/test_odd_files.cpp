@@ -20,12 +20,9 @@ namespace numarel {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::Has;
 using testing::ReadAll;
 using testing::TempDir;
-
-bool Has(const std::string& text, std::string_view part) {
-    return text.find(part) != std::string::npos;
-}
 
 // The temporary files of the safe write in `folder`.
 int Temporaries(const fs::path& folder) {

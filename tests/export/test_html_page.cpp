@@ -189,18 +189,7 @@ TEST(HtmlPage, EmptySheetStillMakesAPage) {
 
 // Pages of whole histories stay within four times their CSV, the widest report included.
 TEST(HtmlPage, StaysWithinFourTimesTheCsv) {
-    std::string text;
-    unsigned state = 777;
-    for (int i = 0; i < 3000; ++i) {
-        text += std::to_string(2000001 + i);
-        for (int d = 0; d < 3; ++d) {
-            state = state * 1664525u + 1013904223u;
-            text += ' ';
-            text += static_cast<char>('0' + (state >> 16) % 10);
-        }
-        text += "\r\n";
-    }
-    const auto drawings = ParseDrawings(text);
+    const auto drawings = ParseDrawings(testing::HistoryText(3000, 777, 2000001));
     for (std::string_view object : {"frm3weizoushi", "frmzuliu120", "frmbjiouhe", "Form1zu3zh"}) {
         if (!FindReport(object)) continue;
         const ReportSheet sheet = testing::Build(object, drawings);

@@ -7,6 +7,7 @@
 #include "data/drawings_file.h"
 #include "export/sheet_format.h"
 #include "reports/report_registry.h"
+#include "support/test_support.h"
 
 namespace numarel {
 namespace {
@@ -81,18 +82,7 @@ TEST(SheetWriters, StreamedJsonEqualsTheDocumentBuiltInMemory) {
 }
 
 TEST(SheetWriters, StreamedJsonOfEveryReportOnAFullHistory) {
-    std::string text;
-    unsigned state = 12345;
-    for (std::size_t i = 0; i < kMaxDrawings; ++i) {
-        text += std::to_string(1000001 + i);
-        for (int d = 0; d < 3; ++d) {
-            state = state * 1664525u + 1013904223u;
-            text += ' ';
-            text += static_cast<char>('0' + (state >> 16) % 10);
-        }
-        text += "\r\n";
-    }
-    auto drawings = ParseDrawings(text);
+    auto drawings = ParseDrawings(testing::HistoryText(kMaxDrawings, 12345, 1000001));
     ASSERT_EQ(drawings.size(), kMaxDrawings);
     // The largest sheet, and one of another family.
     for (std::string_view object : {"frmzuliu120", "frmbjiouhe", "frmrenwenleng"}) {

@@ -415,15 +415,5 @@ TEST(FrameStatistics, AmountMaxMissCurrentMissAndAverage) {
         }
 }
 
-TEST(FrameMarks, SecondClickRestoresTheDefaultNotTheReportColour) {
-    ReportSheet sheet(2, 2);
-    const Rgb mark = MakeRgb(43, 145, 255);
-    sheet.SetBackColor(1, 1, colours::kHit);
-    ToggleCellMark(sheet, 1, 1, mark);
-    EXPECT_EQ(sheet.BackColor(1, 1), mark);
-    ToggleCellMark(sheet, 1, 1, mark);
-    EXPECT_EQ(sheet.BackColor(1, 1), kDefaultColour);
-}
-
 }  // namespace
 }  // namespace numarel

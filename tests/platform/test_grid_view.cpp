@@ -88,26 +88,6 @@ TEST(SheetModel, ChangedCellsReachTheRightSignal) {
                                                                      {Qt::Vertical, 4}}));
 }
 
-TEST(GridView, SizesAndFontComeFromTheSheetsTwipsAndDecipoints) {
-    App();
-    ReportSheet sheet = SmallSheet();
-    sheet.SetColWidth(1, 1440);
-    sheet.SetColWidth(2, 2);  // a hidden store
-    sheet.SetRowHeight(3, 2);
-    sheet.SetRowHeight(4, 1440);
-    GridView view;
-    view.SetSheet(&sheet);
-    EXPECT_EQ(view.ColumnPixels(1), view.logicalDpiX());
-    EXPECT_EQ(view.ColumnPixels(2), 0);
-    EXPECT_GT(view.ColumnPixels(4), 0);  // unset: the default width, not hidden
-    EXPECT_EQ(view.RowPixels(3), 0);
-    EXPECT_EQ(view.RowPixels(4), view.logicalDpiY());
-    EXPECT_DOUBLE_EQ(view.font().pointSizeF(), 7.5);
-    sheet.SetFontDecipoints(90);
-    view.SetSheet(&sheet);
-    EXPECT_DOUBLE_EQ(view.font().pointSizeF(), 9.0);
-}
-
 // The lines on a cell's right and bottom edges, as painted, for a sheet with and without a grid
 // colour of its own; the fixed header row keeps its black lines.
 TEST(GridView, GridLinesArePaintedInTheSheetsColour) {
@@ -333,12 +313,6 @@ void Key(QWidget* w, int key, Qt::KeyboardModifiers modifiers) {
     QApplication::sendEvent(w, &press);
 }
 
-void CtrlWheel(QWidget* w, int dy) {
-    QWheelEvent wheel(QPointF(5, 5), w->mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, dy),
-                      Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(w, &wheel);
-}
-
 TEST(GridZoom, StepsStayBetweenFiftyAndFourHundred) {
     struct Case {
         int from, direction, to;
@@ -348,9 +322,11 @@ TEST(GridZoom, StepsStayBetweenFiftyAndFourHundred) {
         EXPECT_EQ(NextZoomStep(c.from, c.direction), c.to) << c.from << " " << c.direction;
 }
 
-TEST(GridZoom, FontWidthsAndHeightsScaleTogetherAndComeBackExactly) {
+TEST(GridZoom, SizesComeFromTwipsAndDecipointsAndScaleTogetherAndBackExactly) {
     App();
     ReportSheet sheet = Sheet();
+    sheet.SetColWidth(5, 2);  // a hidden store
+    sheet.SetRowHeight(5, 2);
     GridView grid;
     grid.resize(600, 400);
     grid.SetSheet(&sheet);
@@ -360,7 +336,14 @@ TEST(GridZoom, FontWidthsAndHeightsScaleTogetherAndComeBackExactly) {
     for (int r = 0; r < 8; ++r)
         rows.push_back(grid.RowPixels(r));
     const double points = grid.font().pointSizeF();
-    EXPECT_EQ(cols[2], TwipsToPixelsX(&grid, 450));  // the designed geometry at 100
+    // The designed geometry at 100: twips and decipoints; 0 or 2 twips hide, unset is the default.
+    EXPECT_EQ(cols[2], TwipsToPixelsX(&grid, 450));
+    EXPECT_EQ(cols[4], 0);
+    EXPECT_EQ(cols[5], 0);
+    EXPECT_GT(cols[1], 0);
+    EXPECT_EQ(rows[3], TwipsToPixelsY(&grid, 600));
+    EXPECT_EQ(rows[5], 0);
+    EXPECT_DOUBLE_EQ(points, 7.5);
 
     for (int zoom : {50, 200, 400}) {
         grid.SetZoom(zoom);
@@ -376,24 +359,9 @@ TEST(GridZoom, FontWidthsAndHeightsScaleTogetherAndComeBackExactly) {
         EXPECT_EQ(grid.ColumnPixels(c), cols[c]);
     for (int r = 0; r < 8; ++r)
         EXPECT_EQ(grid.RowPixels(r), rows[r]);
-}
-
-TEST(GridZoom, CtrlWheelAndCtrlKeys) {
-    App();
-    ReportSheet sheet = Sheet();
-    GridView grid;
+    sheet.SetFontDecipoints(90);
     grid.SetSheet(&sheet);
-    CtrlWheel(grid.viewport(), 120);
-    EXPECT_EQ(grid.Zoom(), 110);
-    CtrlWheel(grid.viewport(), -120);
-    CtrlWheel(grid.viewport(), -120);
-    EXPECT_EQ(grid.Zoom(), 90);
-    Key(&grid, Qt::Key_Plus, Qt::ControlModifier);
-    EXPECT_EQ(grid.Zoom(), 100);
-    Key(&grid, Qt::Key_Minus, Qt::ControlModifier);
-    Key(&grid, Qt::Key_0, Qt::ControlModifier);
-    Key(&grid, Qt::Key_Plus, Qt::NoModifier);  // without Ctrl, not a zoom
-    EXPECT_EQ(grid.Zoom(), 100);
+    EXPECT_DOUBLE_EQ(grid.font().pointSizeF(), 9.0);
 }
 
 // Zooming keeps the current cell (keys, menu) or the cell under the pointer (Ctrl + wheel) where

@@ -286,6 +286,10 @@ TEST_F(ReportSharingTest, AReportRemembersItsZoomForTheNextOpening) {
     ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->Grid()->Zoom(), 100);
     Key(w->Grid(), Qt::Key_Plus, Qt::ControlModifier);
+    Key(w->Grid(), Qt::Key_Minus, Qt::ControlModifier);
+    Key(w->Grid(), Qt::Key_Plus, Qt::NoModifier);  // without Ctrl, not a zoom
+    EXPECT_EQ(w->Grid()->Zoom(), 100);
+    Key(w->Grid(), Qt::Key_Plus, Qt::ControlModifier);
     Key(w->Grid(), Qt::Key_Plus, Qt::ControlModifier);
     EXPECT_EQ(w->StatusLine()->text(), "Zoom 125 %");
     w->close();

@@ -18,18 +18,7 @@ class ScoreboardWindowTest : public testing::ShellTest {
 protected:
     void SetUp() override {
         ShellTest::SetUp();
-        std::string bytes;
-        std::uint32_t state = 3;
-        for (int i = 0; i < 400; ++i) {
-            bytes += std::to_string(2020001 + i);
-            for (int k = 0; k < 3; ++k) {
-                state = state * 1664525u + 1013904223u;
-                bytes += ' ';
-                bytes += static_cast<char>('0' + (state >> 16) % 10);
-            }
-            bytes += "\r\n";
-        }
-        WriteFile(folder.DataDir() / "Demo.txt", bytes);
+        WriteFile(folder.DataDir() / "Demo.txt", testing::HistoryText(400, 3, 2020001));
         realReports = std::make_unique<ReportWindows>(*session);
     }
     void TearDown() override {
@@ -47,7 +36,7 @@ protected:
     std::unique_ptr<ReportWindows> realReports;
 };
 
-TEST_F(ScoreboardWindowTest, OpensOnAllDrawingsSortedByPWithTheFirstMethodCharted) {
+TEST_F(ScoreboardWindowTest, OpensSortedByPChartsAMethodAndSortsAndChangesStretch) {
     ScoreboardWindow* w = Make();
     const ScoreTable& table = w->Table();
     EXPECT_EQ(table.drawings, 400);
@@ -71,12 +60,9 @@ TEST_F(ScoreboardWindowTest, OpensOnAllDrawingsSortedByPWithTheFirstMethodCharte
     EXPECT_NEAR(end.y(), score.hits - score.expected, 1e-6);
     EXPECT_TRUE(w->MethodLabel()->text().contains(
         ToQString(table.tracks[static_cast<std::size_t>(track)].column.name)));
-}
 
-TEST_F(ScoreboardWindowTest, AnyColumnSortsAndTheStretchChangesFiguresNotTheChartedMethod) {
-    ScoreboardWindow* w = Make();
+    // Any column sorts; the stretch changes the figures, not the charted method.
     w->View()->sortByColumn(ScoreTableModel::kHits, Qt::DescendingOrder);
-    QSortFilterProxyModel* proxy = w->Proxy();
     for (int r = 1; r < proxy->rowCount(); ++r)
         EXPECT_GE(
             proxy->index(r - 1, ScoreTableModel::kHits).data(ScoreTableModel::kSortRole).toInt(),
@@ -86,11 +72,11 @@ TEST_F(ScoreboardWindowTest, AnyColumnSortsAndTheStretchChangesFiguresNotTheChar
               proxy->index(proxy->rowCount() - 1, ScoreTableModel::kReport).data().toString());
 
     w->SelectRow(5);
-    const int track = w->TrackOfRow(5);
+    const int chosen = w->TrackOfRow(5);
     w->StretchChooser()->setCurrentIndex(0);  // the last 100 drawings
     QCoreApplication::processEvents();
-    EXPECT_EQ(w->TrackOfRow(w->View()->currentIndex().row()), track);
-    const StretchScore& last100 = w->Table().scores[static_cast<std::size_t>(track)][0];
+    EXPECT_EQ(w->TrackOfRow(w->View()->currentIndex().row()), chosen);
+    const StretchScore& last100 = w->Table().scores[static_cast<std::size_t>(chosen)][0];
     EXPECT_LE(last100.judged, 100);
     EXPECT_EQ(w->ExcessSeries()->count(), last100.judged);
     const QModelIndex judged =

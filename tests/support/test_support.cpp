@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <fstream>
 #include <random>
@@ -23,6 +24,21 @@ std::vector<DrawRecord> Drawings(std::initializer_list<std::string_view> digits)
         out.push_back(r);
     }
     return out;
+}
+
+std::string HistoryText(int count, std::uint32_t seed, long firstDate) {
+    std::string bytes;
+    std::uint32_t state = seed;
+    for (int i = 0; i < count; ++i) {
+        bytes += std::to_string(firstDate + i);
+        for (int k = 0; k < 3; ++k) {
+            state = state * 1664525u + 1013904223u;
+            bytes += ' ';
+            bytes += static_cast<char>('0' + (state >> 16) % 10);
+        }
+        bytes += "\r\n";
+    }
+    return bytes;
 }
 
 ReportSheet Build(std::string_view object, const std::vector<DrawRecord>& drawings) {
@@ -73,6 +89,14 @@ std::string ReadAll(const std::filesystem::path& path) {
     std::ostringstream os;
     os << in.rdbuf();
     return os.str();
+}
+
+bool Has(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
+
+int Lines(std::string_view text) {
+    return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
 }
 
 }  // namespace numarel::testing

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -12,6 +13,10 @@ namespace numarel::testing {
 
 // Drawings from short lines such as {"123", "450"}: each is H T U, dated 2020001, 2020002, ...
 std::vector<DrawRecord> Drawings(std::initializer_list<std::string_view> digits);
+
+// A drawings file of `count` made-up drawings dated `firstDate`, `firstDate` + 1, ..., the same
+// for the same `seed` on every run.
+std::string HistoryText(int count, std::uint32_t seed, long firstDate = 2021001);
 
 // Builds a report by its window object on `drawings`; fails the test when it is not built.
 ReportSheet Build(std::string_view object, const std::vector<DrawRecord>& drawings);
@@ -39,5 +44,9 @@ private:
 
 // The whole content of a file.
 std::string ReadAll(const std::filesystem::path& path);
+
+// Whether `text` holds `part`; how many lines `text` has.
+bool Has(std::string_view text, std::string_view part);
+int Lines(std::string_view text);
 
 }  // namespace numarel::testing

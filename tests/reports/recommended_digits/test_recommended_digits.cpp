@@ -35,25 +35,6 @@ int CountInRow(const ReportSheet& s, int row, std::string_view text) {
     return n;
 }
 
-TEST(DigitFormulaMatrices, FixedSetsMarkOneAndTwoOrMore) {
-    // 1 1 2 takes 1 and 2: two digits of 126, one of 158 and 258. 4 4 4 takes one digit of 349
-    // and 047 only, so its row has no note.
-    ReportSheet z = Build("frmz3b2", Drawings({"112", "444"}));
-    EXPECT_EQ(RowTexts(z, 1, 4, 13), (Texts{"12", "$", " *", " *", "", "", "", "", "", "   -Y-"}));
-    EXPECT_EQ(RowTexts(z, 2, 4, 13), (Texts{"4", "", "", "", " *", "", "", " *", "", ""}));
-
-    // 0 3 6 has all three digits in 0369, and the runs wrap from 9 to 0.
-    ReportSheet serial = Build("frmdanma3", Drawings({"036", "901", "557"}));
-    EXPECT_EQ(RowTexts(serial, 1, 5, 18),
-              (Texts{" *", " *", " *", " *", " *", " *", " *", "", " *", " *", "", "$", "", ""}));
-    EXPECT_EQ(RowTexts(serial, 2, 4, 18),
-              (Texts{"019", "$", " *", "", "", "", "", "", " *", "$", "$", "", "$", " *", ""}));
-    EXPECT_EQ(RowTexts(serial, 3, 4, 18),
-              (Texts{"57", "", "", "", " *", " *", "$", " *", " *", "", "", "", "", " *", " *"}));
-    // Nothing is forecast: the next drawing's row stays empty.
-    EXPECT_EQ(RowTexts(serial, 4, 0, 18), Texts(19, ""));
-}
-
 TEST(DigitFormulaMatrices, EverySetOfASize) {
     const struct {
         const char* object;
@@ -107,12 +88,6 @@ TEST(DigitFormulaMatrices, DigitsOutsideZeroToNineAreCountedAsCharacters) {
 using testing::ColumnsColoured;
 using Cols = std::vector<int>;
 
-constexpr Rgb kSeveralHits = MakeRgb(140, 219, 255);
-constexpr int kGroup1 = 5;  // its result in 6
-constexpr int kGroup2 = 8;
-constexpr int kGroup3 = 11;
-constexpr int kLastCol = 12;
-
 TEST(FormulaDigits, DecimalTextAndItsDigits) {
     const struct {
         double value;
@@ -135,23 +110,6 @@ TEST(FormulaDigits, DecimalTextAndItsDigits) {
     EXPECT_EQ(LeadingDigits(307.0 / 17, 4), "1805");
     EXPECT_EQ(RemoveAll("aabb", "ab"), "");  // the first removal joins a new "ab"
     EXPECT_EQ(RemoveAll("abc", ""), "abc");
-}
-
-TEST(FormulaDigits, GroupsCountDrawnDigits) {
-    ReportSheet s = Build("frmdanma2", Drawings({"307", "331", "000"}));
-    ASSERT_EQ(s.Rows(), 5);
-    EXPECT_EQ(RowTexts(s, 1, kGroup1, kLastCol), Texts(8));
-    // From 3 0 7. The drawn 3 3 1: the 1 of 571 and of 189 once, the 3 of 329 twice.
-    EXPECT_EQ(RowTexts(s, 2, kGroup1, kLastCol),
-              (Texts{"571", "1  ", "", "189", "1  ", "", "329", "2  "}));
-    EXPECT_EQ(ColumnsColoured(s, 2, kSeveralHits), Cols{kGroup3 + 1});
-    // From 3 3 1: 5.7855..., 204.558, 1058 / 3.141 = 336.835... The drawn 0 0 0 counts three.
-    EXPECT_EQ(RowTexts(s, 3, kGroup1, kLastCol),
-              (Texts{"578", "  -N-", "", "204", "3  ", "", "368", "  -N-"}));
-    EXPECT_EQ(ColumnsColoured(s, 3, kSeveralHits), Cols{kGroup2 + 1});
-    // The recommendation from 0 0 0, unjudged.
-    EXPECT_EQ(RowTexts(s, 4, 0, kLastCol),
-              (Texts{"", "", "", "", "", "0", "", "", "0", "", "", "231", ""}));
 }
 
 constexpr int kForecastCol = 5;
@@ -195,22 +153,12 @@ TEST(RecommendOneDigit, TableByHundredsMarksOnlyHits) {
         EXPECT_EQ(ColumnsColoured(s, r, colours::kHit), coloured[r - 1]);
     }
     EXPECT_EQ(s.Text(5, 0), " 2020005:1234");
-
-    // The whole table: 3 and 5 are never forecast.
-    ReportSheet table =
-        Build("frmtongsha1ma",
-              Drawings({"000", "100", "200", "300", "400", "500", "600", "700", "800", "900"}));
-    Texts forecasts;
-    for (int r = 2; r <= 11; ++r)
-        forecasts.push_back(table.Text(r, kForecastCol));
-    EXPECT_EQ(forecasts, (Texts{"0", "8", "6", "4", "7", "9", "1", "2", "4", "6"}));
 }
 
 constexpr Rgb kTwoDigits = MakeRgb(140, 219, 255);
 
 // Recommend 3 digits-A.
 constexpr int kForecastA = 5;  // to 7
-constexpr int kMarkerA = 8;
 constexpr int kNote = 10;
 // Recommend 3 digits-BC.
 constexpr int kForecastB = 5;  // to 7
@@ -218,37 +166,6 @@ constexpr int kMarkerB = 8;
 constexpr int kMissChart = 10;  // digit 0; digit 9 in 19
 constexpr int kForecastC = 20;  // to 22
 constexpr int kMarkerC = 23;
-
-// U = 7 forecasts 7 3 0, U = 0 forecasts 0 3 6, U = 1 forecasts 1 4 7, U = 4 forecasts 4 0 7.
-TEST(RecommendThreeDigits, UnitsForecastJudgedOnTheNextRow) {
-    ReportSheet s = Build("frmdingdanshh", Drawings({"247", "730", "331", "444", "404"}));
-    ASSERT_EQ(s.Rows(), 7);
-    const struct {
-        int row;
-        Texts forecastToNote;  // columns 5 to 10
-        Cols found;            // forecast cells whose digit was drawn
-        bool justHit;
-    } rows[] = {
-        // No drawing before row 1: only the store of its distinct digits.
-        {1, {"", "", "", "", "247", ""}, {}, false},
-        {2, {"7", "3", "0", "-Y-", "037", "Just hit"}, {5, 6, 7}, true},
-        // 3 drawn twice marks its one cell; 1 is not forecast.
-        {3, {"0", "3", "6", "-Y-", "13", ""}, {6}, false},
-        // A triple reaches one distinct digit at most.
-        {4, {"1", "4", "7", "-Y-", "4", ""}, {6}, false},
-        // Both distinct digits of 4 0 4 forecast.
-        {5, {"4", "0", "7", "-Y-", "04", "Just hit"}, {5, 6}, true},
-    };
-    for (const auto& r : rows) {
-        SCOPED_TRACE(r.row);
-        EXPECT_EQ(RowTexts(s, r.row, kForecastA, kNote), r.forecastToNote);
-        EXPECT_EQ(ColumnsColoured(s, r.row, colours::kFoundDigit), r.found);
-        EXPECT_EQ(ColumnsColoured(s, r.row, colours::kHit), r.justHit ? Cols{kNote} : Cols{});
-    }
-    // The recommendation from U = 4, unjudged, with nothing else on its row.
-    EXPECT_EQ(RowTexts(s, 6, 0, 11), (Texts{"", "", "", "", "", "4", "0", "7", "", "", "", ""}));
-    EXPECT_TRUE(ColumnsColoured(s, 6, colours::kFoundDigit).empty());
-}
 
 TEST(RecommendThreeDigits, UnitsOutsideTheTableAndShortFiles) {
     auto drawings = Drawings({"331", "730"});
@@ -313,8 +230,6 @@ TEST(RecommendThreeDigits, LongestMissesAndSumTable) {
     EXPECT_EQ(RowTexts(s, 13, kForecastC, kMarkerC), (Texts{"2", "6", "8", ""}));
 }
 
-constexpr int kSum = 4;
-constexpr int kWidth = 5;
 // X1 of the forecasts A to F; X2 stands beside X1, the marker beside X2.
 constexpr int kFirstCols[] = {6, 10, 14, 18, 22, 26};
 constexpr int kLastForecastCol = 28;
@@ -325,52 +240,6 @@ Texts Forecasts(const ReportSheet& s, int row) {
     for (int c : kFirstCols)
         out.push_back(s.Text(row, c) + s.Text(row, c + 1) + s.Text(row, c + 2));
     return out;
-}
-
-TEST(RecommendTwoDigits, FormulasAndTheirTrackRecord) {
-    ReportSheet s = Build("frmtongshahao", Drawings({"307", "289", "199", "000", "105"}));
-    ASSERT_EQ(s.Rows(), 7);
-    const struct {
-        int row;
-        Texts sumWidth;
-        Texts forecasts;  // A to F
-        Cols found;       // forecast cells whose digit was drawn
-        Cols both;        // markers of a forecast with both cells found
-    } rows[] = {
-        // Only F, from the row's own date 2020001, stands on row 1, and it is not judged.
-        {1, {"10", "7"}, {"", "", "", "", "", "67"}, {}, {}},
-        // From 3 0 7 (S 10, W 7): 307 / 17 = 18.05..., 307 / 32 = 9.59375, 307 x 0.1975 = 60.63.
-        {2,
-         {"19", "7"},
-         {"28-Y-", "18-Y-", "95-Y-", "60", "19-Y-", "90-Y-"},
-         {6, 7, 11, 14, 23, 26},
-         {8}},
-        // From 2 8 9 (S 19, W 7): x = 10 gives A2 9; 289 / 26 = 11.115..., 289 / 32 = 9.03125,
-        // 289 x 0.1975 = 57.0775; E around the units 9 is 8 and 0. 9 drawn twice, one cell.
-        {3, {"19", "8"}, {"29-Y-", "15-Y-", "90-Y-", "57", "80", "23"}, {7, 10, 14}, {}},
-        // From 1 9 9: 199 / 26 = 7.65..., 199 / 32 = 6.21875, 199 x 0.1975 = 39.3025.
-        {4, {"0", "0"}, {"19", "76", "62", "39", "80-Y-", "56"}, {23}, {}},
-        // From 0 0 0: A1 = A2 = 9 moves A2 to 0; B, C and D read "00", so one drawn 0 finds both.
-        {5,
-         {"6", "5"},
-         {"90-Y-", "00-Y-", "00-Y-", "00-Y-", "19-Y-", "89"},
-         {7, 10, 11, 14, 15, 18, 19, 22},
-         {12, 16, 20}},
-    };
-    for (const auto& r : rows) {
-        SCOPED_TRACE(r.row);
-        EXPECT_EQ(RowTexts(s, r.row, kSum, kWidth), r.sumWidth);
-        EXPECT_EQ(ColumnsColoured(s, r.row, colours::kSumWidth), (Cols{kSum, kWidth}));
-        EXPECT_EQ(Forecasts(s, r.row), r.forecasts);
-        EXPECT_EQ(ColumnsColoured(s, r.row, colours::kFoundDigit), r.found);
-        EXPECT_EQ(ColumnsColoured(s, r.row, colours::kHit), r.both);
-    }
-    // The recommendation from 1 0 5 (S 6, W 5): 105 / 13 = 8.07..., 105 / 32 = 3.28125,
-    // 105 x 0.1975 = 20.7375; F from the date 2020005 + 1.
-    EXPECT_EQ(RowTexts(s, 6, 0, kWidth), Texts(6));
-    EXPECT_EQ(Forecasts(s, 6), (Texts{"43", "80", "32", "20", "57", "12"}));
-    EXPECT_TRUE(ColumnsColoured(s, 6, colours::kFoundDigit).empty());
-    EXPECT_TRUE(ColumnsColoured(s, 6, colours::kSumWidth).empty());
 }
 
 TEST(RecommendTwoDigits, DateForecastOfTheNextDrawing) {

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,8 +15,6 @@ namespace {
 
 using testing::Build;
 using testing::Drawings;
-
-constexpr Rgb kStripe = MakeRgb(170, 210, 176);
 
 // `count` drawings of `filler`, with the drawings of `at` on their rows (1 for the first).
 std::vector<DrawRecord> Sequence(int count, std::string_view filler,
@@ -95,67 +91,11 @@ TEST(BoxStatistics, SixWayBoxesCompareAsNumbers) {
     EXPECT_EQ(sheet.Text(3, 126), "3");
 }
 
-TEST(SeventyTicketsFollow, StripesUnderHitsAndMisses) {
-    // 012 is a 6 Way Box outside the list; 014 is unstriped (Sum 5), 024 striped (Sum 6).
-    ReportSheet sheet = Build("frmzuliu70", Drawings({"012", "410", "420", "123"}));
-    EXPECT_EQ(sheet.Text(1, 5), "");
-    EXPECT_TRUE(sheet.IsEmpty(1, 76));
-    EXPECT_EQ(testing::RowTexts(sheet, 3, 5, 7), (std::vector<std::string>{"-Y-", "1", "****"}));
-    EXPECT_EQ(sheet.Text(3, 76), "3");
-    EXPECT_EQ(sheet.BackColor(3, 7), colours::kHit);
-    EXPECT_EQ(sheet.BackColor(4, 7), kStripe);
-    EXPECT_EQ(sheet.BackColor(5, 7), kDefaultColour);  // no stripe below the drawings
-
-    // The stripe falls on exactly the tickets of even Sum, Sums ascending from 5 to 23.
-    int previousSum = 0;
-    for (int c = 6; c <= 75; ++c) {
-        const std::string t = sheet.Text(0, c);
-        const int sum = t[0] + t[1] + t[2] - 3 * '0';
-        EXPECT_GE(sum, previousSum) << t;
-        previousSum = sum;
-        EXPECT_EQ(sheet.BackColor(1, c) == kStripe, sum % 2 == 0) << t;
-    }
-    EXPECT_EQ(previousSum, 23);
-}
-
-std::vector<std::string> Column(const ReportSheet& sheet, int col) {
-    std::vector<std::string> out;
-    for (int r = 1; r <= sheet.DrawCount(); ++r)
-        out.push_back(sheet.Text(r, col));
-    return out;
-}
-
 std::vector<int> RowsColoured(const ReportSheet& sheet, int col) {
     std::vector<int> out;
     for (int r = 0; r < sheet.Rows(); ++r)
         if (sheet.BackColor(r, col) == colours::kHit) out.push_back(r);
     return out;
-}
-
-TEST(ThreeWayBoxChance, EachReportSignalsByItsOwnRule) {
-    // 112 and 505 signal and are 3 Way Boxes on one row; 910, 089 and 321 are runs, 198 is not;
-    // the triple 777 is no 3 Way Box.
-    const auto drawings = Drawings({"112", "505", "910", "198", "089", "777", "321"});
-    const struct {
-        const char* object;
-        std::vector<std::string> signals;
-    } cases[] = {
-        {"Form1zu3", {"***", "", "", "***", "", "", ""}},
-        {"Form1tlj", {"", "", "***", "", "***", "", "***"}},
-        {"Form1zu3bai10", {"", "***", "", "", "", "", ""}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.object);
-        ReportSheet sheet = Build(c.object, drawings);
-        EXPECT_EQ(Column(sheet, 4), c.signals);
-        EXPECT_EQ(Column(sheet, 5), (std::vector<std::string>{"YES", "YES", "", "", "", "", ""}));
-        // Digits as drawn although the tests ran on sorted ones; the date stands alone.
-        EXPECT_EQ(testing::RowTexts(sheet, 3, 0, 3),
-                  (std::vector<std::string>{" 2020003", "9", "1", "0"}));
-    }
-    ReportSheet third = Build("Form1zu3bai10", drawings);
-    EXPECT_EQ(Column(third, 8), (std::vector<std::string>{"  YES", "  YES", "", "", "", "", ""}));
-    EXPECT_EQ(Column(third, 9), (std::vector<std::string>{"1", "5", "9", "8", "9", "0", "2"}));
 }
 
 TEST(ThreeWayBoxChance, PaintedStretches) {
@@ -177,8 +117,6 @@ TEST(ThreeWayBoxChance, PaintedStretches) {
               (std::vector<int>{4, 5, 6}));
 }
 
-constexpr Rgb kRed = colours::kHit;
-constexpr Rgb kViolet = MakeRgb(158, 140, 255);
 constexpr Rgb kMissFore = MakeRgb(188, 194, 182);
 
 // The written class cells of one row from column 18 on, in column order, as (text, back colour);
@@ -191,55 +129,6 @@ std::vector<std::pair<std::string, Rgb>> ClassCells(const ReportSheet& sheet, in
         out.emplace_back(sheet.Text(row, c), sheet.BackColor(row, c));
     }
     return out;
-}
-
-struct ClassCase {
-    const char* drawing;
-    int doubleCol;  // -1: none
-    std::vector<std::pair<std::string, Rgb>> classes;
-};
-
-// Each drawing alone in a file: its double cell (header text on red), "-Y-" and class cells.
-void ExpectClasses(const char* object, std::span<const ClassCase> cases) {
-    for (const ClassCase& c : cases) {
-        SCOPED_TRACE(c.drawing);
-        ReportSheet sheet = Build(object, Drawings({c.drawing}));
-        EXPECT_EQ(ClassCells(sheet, 1), c.classes);
-        std::vector<int> doubles;
-        for (int col = 8; col <= 17; ++col)
-            if (sheet.BackColor(1, col) == colours::kHit) doubles.push_back(col);
-        EXPECT_EQ(doubles, c.doubleCol < 0 ? std::vector<int>{} : std::vector<int>{c.doubleCol});
-        EXPECT_EQ(sheet.Text(1, 7), c.doubleCol < 0 ? "" : "-Y-");
-        if (c.doubleCol >= 0) {
-            EXPECT_EQ(sheet.Text(1, c.doubleCol), sheet.Text(0, c.doubleCol));
-        }
-    }
-}
-
-TEST(ThreeWayBoxType, ClassesTheDoubleWithTheThirdDigit) {
-    const ClassCase cases[] = {
-        {"001", 8, {{"3S", kRed}, {"2E1O", kViolet}, {"2C1P", kRed}}},
-        {"117", 9, {{"2S1B", kRed}, {"3O", kViolet}, {"3P", kRed}}},
-        {"550", 13, {{"2B1S", kRed}, {"2O1E", kViolet}, {"2P1C", kRed}}},
-        {"688", 16, {{"3B", kRed}, {"3E", kViolet}, {"3C", kRed}}},
-        {"232", 10, {{"3S", kRed}, {"2E1O", kViolet}, {"3P", kRed}}},
-        {"777", -1, {}},
-        {"123", -1, {}},
-    };
-    ExpectClasses("frmzu3leixing2", cases);
-}
-
-TEST(ThreeWayBoxTrend, ClassesTheDoubleAlone) {
-    const ClassCase cases[] = {
-        {"007", 8, {{"Small", kRed}, {"0Type", kViolet}, {"Even", kRed}, {"Composite", kViolet}}},
-        {"110", 9, {{"Small", kRed}, {"1Type", kViolet}, {"Odd", kRed}, {"Prime", kViolet}}},
-        {"011", 9, {{"Small", kRed}, {"1Type", kViolet}, {"Odd", kRed}, {"Prime", kViolet}}},
-        // 22 is 2Type by its digit although 22 leaves 1 by 3.
-        {"223", 10, {{"Small", kRed}, {"2Type", kViolet}, {"Even", kRed}, {"Prime", kViolet}}},
-        {"998", 17, {{"Big", kRed}, {"0Type", kViolet}, {"Odd", kRed}, {"Composite", kViolet}}},
-        {"555", -1, {}},
-    };
-    ExpectClasses("Form1zu3zh", cases);
 }
 
 // 00 on row 1 only, 11 on rows 3 and 4, 88 on row 6, 55 on the last row; 777 is a triple.

@@ -46,18 +46,6 @@ TEST(TicketsFollow, SixWayBoxHitsMissesAndStatistics) {
     EXPECT_TRUE(ColumnsColoured(s, 3, colours::kStatisticBack).empty());
 }
 
-TEST(TicketsFollow, ThirtyTicketsAverageIsDrawCountWithoutAHit) {
-    ReportSheet a = Build("frmqita2a", Drawings({"150", "999", "730"}));
-    EXPECT_EQ(a.Text(1, 5), "***");   // "015"
-    EXPECT_EQ(a.Text(3, 10), "***");  // "037", out of ascending order
-    EXPECT_EQ(RowTexts(a, 8, 5, 7), (Texts{"3", "3", "3"}));
-    EXPECT_EQ(a.Text(8, 35), "1");  // two hits in three drawings
-    // Both lists hold "035"; "018" only B.
-    ReportSheet b = Build("frmqita2", Drawings({"530", "801"}));
-    EXPECT_EQ(RowTexts(b, 1, 5, 7), (Texts{"1", "1", "***"}));
-    EXPECT_EQ(b.Text(2, 5), "***");
-}
-
 // Whole sorted numbers: 3 Way Box tickets hit, a ticket in both lists hits in both, and each
 // list with a hit shows its letter.
 TEST(TicketsFollow, ListsWithLettersFollowWholeBoxNumbers) {
