@@ -143,15 +143,16 @@ MissCounters::MissCounters(int firstCol, int lastCol, Rgb missFore)
       unused_(counters_.size(), 0) {}
 
 void MissCounters::FillRow(ReportSheet& sheet, int row) {
-    frame_detail::SheetCells::CountMisses(sheet, row, firstCol_, {}, false, missFore_, counters_,
-                                          unused_, unused_);
+    frame_detail::SheetCells::CountMisses(sheet, row, row, firstCol_, {}, false, missFore_,
+                                          counters_, unused_, unused_);
 }
 
 void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {
     // Row by row: wide sheets are walked in the order they are stored.
-    MissCounters counters(firstCol, lastCol);
-    for (int r = 1; r <= sheet.DrawCount(); ++r)
-        counters.FillRow(sheet, r);
+    std::vector<short> counters(static_cast<std::size_t>(std::max(lastCol - firstCol + 1, 0)), 1);
+    std::vector<short> unused(counters.size(), 0);
+    frame_detail::SheetCells::CountMisses(sheet, 1, sheet.DrawCount(), firstCol, {}, false,
+                                          kDefaultColour, counters, unused, unused);
 }
 
 namespace {
@@ -243,12 +244,12 @@ void FillMissCountersAndStatisticRows(ReportSheet& sheet, int lastHitCol,
     std::vector<short> counters(tally.amounts.size(), 1);
     using frame_detail::SheetCells;
     const SheetCells::Hit hit = SheetCells::HitOf(sheet, hitMarker);
-    for (int r = 1; r <= n; ++r) {
-        const bool closedRuns =
-            r <= n - 1;  // a run open in the last row counts up to the row before
-        SheetCells::CountMisses(sheet, r, firstHitCol, hit, closedRuns, kDefaultColour, counters,
+    // A run open in the last row counts up to the row before.
+    SheetCells::CountMisses(sheet, 1, n - 1, firstHitCol, hit, true, kDefaultColour, counters,
+                            tally.amounts, tally.maxMisses);
+    if (n >= 1)
+        SheetCells::CountMisses(sheet, n, n, firstHitCol, hit, false, kDefaultColour, counters,
                                 tally.amounts, tally.maxMisses);
-    }
     WriteMissStatistics(sheet, firstHitCol, lastHitCol, hitMarker, tally);
     FinishStatisticRows(sheet, lastHitCol, rule, firstHitCol);
 }

@@ -20,38 +20,45 @@ SheetCells::Hit SheetCells::HitOf(const ReportSheet& sheet, std::string_view hit
     return {key.handle, key.text};
 }
 
-void SheetCells::CountMisses(ReportSheet& sheet, int row, int firstCol, const Hit& key,
-                             bool closedRuns, Rgb missFore, std::span<short> counters,
-                             std::span<short> hits, std::span<short> maxMisses) {
+void SheetCells::CountMisses(ReportSheet& sheet, int firstRow, int lastRow, int firstCol,
+                             const Hit& key, bool closedRuns, Rgb missFore,
+                             std::span<short> counters, std::span<short> hits,
+                             std::span<short> maxMisses) {
     using Cell = ReportSheet::Cell;
-    if (row < 0 || row >= sheet.rows_ || firstCol < 0) return;
+    firstRow = std::max(firstRow, 0);
+    lastRow = std::min(lastRow, sheet.rows_ - 1);
+    if (firstCol < 0) return;
     const int count = std::min({sheet.cols_ - firstCol, static_cast<int>(counters.size()),
                                 static_cast<int>(hits.size()), static_cast<int>(maxMisses.size())});
     const bool coloured = missFore != kDefaultColour;
     const std::uint16_t fore = coloured ? sheet.PaletteIndex(missFore) : 0;
-    Cell* cells = sheet.CellData() + sheet.Index(row, firstCol);
-    for (int i = 0; i < count; ++i) {
-        const auto k = static_cast<std::size_t>(i);
-        const std::uint32_t h = cells[i].text;
-        // Whether a cell is a hit is as good as random: the common cells, empty ones and hits,
-        // are counted without a jump.
-        const bool empty = h == 0;
-        const bool match = !empty && h == key.handle;
-        if (!empty && !match) [[unlikely]] {  // another text, or a label that reads as the hit
-            counters[k] = 1;
-            if (firstCol + i == 0 && row > 0 && sheet.HandleIs(h, key.text))
-                ++hits[k];
-            else if (closedRuns)
-                maxMisses[k] = std::max(maxMisses[k], sheet.RoundedValue(h));
-            continue;
+    for (int row = firstRow; row <= lastRow; ++row) {
+        Cell* cells = sheet.CellData() + sheet.Index(row, firstCol);
+        for (int i = 0; i < count; ++i) {
+            const auto k = static_cast<std::size_t>(i);
+            const std::uint32_t h = cells[i].text;
+            // Whether a cell is a hit is as good as random: the common cells, empty ones and
+            // hits, are counted without a jump.
+            const bool empty = h == 0;
+            const bool match = !empty && h == key.handle;
+            if (!empty && !match) [[unlikely]] {  // another text, or a label that reads as the hit
+                counters[k] = 1;
+                if (firstCol + i == 0 && row > 0 && sheet.HandleIs(h, key.text))
+                    ++hits[k];
+                else if (closedRuns)
+                    maxMisses[k] = std::max(maxMisses[k], sheet.RoundedValue(h));
+                continue;
+            }
+            cells[i].text = empty ? ReportSheet::NumberHandle(counters[k]) : h;
+            if (coloured && empty) cells[i].fore = fore;
+            // The Miss number is read back from the cell: a counter always fits its inline
+            // number.
+            const short miss =
+                empty ? static_cast<short>(ReportSheet::InlineValue(cells[i].text)) : 0;
+            counters[k] = empty ? static_cast<short>(counters[k] + 1) : 1;
+            hits[k] = static_cast<short>(hits[k] + (match ? 1 : 0));
+            maxMisses[k] = closedRuns ? std::max(maxMisses[k], miss) : maxMisses[k];
         }
-        cells[i].text = empty ? ReportSheet::NumberHandle(counters[k]) : h;
-        if (coloured && empty) cells[i].fore = fore;
-        // The Miss number is read back from the cell: a counter always fits its inline number.
-        const short miss = empty ? static_cast<short>(ReportSheet::InlineValue(cells[i].text)) : 0;
-        counters[k] = empty ? static_cast<short>(counters[k] + 1) : 1;
-        hits[k] = static_cast<short>(hits[k] + (match ? 1 : 0));
-        maxMisses[k] = closedRuns ? std::max(maxMisses[k], miss) : maxMisses[k];
     }
 }
 

@@ -27,14 +27,15 @@ public:
     };
     static Hit HitOf(const ReportSheet& sheet, std::string_view hitText);
 
-    // Row `row` of the Miss counters, one counter per column from `firstCol` on (columns past
-    // the spans' size are left out): an empty cell gets its column's counter, in the fore colour
-    // `missFore`, and the counter counts on; any other cell starts it again at 1 and, holding
-    // exactly the hit's text, adds to `hits`. With `closedRuns`, `maxMisses` is raised to the
-    // CellNumber of each cell but the hits.
-    static void CountMisses(ReportSheet& sheet, int row, int firstCol, const Hit& hit,
-                            bool closedRuns, Rgb missFore, std::span<short> counters,
-                            std::span<short> hits, std::span<short> maxMisses);
+    // Rows `firstRow` to `lastRow` of the Miss counters, one row after the other, one counter per
+    // column from `firstCol` on (columns past the spans' size are left out): an empty cell gets
+    // its column's counter, in the fore colour `missFore`, and the counter counts on; any other
+    // cell starts it again at 1 and, holding exactly the hit's text, adds to `hits`. With
+    // `closedRuns`, `maxMisses` is raised to the CellNumber of each cell but the hits.
+    static void CountMisses(ReportSheet& sheet, int firstRow, int lastRow, int firstCol,
+                            const Hit& hit, bool closedRuns, Rgb missFore,
+                            std::span<short> counters, std::span<short> hits,
+                            std::span<short> maxMisses);
     // Column by column over rows `firstRow` to `lastRow`: adds to `hits` the cells that hold
     // exactly the hit's text, and raises `maxOthers` to the largest CellNumber of the others.
     static void TallyColumns(const ReportSheet& sheet, int firstRow, int lastRow, int firstCol,
