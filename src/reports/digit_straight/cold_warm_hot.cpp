@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
+#include "frame/header_columns.h"
 #include "frame/number_classes.h"
 #include "reports/digit_straight/seven_drawing_ranking.h"
 #include "reports/report_registry.h"
@@ -65,7 +66,7 @@ void LayOut(ReportSheet& sheet) {
 // header is the numbers of Hot, Warm and Cold digits. A digit drawn twice counts twice; its list
 // cell is painted once. A list cell no digit hit keeps its colour, but for the band of the middle
 // ranks.
-void MarkPattern(ReportSheet& sheet, const std::vector<std::string>& patternHeaders, int r) {
+void MarkPattern(ReportSheet& sheet, const HeaderColumns& patternColumns, int r) {
     std::array<short, 3> digits{};
     for (int i = 0; i < 3; ++i)
         digits[static_cast<std::size_t>(i)] = sheet.CellNumber(r, ranking_cols::kFirstDigit + i);
@@ -83,12 +84,9 @@ void MarkPattern(ReportSheet& sheet, const std::vector<std::string>& patternHead
         }
         pattern.Append(static_cast<short>(count));
     }
-    for (std::size_t i = 0; i < patternHeaders.size(); ++i) {
-        if (patternHeaders[i] != std::string_view(pattern)) continue;
-        const int c = kFirstPatternCol + static_cast<int>(i);
+    if (const int c = patternColumns.Find(pattern); c >= 0) {
         sheet.SetText(r, c, pattern);
         sheet.SetBackColor(r, c, kPatternColour);
-        return;
     }
 }
 
@@ -228,9 +226,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 3, -1);
     SevenDrawingRanking ranking;
-    std::vector<std::string> patternHeaders;  // as read back from row 0
-    for (int c = kFirstPatternCol; c <= kLastPatternCol; ++c)
-        patternHeaders.push_back(sheet.Text(0, c));
+    const HeaderColumns patternColumns(sheet, kFirstPatternCol, kLastPatternCol, /*trim=*/false);
     // A row's lists rest on the rows above it only, so each row is worked whole while it is at
     // hand: its lists, the Warm band, and for a drawing with lists its pattern.
     FillSheet(
@@ -239,7 +235,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
             ranking.Rank(sheet, r);
             // The Warm digits are banded; a row with a pattern bands them with its hits.
             if (r > kRankingDrawings)
-                MarkPattern(sheet, patternHeaders, r);
+                MarkPattern(sheet, patternColumns, r);
             else
                 ShadeMiddleRanks(sheet, r);
         },

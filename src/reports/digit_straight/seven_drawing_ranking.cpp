@@ -7,19 +7,19 @@ namespace numarel {
 std::array<short, 10> RankDigits(const DigitCounts& counts) {
     // A key per digit that ranks it: its count, then the digit reversed, so that among equal
     // counts the smaller digit ranks higher. A digit's place is the number of higher keys. The
-    // keys fill sixteen places, the last six lower than any digit's, so that a digit's higher keys
-    // are counted a row of keys at a time.
+    // keys fill sixteen places, the last six lower than any digit's, so that each key is held
+    // against all the others at once.
     std::array<short, 16> keys;
     keys.fill(-1);
     for (std::size_t d = 0; d < 10; ++d)
         keys[d] = static_cast<short>(counts[d] * 10 + (9 - static_cast<int>(d)));
+    std::array<short, 16> places{};
+    for (std::size_t k = 0; k < 10; ++k)
+        for (std::size_t d = 0; d < places.size(); ++d)
+            places[d] = static_cast<short>(places[d] + (keys[k] > keys[d] ? 1 : 0));
     std::array<short, 10> order{};
-    for (std::size_t d = 0; d < 10; ++d) {
-        short place = 0;
-        for (short key : keys)
-            place = static_cast<short>(place + (key > keys[d] ? 1 : 0));
-        order[static_cast<std::size_t>(place)] = static_cast<short>(d);
-    }
+    for (std::size_t d = 0; d < 10; ++d)
+        order[static_cast<std::size_t>(places[d])] = static_cast<short>(d);
     return order;
 }
 
