@@ -11,6 +11,8 @@
 
 #include "data/basic_text.h"
 
+#include <link.h>
+
 namespace numarel {
 namespace {
 
@@ -34,7 +36,43 @@ bool ParsePlainNumber(std::string_view text, long& value) {
            value < kNumberBias;
 }
 
+// The loaded segment that holds the program's own string constants: read-only, so that a text in
+// it never changes. Where it cannot be found, the range stays empty and no text is taken for a
+// constant.
+constexpr char kProbe[] = "a constant text";
+
+struct Segment {
+    std::uintptr_t begin = 0;
+    std::uintptr_t size = 0;
+};
+
+int FindConstants(dl_phdr_info* info, std::size_t, void* found) {
+    auto& range = *static_cast<Segment*>(found);
+    const auto probe = reinterpret_cast<std::uintptr_t>(kProbe);
+    for (int i = 0; i < info->dlpi_phnum; ++i) {
+        const auto& segment = info->dlpi_phdr[i];
+        if (segment.p_type != PT_LOAD || (segment.p_flags & PF_W)) continue;
+        const std::uintptr_t begin = info->dlpi_addr + segment.p_vaddr;
+        if (probe - begin < segment.p_memsz) {
+            range = {begin, segment.p_memsz};
+            return 1;
+        }
+    }
+    return 0;
+}
+
+Segment ProgramConstants() {
+    Segment range;
+    dl_iterate_phdr(FindConstants, &range);
+    return range;
+}
+
 }  // namespace
+
+const ReportSheet::AddressRange ReportSheet::kProgramConstants = [] {
+    const Segment range = ProgramConstants();
+    return AddressRange{range.begin, range.size};
+}();
 
 void ReportSheet::Resize(int rows, int cols) {
     rows = std::max(rows, 0);
@@ -77,13 +115,13 @@ std::uint32_t ReportSheet::NewTextHandle(std::string_view text) {
     if (text.empty()) return 0;
     const std::uint32_t handle =
         ParsePlainNumber(text, value) ? NumberHandle(value) : pool_.Intern(text);
+    if (text.size() > 8 || IsProgramConstant(text.data()))
+        recentTexts_[RecentTextSlot(text)] = {text.data(), text.size(), handle};
     if (text.size() <= 8) {
         const std::uint64_t chars = Packed(text);
         ShortTextSet& known = shortTexts_[ShortTextSlot(chars, text.size())];
         known.ways[1] = known.ways[0];
         known.ways[0] = {chars, static_cast<std::uint32_t>(text.size()), handle};
-    } else {
-        recentTexts_[RecentTextSlot(text)] = {text.data(), text.size(), handle};
     }
     return handle;
 }

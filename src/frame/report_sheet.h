@@ -251,9 +251,22 @@ private:
         return handle != 0 ? handle : NewTextHandle(text);
     }
     std::uint32_t NewTextHandle(std::string_view text);
-    // The handle of `text` when it was written before; 0 when it is not at hand. A short text is
-    // found by its characters, a longer one by where they are, and checked.
-    std::uint32_t RecentHandle(std::string_view text) const {
+    // The handle of `text` when it was written before; 0 when it is not at hand. A text of the
+    // program's own constants (a marker, a table's text) never changes: it is found by where it is
+    // alone. Any other short text is found by its characters, a longer one by where they are, and
+    // checked.
+    std::uint32_t RecentHandle(std::string_view text) {
+        if (IsProgramConstant(text.data())) {
+            RecentText& recent = recentTexts_[RecentTextSlot(text)];
+            if (recent.data == text.data() && recent.size == text.size() && recent.handle != 0)
+                return recent.handle;
+            const std::uint32_t handle = HandleByCharacters(text);
+            if (handle != 0) recent = {text.data(), text.size(), handle};
+            return handle;
+        }
+        return HandleByCharacters(text);
+    }
+    std::uint32_t HandleByCharacters(std::string_view text) const {
         if (text.size() <= 8) {
             const std::uint64_t chars = Packed(text);
             const ShortTextSet& known = shortTexts_[ShortTextSlot(chars, text.size())];
@@ -345,7 +358,17 @@ private:
         std::array<ShortText, 2> ways;
     };
     std::vector<ShortTextSet> shortTexts_ = std::vector<ShortTextSet>(1024);
-    // Longer texts written before, by RecentTextSlot.
+    // Where the program's read-only data lies (found when the program starts; empty before).
+    struct AddressRange {
+        std::uintptr_t begin = 0;
+        std::uintptr_t size = 0;
+    };
+    static const AddressRange kProgramConstants;
+    static bool IsProgramConstant(const char* data) {
+        return reinterpret_cast<std::uintptr_t>(data) - kProgramConstants.begin <
+               kProgramConstants.size;
+    }
+    // Longer texts and the program's constant texts written before, by RecentTextSlot.
     struct RecentText {
         const char* data = nullptr;
         std::size_t size = 0;

@@ -142,6 +142,15 @@ TEST(ReportSheet, TextsWrittenAgainReadAsWritten) {
     sheet.SetText(1, 2, "*+*");
     EXPECT_EQ(RowTexts(sheet, 1, 1, 3), (Texts{"5999x", "*+*", "a text longer than eight"}));
     EXPECT_EQ(sheet.Text(2, 2), "07");
+    // A constant text of the program and the same characters in a buffer are one text, before
+    // and after the texts are let go; a constant that is a plain number is a number.
+    sheet.SetText(3, 2, "*+*");
+    EXPECT_TRUE(sheet.SameText(1, 2, 3, 2));
+    sheet.SetText(3, 3, "120");
+    EXPECT_TRUE(sheet.HoldsNumber(3, 3));
+    buffer = "120";
+    sheet.SetText(2, 3, buffer);
+    EXPECT_TRUE(sheet.SameText(2, 3, 3, 3));
 }
 
 // Amount and Max Miss agree with the cell calls on any cell: a marker, a number written as text,
