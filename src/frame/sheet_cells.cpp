@@ -37,20 +37,20 @@ void SheetCells::CountMisses(ReportSheet& sheet, int firstRow, int lastRow, int 
         for (int i = 0; i < count; ++i) {
             const auto k = static_cast<std::size_t>(i);
             const std::uint32_t h = cells[i].text;
-            // Whether a cell is a hit is as good as random: the common cells, empty ones and
-            // hits, are counted without a jump.
+            // Whether a cell is a hit is as good as random: the cells are counted without a jump.
             const bool empty = h == 0;
-            const bool match = !empty && h == key.handle;
-            if (!empty && !match) [[unlikely]] {  // another text, or a label that reads as the hit
-                counters[k] = 1;
+            bool match = !empty && h == key.handle;
+            // Another text: a label (column 0) that reads as the hit counts as one, and with
+            // closed runs any other raises Max Miss by its number. Otherwise it only starts the
+            // counter again, like a hit, without a jump: a chart's markers come in no order.
+            if (!empty && !match && (closedRuns || firstCol + i == 0)) [[unlikely]] {
                 if (firstCol + i == 0 && row > 0 && sheet.HandleIs(h, key.text))
-                    ++hits[k];
+                    match = true;
                 else if (closedRuns)
                     maxMisses[k] = std::max(maxMisses[k], sheet.RoundedValue(h));
-                continue;
             }
             cells[i].text = empty ? ReportSheet::NumberHandle(counters[k]) : h;
-            if (coloured && empty) cells[i].fore = fore;
+            cells[i].fore = coloured && empty ? fore : cells[i].fore;
             // The Miss number is read back from the cell: a counter always fits its inline
             // number.
             const short miss =
