@@ -6,23 +6,13 @@
 #include <vector>
 
 #include "data/drawings_file.h"
+#include "support/made_up_history.h"
 
 namespace numarel::bench {
 
 // A drawings file of `count` drawings with digits from a fixed pseudo-random sequence.
 inline std::string SyntheticFile(int count) {
-    std::string bytes;
-    std::uint32_t state = 12345;
-    for (int i = 0; i < count; ++i) {
-        bytes += std::to_string(1000001 + i);
-        for (int k = 0; k < 3; ++k) {
-            state = state * 1664525u + 1013904223u;
-            bytes += ' ';
-            bytes += static_cast<char>('0' + (state >> 16) % 10);
-        }
-        bytes += "\r\n";
-    }
-    return bytes;
+    return testing::HistoryText(count, 12345, 1000001);
 }
 
 // That file for 32767 drawings, and its drawings.

@@ -26,21 +26,6 @@ std::vector<DrawRecord> Drawings(std::initializer_list<std::string_view> digits)
     return out;
 }
 
-std::string HistoryText(int count, std::uint32_t seed, long firstDate) {
-    std::string bytes;
-    std::uint32_t state = seed;
-    for (int i = 0; i < count; ++i) {
-        bytes += std::to_string(firstDate + i);
-        for (int k = 0; k < 3; ++k) {
-            state = state * 1664525u + 1013904223u;
-            bytes += ' ';
-            bytes += static_cast<char>('0' + (state >> 16) % 10);
-        }
-        bytes += "\r\n";
-    }
-    return bytes;
-}
-
 ReportSheet Build(std::string_view object, const std::vector<DrawRecord>& drawings) {
     ReportSheet sheet;
     const ReportDefinition* definition = FindReport(object);

@@ -8,15 +8,12 @@
 
 #include "data/drawings_file.h"
 #include "frame/report_sheet.h"
+#include "support/made_up_history.h"
 
 namespace numarel::testing {
 
 // Drawings from short lines such as {"123", "450"}: each is H T U, dated 2020001, 2020002, ...
 std::vector<DrawRecord> Drawings(std::initializer_list<std::string_view> digits);
-
-// A drawings file of `count` made-up drawings dated `firstDate`, `firstDate` + 1, ..., the same
-// for the same `seed` on every run.
-std::string HistoryText(int count, std::uint32_t seed, long firstDate = 2021001);
 
 // Builds a report by its window object on `drawings`; fails the test when it is not built.
 ReportSheet Build(std::string_view object, const std::vector<DrawRecord>& drawings);
