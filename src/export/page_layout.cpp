@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <vector>
 
 #include "export/sheet_format.h"
 #include "export/sheet_view.h"
@@ -19,6 +20,25 @@ bool RowShown(const ReportSheet& sheet, int row) {
 // The first row of drawing `n` (from 1) and the row after its last.
 int FirstRowOf(const ReportSheet& sheet, int n) {
     return (n - 1) * sheet.RowsPerDrawing() + 1;
+}
+
+// `items` in runs, each as long as fits in `room` by `size` but holding one item at least; one
+// empty run for no items.
+template <class Size>
+std::vector<std::vector<int>> RunsThatFit(const std::vector<int>& items, double room, Size size) {
+    std::vector<std::vector<int>> runs;
+    double used = 0;
+    for (int item : items) {
+        const double s = size(item);
+        if (runs.empty() || used + s > room + 1e-6) {
+            runs.emplace_back();
+            used = 0;
+        }
+        runs.back().push_back(item);
+        used += s;
+    }
+    if (runs.empty()) runs.emplace_back();
+    return runs;
 }
 
 long long DateValue(std::string_view text, bool& ok) {
@@ -112,37 +132,19 @@ PageLayout LayOutPages(const ReportSheet& sheet, const std::vector<int>& rows,
         if (twips > 0) layout.scale = std::min(layout.scale, width / twips);
     }
 
-    // Runs of columns that fit beside the label column.
-    std::vector<std::vector<int>> colRuns;
-    const double colRoom = width - labelTwips * layout.scale;
-    double usedWidth = 0;
-    for (int c : cols) {
-        const double w = ShownColWidth(sheet, c) * layout.scale;
-        if (colRuns.empty() || (usedWidth + w > colRoom + 1e-6 && !colRuns.back().empty())) {
-            colRuns.emplace_back();
-            usedWidth = 0;
-        }
-        colRuns.back().push_back(c);
-        usedWidth += w;
-    }
-    if (colRuns.empty()) colRuns.emplace_back();
-
-    // Runs of rows that fit under the header row.
-    std::vector<std::vector<int>> rowRuns;
-    const double rowRoom = setup.height - 2 * setup.margin - layout.headingHeight -
-                           (RowShown(sheet, 0) ? ShownRowHeight(sheet, 0) * layout.scale : 0);
-    double used = 0;
-    for (int r : rows) {
-        if (r <= 0 || r >= sheet.Rows() || !RowShown(sheet, r)) continue;
-        const double h = ShownRowHeight(sheet, r) * layout.scale;
-        if (rowRuns.empty() || (used + h > rowRoom + 1e-6 && !rowRuns.back().empty())) {
-            rowRuns.emplace_back();
-            used = 0;
-        }
-        rowRuns.back().push_back(r);
-        used += h;
-    }
-    if (rowRuns.empty()) rowRuns.emplace_back();
+    // Runs of columns that fit beside the label column, and runs of rows that fit under the
+    // header row.
+    const std::vector<std::vector<int>> colRuns =
+        RunsThatFit(cols, width - labelTwips * layout.scale,
+                    [&](int c) { return ShownColWidth(sheet, c) * layout.scale; });
+    std::vector<int> shownRows;
+    for (int r : rows)
+        if (r > 0 && r < sheet.Rows() && RowShown(sheet, r)) shownRows.push_back(r);
+    const std::vector<std::vector<int>> rowRuns =
+        RunsThatFit(shownRows,
+                    setup.height - 2 * setup.margin - layout.headingHeight -
+                        (RowShown(sheet, 0) ? ShownRowHeight(sheet, 0) * layout.scale : 0),
+                    [&](int r) { return ShownRowHeight(sheet, r) * layout.scale; });
 
     for (const auto& colRun : colRuns)
         for (const auto& rowRun : rowRuns)
