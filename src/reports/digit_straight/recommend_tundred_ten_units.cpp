@@ -14,6 +14,10 @@ constexpr int kCols = 13;
 constexpr int kFirstGroupCol = 10;
 constexpr int kSecondGroupCol = 11;
 constexpr int kEitherGroupCol = 12;
+// The group texts of a row whose masks hit.
+constexpr std::string_view kFirstGroupHit = "(1)+(2)+(3)YES";
+constexpr std::string_view kSecondGroupHit = "(4)+(5)+(6)YES";
+constexpr std::string_view kEitherGroupHit = "(1)-----(6)YES";
 
 // A carried digit: the column it lands in, the digit column of the drawing before it comes from,
 // the digit column of its own row it is compared with, and how its mask frames the digit.
@@ -97,9 +101,9 @@ void MarkGroups(ReportSheet& sheet, int row) {
         else
             second += hit;
     }
-    if (first > 0) sheet.SetText(row, kFirstGroupCol, "(1)+(2)+(3)YES");
-    if (second > 0) sheet.SetText(row, kSecondGroupCol, "(4)+(5)+(6)YES");
-    if (first > 0 || second > 0) sheet.SetText(row, kEitherGroupCol, "(1)-----(6)YES");
+    if (first > 0) sheet.SetText(row, kFirstGroupCol, kFirstGroupHit);
+    if (second > 0) sheet.SetText(row, kSecondGroupCol, kSecondGroupHit);
+    if (first > 0 || second > 0) sheet.SetText(row, kEitherGroupCol, kEitherGroupHit);
 }
 
 // The drawings as the frame's fill reads them, but with the date alone in column 0: writing each
@@ -166,22 +170,22 @@ std::span<const ScoredMethod> RecommendTundredTenUnitsMethods() {
          .shape = ClaimShape::PositionMasks,
          .firstClaimCol = 4,
          .claimCount = 3,
-         .judgeCol = 10,
-         .hitText = "(1)+(2)+(3)YES"},
+         .judgeCol = kFirstGroupCol,
+         .hitText = kFirstGroupHit},
         {.object = "frmzhixuantaloven",
          .name = "(4)+(5)+(6)",
          .shape = ClaimShape::PositionMasks,
          .firstClaimCol = 7,
          .claimCount = 3,
-         .judgeCol = 11,
-         .hitText = "(4)+(5)+(6)YES"},
+         .judgeCol = kSecondGroupCol,
+         .hitText = kSecondGroupHit},
         {.object = "frmzhixuantaloven",
          .name = "(1)-----(6)",
          .shape = ClaimShape::PositionMasks,
          .firstClaimCol = 4,
          .claimCount = 6,
-         .judgeCol = 12,
-         .hitText = "(1)-----(6)YES"},
+         .judgeCol = kEitherGroupCol,
+         .hitText = kEitherGroupHit},
     };
     return kMethods;
 }

@@ -154,11 +154,11 @@ std::span<const ScoredMethod> RecommendPairsMethods() {
         {.object = "frmrenwenlengTlm",
          .name = "12 pairs",
          .shape = ClaimShape::Pairs,
-         .firstClaimCol = 22,
-         .claimCount = 12,
-         .judgeCol = 40,
-         .firstJudgedRow = 11,
-         .digitCol = 34},
+         .firstClaimCol = kFirstPairCol,
+         .claimCount = kLastPairCol - kFirstPairCol + 1,
+         .judgeCol = kHitCol,
+         .firstJudgedRow = kFirstPairRow,
+         .digitCol = ranking_cols::kFirstDigit},
     };
     return kMethods;
 }
