@@ -15,18 +15,24 @@ bool IsOneDigit(const std::string& field) {
     return field.size() == 1 && IsDigit(field[0]);
 }
 
-// The length of the label of a drawing whose date is at most 15 plain digits without a leading
-// zero and whose H, T and U are one digit each, as in every drawings file the program writes; 0
-// for any other drawing. The general rule would write such a label as WritePlainLabel does.
-std::size_t PlainLabelSize(const DrawRecord& record) {
-    const std::string& date = record.date;
+// True for a date of at most 15 plain digits without a leading zero, which the number-to-text
+// rule writes as it stands, after a blank.
+bool IsPlainDate(std::string_view date) {
     const std::size_t size = date.size();
-    if (size == 0 || size > 15 || (date[0] == '0' && size > 1)) return 0;
-    // Nearly every drawing is plain: one test at the end instead of a jump per character.
-    bool plain = IsOneDigit(record.h) & IsOneDigit(record.t) & IsOneDigit(record.u);
+    if (size == 0 || size > 15 || (date[0] == '0' && size > 1)) return false;
+    // Nearly every date is plain: one test at the end instead of a jump per character.
+    bool plain = true;
     for (char c : date)
         plain &= IsDigit(c);
-    return plain ? size + 5 : 0;
+    return plain;
+}
+
+// The length of the label of a drawing whose date is plain and whose H, T and U are one digit
+// each, as in every drawings file the program writes; 0 for any other drawing. The general rule
+// would write such a label as WritePlainLabel does.
+std::size_t PlainLabelSize(const DrawRecord& record) {
+    const bool plain = IsOneDigit(record.h) & IsOneDigit(record.t) & IsOneDigit(record.u);
+    return plain && IsPlainDate(record.date) ? record.date.size() + 5 : 0;
 }
 
 // A blank, the date, ":" and the three digits, into the PlainLabelSize characters at `out`.
@@ -39,17 +45,6 @@ void WritePlainLabel(const DrawRecord& record, char* out) {
     *out++ = record.h[0];
     *out++ = record.t[0];
     *out = record.u[0];
-}
-
-}  // namespace
-
-namespace {
-
-// True for a date of at most 15 plain digits without a leading zero, which the number-to-text
-// rule writes as it stands, after a blank.
-bool IsPlainDate(std::string_view digits) {
-    return !digits.empty() && digits.size() <= 15 && (digits[0] != '0' || digits.size() == 1) &&
-           std::all_of(digits.begin(), digits.end(), IsDigit);
 }
 
 }  // namespace
