@@ -44,9 +44,10 @@ inline void SortDigits(CurrentDigits& d) {
 // drawing, without a string.
 class DigitsText {
 public:
-    // Adds a digit: one character for 0 to 9, the field's number for anything else.
+    // Adds a digit: one character for 0 to 9, the field's number for anything else; nothing
+    // once the room is full.
     void Append(short digit) {
-        if (digit >= 0 && digit <= 9) [[likely]]
+        if (digit >= 0 && digit <= 9 && size_ < chars_.size()) [[likely]]
             chars_[size_++] = static_cast<char>('0' + digit);
         else
             AppendNumber(digit);
@@ -57,8 +58,8 @@ public:
 
 private:
     void AppendNumber(short digit);
-    // Three fields of at most "-32768"; only the first size_ are written.
-    std::array<char, 3 * 6> chars_;
+    // Four fields of at most "-32768"; only the first size_ are written.
+    std::array<char, 4 * 6> chars_;
     std::size_t size_ = 0;
 };
 
