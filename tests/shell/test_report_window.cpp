@@ -375,10 +375,8 @@ TEST_F(ReportSharingTest, PrintChoosesTheRowsAndSavesThePagesAsPdf) {
     // Print preview: the same choices beside the pages.
     scripted.dialogRuns.push_back([&](QDialog& d) {
         ++runs;
-        auto* dialog = dynamic_cast<ReportPrintDialog*>(&d);
-        if (!dialog) return false;
-        EXPECT_EQ(dialog->windowTitle(), "Print preview");
-        EXPECT_NE(dialog->Preview(), nullptr);
+        EXPECT_EQ(d.windowTitle(), "Print preview");
+        EXPECT_NE(dynamic_cast<ReportPrintDialog&>(d).Preview(), nullptr);
         return false;
     });
     std::unique_ptr<QMenu> menu(w->Grid()->BuildContextMenu(nullptr));
