@@ -21,6 +21,7 @@ namespace numarel {
 namespace {
 
 using testing::App;
+using testing::Key;
 
 constexpr Rgb kRed = MakeRgb(255, 0, 0);
 constexpr Rgb kBlue = MakeRgb(0, 0, 255);
@@ -273,11 +274,6 @@ ReportSheet Sheet() {
     sheet.SetColWidth(4, 0);  // hidden at every zoom
     sheet.SetRowHeight(3, 600);
     return sheet;
-}
-
-void Key(QWidget* w, int key, Qt::KeyboardModifiers modifiers) {
-    QKeyEvent press(QEvent::KeyPress, key, modifiers);
-    QApplication::sendEvent(w, &press);
 }
 
 TEST(GridZoom, StepsStayBetweenFiftyAndFourHundred) {

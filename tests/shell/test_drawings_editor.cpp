@@ -49,9 +49,8 @@ protected:
     }
     static void Type(DrawingsEditor& e, const QString& text) {
         for (QChar c : text) {
-            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-            QApplication::sendEvent(
-                e.CellBox()->hasFocus() ? static_cast<QWidget*>(e.CellBox()) : e.Table(), &press);
+            testing::Key(e.CellBox()->hasFocus() ? static_cast<QWidget*>(e.CellBox()) : e.Table(),
+                         0, Qt::NoModifier, QString(c));
         }
     }
     static std::vector<QString> Column(DrawingsEditor& e, int col) {
@@ -110,8 +109,7 @@ TEST_F(EditorTest, EnterAndTabMoveOnSoThatADrawingIsTypedInOneGo) {
     Go(*e, 1, 0);
     for (const char* field : {"2020002", "4", "5", "6"}) {
         Type(*e, field);
-        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-        QApplication::sendEvent(e->CellBox(), &enter);
+        testing::Key(e->CellBox(), Qt::Key_Return);
     }
     EXPECT_TRUE(e->isVisible());  // Enter never reaches a button or closes the editor
     Click(*e, "Command13");
@@ -121,15 +119,13 @@ TEST_F(EditorTest, EnterAndTabMoveOnSoThatADrawingIsTypedInOneGo) {
     // moves the focus to a button.
     e = Make("2020001 1 2 3\r\n");
     Go(*e, 0, 3);
-    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-    QApplication::sendEvent(e->Table(), &tab);
+    testing::Key(e->Table(), Qt::Key_Tab);
     EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(1, 0));  // the next row's Date
     EXPECT_TRUE(e->CellBox()->hasFocus());
     Type(*e, "2020002");
-    QApplication::sendEvent(e->CellBox(), &tab);
+    testing::Key(e->CellBox(), Qt::Key_Tab);
     Type(*e, "4");
-    QKeyEvent backTab(QEvent::KeyPress, Qt::Key_Backtab, Qt::ShiftModifier);
-    QApplication::sendEvent(e->CellBox(), &backTab);
+    testing::Key(e->CellBox(), Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(1, 0));
     EXPECT_EQ(Column(*e, 0)[1], "2020002");
     EXPECT_EQ(Column(*e, 1)[1], "4");
@@ -264,9 +260,8 @@ TEST_F(EditorTest, RowButtonsWorkOnTheCurrentRowAndNeverDeleteTheLastRow) {
 TEST_F(EditorTest, SeveralSelectedRowsAreDeletedAfterOneQuestion) {
     auto e = Make("2020001 1 2 3\r\n2020002 4 5 6\r\n2020003 7 8 9\r\n2020004 1 1 1\r\n");
     Go(*e, 1, 2);
-    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::ShiftModifier);
-    QApplication::sendEvent(e->Table(), &down);
-    QApplication::sendEvent(e->Table(), &down);
+    testing::Key(e->Table(), Qt::Key_Down, Qt::ShiftModifier);
+    testing::Key(e->Table(), Qt::Key_Down, Qt::ShiftModifier);
     scripted.answers = {false, true};
     Click(*e, "Command12");
     EXPECT_EQ(e->Model().rowCount(), 5);  // No: nothing deleted
@@ -334,8 +329,7 @@ TEST_F(EditorTest, ZoomScalesTheTableAndComesBackToTheDesignedSize) {
     QTableView* t = e->Table();
     const int width = t->columnWidth(0);
     for (auto [key, zoom] : {std::pair{Qt::Key_Plus, 110}, std::pair{Qt::Key_0, 100}}) {
-        QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
-        QApplication::sendEvent(t, &press);
+        testing::Key(t, key, Qt::ControlModifier);
         EXPECT_EQ(e->Zoom(), zoom);
         EXPECT_NEAR(t->columnWidth(0), width * zoom / 100.0, 1.0);
     }

@@ -26,10 +26,7 @@ protected:
         for (QChar ch : text) {
             const int key = ch == QLatin1Char('\n') ? int(Qt::Key_Return) : int(ch.unicode());
             const QString typed = ch == QLatin1Char('\n') ? QStringLiteral("\r") : QString(ch);
-            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, typed);
-            QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, typed);
-            QApplication::sendEvent(widget, &press);
-            QApplication::sendEvent(widget, &release);
+            testing::Key(widget, key, Qt::NoModifier, typed, true);
         }
     }
     static void EnquireWith(EnquiryWindow* w, const QString& text) {

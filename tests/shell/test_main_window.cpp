@@ -196,14 +196,10 @@ TEST_F(MainWindowTest, TheWelcomeStartsOnClickOrReturnAndTheTypeStaysSelected) {
     auto* type = welcome->findChild<QRadioButton*>(QStringLiteral("Option1"));
     ASSERT_NE(type, nullptr);
     type->click();
-    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
-    QKeyEvent spaceUp(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
-    QApplication::sendEvent(type, &space);
-    QApplication::sendEvent(type, &spaceUp);
+    testing::Key(type, Qt::Key_Space, Qt::NoModifier, " ", true);
     EXPECT_TRUE(type->isChecked());
     EXPECT_EQ(started, 0);
-    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-    QApplication::sendEvent(type, &enter);
+    testing::Key(type, Qt::Key_Return);
     testing::Drain();
     EXPECT_EQ(started, 1);
     EXPECT_TRUE(welcome.isNull());
@@ -229,10 +225,7 @@ TEST_F(MainWindowTest, GroupMenusOpenedFromTheKeyboardStandAtTheirButton) {
 
     QCursor::setPos(below + QPoint(900, 700));
     button->setFocus();
-    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ");
-    QKeyEvent spaceUp(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, " ");
-    QApplication::sendEvent(button, &space);
-    QApplication::sendEvent(button, &spaceUp);
+    testing::Key(button, Qt::Key_Space, Qt::NoModifier, " ", true);
     QMenu* menu = w->Menu(group.menu);
     ASSERT_TRUE(menu->isVisible());
     EXPECT_LE((menu->pos() - below).manhattanLength(), 2);

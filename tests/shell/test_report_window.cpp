@@ -25,15 +25,12 @@ namespace numarel {
 namespace {
 
 using testing::FakeReports;
+using testing::Key;
 
 class ReportWindowTest : public testing::ShellTest {
 protected:
     static QPoint CellCentre(ReportWindow* w, int row, int col) {
         return w->Grid()->visualRect(w->Grid()->Model().IndexOf(row, col)).center();
-    }
-    static void Key(QWidget* w, int key, Qt::KeyboardModifiers modifiers) {
-        QKeyEvent press(QEvent::KeyPress, key, modifiers);
-        QApplication::sendEvent(w, &press);
     }
     static void Trigger(QMenu& menu, const QString& starts) {
         for (QAction* a : menu.actions())
@@ -358,8 +355,7 @@ TEST_F(ReportSharingTest, PrintChoosesTheRowsAndSavesThePagesAsPdf) {
         dialog->PdfButton()->click();
         return false;
     });
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_P, Qt::ControlModifier);
-    QApplication::sendEvent(w->Grid(), &press);
+    Key(w->Grid(), Qt::Key_P, Qt::ControlModifier);
     ASSERT_EQ(runs, 1);
     ASSERT_TRUE(scripted.saveDialogs.back());
     EXPECT_EQ(scripted.dialogs.back().presetName, "Sum of Odd-Sum of Even.pdf");
