@@ -20,7 +20,7 @@ constexpr int kFirstTicketCol = 5;
 class EnquiryWindowTest : public testing::ShellTest {
 protected:
     EnquiryWindow* Open(const char* object) {
-        return qobject_cast<EnquiryWindow*>(ShellTest::Open(object));
+        return &dynamic_cast<EnquiryWindow&>(*ShellTest::Open(object));
     }
     static void Type(QWidget* widget, const QString& text) {
         for (QChar ch : text) {
@@ -39,7 +39,6 @@ protected:
 // enquiry itself; here that the grid follows the sheet.
 TEST_F(EnquiryWindowTest, TypedAndPastedTicketsAreEnquiredAndASmallerEnquiryReplacesThem) {
     EnquiryWindow* w = Open(kStraight);
-    ASSERT_NE(w, nullptr);
     EXPECT_TRUE(w->isMaximized());
     EXPECT_EQ(w->Grid()->Model().columnCount(), 4);  // the history only
     for (QPushButton* button : {w->EnquireButton(), w->HelpButton(), w->ExitButton()})
@@ -70,7 +69,6 @@ TEST_F(EnquiryWindowTest, TypedAndPastedTicketsAreEnquiredAndASmallerEnquiryRepl
 // The refusals themselves are pinned with the enquiry; here how one is shown.
 TEST_F(EnquiryWindowTest, ARefusalIsShownAsInformationAndLeavesTheSheet) {
     EnquiryWindow* w = Open(kBox);
-    ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->windowTitle(), "Box Number Enquire");
     EnquireWith(w, QStringLiteral("113 456"));
     ASSERT_EQ(w->Sheet().Cols(), kFirstTicketCol + 3);
@@ -90,7 +88,6 @@ TEST_F(EnquiryWindowTest, ARefusalIsShownAsInformationAndLeavesTheSheet) {
 
 TEST_F(EnquiryWindowTest, TheSheetTakesWhatTheWindowGainsAndTheFrameKeepsItsHeight) {
     EnquiryWindow* w = Open(kBox);
-    ASSERT_NE(w, nullptr);
     w->showNormal();
     w->resize(900, 600);
     QCoreApplication::processEvents();

@@ -42,19 +42,16 @@ using ReportSharingTest = ReportWindowTest;
 
 TEST_F(ReportWindowTest, OpensMaximisedAndTheLoadOrderDecidesWhatItShowsWhileItComputes) {
     ReportWindow* real = Open("frmbjiouhe");
-    ASSERT_NE(real, nullptr);
     EXPECT_TRUE(real->isMaximized());
     EXPECT_EQ(real->windowTitle(), "Sum of Odd-Sum of Even");
     EXPECT_EQ(real->Sheet().DrawCount(), 3);
     // First load order: "Loading......" and the hourglass, then the title.
     ReportWindow* first = Open("frmhekualu");
-    ASSERT_NE(first, nullptr);
     EXPECT_EQ(FakeReports::reportCaptionDuringBuild, "Loading......");
     EXPECT_TRUE(FakeReports::hourglassDuringBuild);
     EXPECT_EQ(first->windowTitle(), "Fake report");
     // Second load order: the title from the start and no hourglass.
-    ReportWindow* second = Open("frmzu3leixing2");
-    ASSERT_NE(second, nullptr);
+    Open("frmzu3leixing2");
     EXPECT_EQ(FakeReports::reportCaptionDuringBuild, "Fake report");
     EXPECT_FALSE(FakeReports::hourglassDuringBuild);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
@@ -85,7 +82,6 @@ TEST_F(ReportWindowTest, EveryMenuEntryOpensItsReport) {
 TEST_F(ReportWindowTest, AnEmptyLotteryShowsAHintAndAfterExitTheNextOpeningReadsTheFileAgain) {
     WriteFile(session->drawingsPath, "");
     QPointer<ReportWindow> first = Open("frmhekualu");
-    ASSERT_NE(first, nullptr);
     EXPECT_TRUE(first->StatusLine()->text().contains("no drawings yet"));
     EXPECT_TRUE(first->StatusLine()->text().contains("Drawings"));
     WriteFile(session->drawingsPath, "2020001 1 2 3\r\n");
@@ -94,7 +90,6 @@ TEST_F(ReportWindowTest, AnEmptyLotteryShowsAHintAndAfterExitTheNextOpeningReads
     testing::Drain();
     EXPECT_TRUE(first.isNull());
     ReportWindow* second = Open("frmhekualu");
-    ASSERT_NE(second, nullptr);
     EXPECT_EQ(FakeReports::builds, 2);
     EXPECT_EQ(second->Sheet().DrawCount(), 1);
     EXPECT_TRUE(second->StatusLine()->text().isEmpty());
@@ -117,7 +112,6 @@ TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
 
 TEST_F(ReportWindowTest, MouseDownTogglesTheMarkAndLosesTheReportColour) {
     ReportWindow* w = Open("frmhekualu");
-    ASSERT_NE(w, nullptr);
     const Rgb mark = MakeRgb(43, 145, 255);
     // Row 1 (1 1 3) has a report colour in column 5; row 2 has none.
     ASSERT_EQ(w->Sheet().BackColor(1, 5), colours::kHit);
@@ -139,7 +133,6 @@ TEST_F(ReportWindowTest, MouseDownTogglesTheMarkAndLosesTheReportColour) {
 
 TEST_F(ReportWindowTest, DoubleClickPutsTheColumnsTextOnTheClipboard) {
     ReportWindow* w = Open("frmzu3leixing2");
-    ASSERT_NE(w, nullptr);
     testing::MouseDoubleClick(w->Grid()->viewport(), CellCentre(w, 2, 4));
     ASSERT_EQ(scripted.clipboard.size(), 1u);
     EXPECT_EQ(scripted.clipboard[0], "5\r\n15\r\n23\r\n");
@@ -212,7 +205,6 @@ TEST_F(ReportWindowTest, TheExportButtonWritesBesideTheProgramAndOpensTheFile) {
 // says what was copied.
 TEST_F(ReportSharingTest, CopyLeavesOutHiddenColumnsKeepsColoursAndSaysWhatItCopied) {
     ReportWindow* w = Open("frmhekualu");
-    ASSERT_NE(w, nullptr);
     ReportSheet& sheet = w->Sheet();
     ASSERT_GE(sheet.Cols(), 4);
     for (int c = 0; c < 4; ++c) {
@@ -249,7 +241,6 @@ TEST_F(ReportSharingTest, CopyLeavesOutHiddenColumnsKeepsColoursAndSaysWhatItCop
 TEST_F(ReportSharingTest, AReportRemembersItsZoomForTheNextOpening) {
     UserSettings()->remove(QStringLiteral("zoom"));
     ReportWindow* w = Open("frmhekualu");
-    ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->Grid()->Zoom(), 100);
     Key(w->Grid(), Qt::Key_Plus, Qt::ControlModifier);
     Key(w->Grid(), Qt::Key_Minus, Qt::ControlModifier);
@@ -261,11 +252,9 @@ TEST_F(ReportSharingTest, AReportRemembersItsZoomForTheNextOpening) {
     w->close();
     testing::Drain();
     w = Open("frmhekualu");
-    ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->Grid()->Zoom(), 125);
     EXPECT_EQ(w->StatusLine()->text(), "Zoom 125 %");
     ReportWindow* other = Open("frmzu3leixing2");  // each report its own
-    ASSERT_NE(other, nullptr);
     EXPECT_EQ(other->Grid()->Zoom(), 100);
     UserSettings()->remove(QStringLiteral("zoom"));
 }
@@ -273,7 +262,6 @@ TEST_F(ReportSharingTest, AReportRemembersItsZoomForTheNextOpening) {
 TEST_F(ReportSharingTest, SaveWritesTheWholeSheetAsTheCommandLineDoes) {
     UserSettings()->remove(QStringLiteral("folders"));
     ReportWindow* w = Open("frmbjiouhe");
-    ASSERT_NE(w, nullptr);
     struct Case {
         const char* action;
         std::string file;
@@ -319,7 +307,6 @@ TEST_F(ReportSharingTest, PrintChoosesTheRowsAndSavesThePagesAsPdf) {
         drawings += std::to_string(2020000 + i) + " " + std::to_string(i % 10) + " 5 7\r\n";
     WriteFile(session->drawingsPath, drawings);
     ReportWindow* w = Open("frmbjiouhe");
-    ASSERT_NE(w, nullptr);
     const ReportSheet& sheet = w->Sheet();
     ASSERT_EQ(sheet.DrawCount(), 200);
 
