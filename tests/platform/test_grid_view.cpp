@@ -229,7 +229,6 @@ TEST(Platform, HelpPagesOpenOnlyWhenTheyExist) {
     // The name is used exactly, a blank before ".htm" included.
     OpenHelpPage(launcher, folder, "Sum_or_difference_of_Pairs ");
     ASSERT_EQ(launcher.opened.size(), 1u);
-    EXPECT_TRUE(launcher.opened[0].isLocalFile());
     EXPECT_TRUE(launcher.opened[0].toLocalFile().endsWith("help/Sum_or_difference_of_Pairs .htm"));
 }
 
@@ -391,10 +390,6 @@ TEST(GridSelection, ShiftExtendsFromTheAnchorAndAPlainPressStartsAgain) {
 
     Key(&grid, Qt::Key_Down, Qt::NoModifier);  // a plain move starts again
     EXPECT_EQ(grid.Selection().size(), QSize(1, 1));
-
-    Count copy(&grid, &GridView::CopyRequested);
-    Key(&grid, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(copy.count, 1);
 }
 
 TEST(GridSelection, CtrlASelectsTheWholeSheetUntilTheNextMoveAndHiddenColumnsAreNotShown) {

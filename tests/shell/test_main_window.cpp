@@ -232,16 +232,5 @@ TEST_F(MainWindowTest, GroupMenusOpenedFromTheKeyboardStandAtTheirButton) {
     menu->close();
 }
 
-TEST_F(MainWindowTest, ALongLotteryNameIsElidedAndShownWholeAsATip) {
-    const std::string name(60, 'W');
-    WriteFile(folder.DataDir() / (name + ".txt"), "2020001 1 2 3\r\n");
-    WriteSelection(folder.SelectionFile(), name + ".txt");
-    QLabel* label = Make()->LotteryLabel();
-    EXPECT_TRUE(label->text().endsWith(QChar(0x2026))) << label->text().toStdString();
-    EXPECT_EQ(label->toolTip().toStdString(), "Lottery:" + name + ".");
-    WriteSelection(folder.SelectionFile(), "Demo.txt");
-    EXPECT_TRUE(Make()->LotteryLabel()->toolTip().isEmpty());
-}
-
 }  // namespace
 }  // namespace numarel
