@@ -39,7 +39,8 @@ protected:
     }
     void TearDown() override {
         for (QWidget* w : QApplication::topLevelWidgets())
-            if (w->inherits("numarel::ReportWindow") || w->inherits("numarel::MainWindow"))
+            if (w->inherits("numarel::ReportWindow") || w->inherits("numarel::MainWindow") ||
+                w->inherits("numarel::ScoreboardWindow"))
                 w->close();
         Drain();
     }

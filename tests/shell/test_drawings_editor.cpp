@@ -87,19 +87,13 @@ TEST_F(EditorTest, LoadShowsEveryRecordAndOpensAtTheEmptyLastRow) {
     EXPECT_TRUE(scripted.shown.empty());
 
     std::filesystem::remove(session->drawingsPath);  // a missing file says so
-    DrawingsEditor missing(*session);
-    missing.show();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(missing.Model().rowCount(), 1);
+    EXPECT_EQ(Make()->Model().rowCount(), 1);
     ASSERT_EQ(scripted.Said().size(), 1u);
     EXPECT_EQ(scripted.shown[0].title, "Error:");
 
     session->drawingsPath.clear();  // without a lottery, loading and saving say how to make one
     scripted.shown.clear();
-    DrawingsEditor none(*session);
-    none.show();
-    QCoreApplication::processEvents();
-    Click(none, "Command13");
+    Click(*Make(), "Command13");
     const std::string says = "Error: There is no lottery yet. Make one with New Lottery.";
     EXPECT_EQ(scripted.Said(), (std::vector<std::string>{says, says}));
 }

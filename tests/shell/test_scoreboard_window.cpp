@@ -21,11 +21,6 @@ protected:
         WriteFile(folder.DataDir() / "Demo.txt", testing::HistoryText(400, 3, 2020001));
         realReports = std::make_unique<ReportWindows>(*session);
     }
-    void TearDown() override {
-        for (QWidget* w : QApplication::topLevelWidgets())
-            if (w->inherits("numarel::ScoreboardWindow")) w->close();
-        ShellTest::TearDown();
-    }
     ScoreboardWindow* Make() {
         auto* w = new ScoreboardWindow(*session, *realReports);
         EXPECT_TRUE(w->Load().ok());
