@@ -317,20 +317,6 @@ TEST_F(EditorTest, DownloadAndExitAskFirstAndHelpOpensItsPage) {
     EXPECT_EQ(e->result(), QDialog::Accepted);
 }
 
-// The steps are the grid's, pinned with it; the editor scales its own table and keeps its bounds.
-TEST_F(EditorTest, ZoomScalesTheTableAndComesBackToTheDesignedSize) {
-    auto e = Make("2020001 1 2 3\r\n");
-    QTableView* t = e->Table();
-    const int width = t->columnWidth(0);
-    for (auto [key, zoom] : {std::pair{Qt::Key_Plus, 110}, std::pair{Qt::Key_0, 100}}) {
-        testing::Key(t, key, Qt::ControlModifier);
-        EXPECT_EQ(e->Zoom(), zoom);
-        EXPECT_NEAR(t->columnWidth(0), width * zoom / 100.0, 1.0);
-    }
-    e->SetZoom(1000);
-    EXPECT_EQ(e->Zoom(), 400);
-}
-
 class ImportResultsTest : public EditorTest {
 protected:
     // Ends with the file's last drawing (779) so that the rest follows it.
