@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStandardPaths>
 #include <QWidget>
@@ -132,6 +133,16 @@ inline void MouseDoubleClick(QWidget* widget, QPoint pos) {
     MouseEvents(widget, pos,
                 {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
                  QEvent::MouseButtonRelease});
+}
+
+// A key pressed on a widget, and released again when `release` is set.
+inline void Key(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+                const QString& text = {}, bool release = false) {
+    QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+    QApplication::sendEvent(widget, &press);
+    if (!release) return;
+    QKeyEvent up(QEvent::KeyRelease, key, modifiers, text);
+    QApplication::sendEvent(widget, &up);
 }
 
 // Lets deleteLater and queued work run.

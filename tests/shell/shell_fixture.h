@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <stdexcept>
+#include <string>
 
 #include "data/lottery_catalog.h"
 #include "shell/fake_reports.h"
@@ -37,15 +39,18 @@ protected:
     }
     void TearDown() override {
         for (QWidget* w : QApplication::topLevelWidgets())
-            if (w->inherits("numarel::ReportWindow") || w->inherits("numarel::MainWindow"))
+            if (w->inherits("numarel::ReportWindow") || w->inherits("numarel::MainWindow") ||
+                w->inherits("numarel::ScoreboardWindow"))
                 w->close();
         Drain();
     }
 
-    // Opens the report window of `object` as its menu entry does; nullptr when it cannot load.
+    // Opens the report window of `object` as its menu entry does. One that cannot load ends the
+    // test with a failure (the exception is caught and reported by the test runner).
     ReportWindow* Open(std::string_view object) {
         ReportWindow* window = reports->Open(object, nullptr);
-        if (window) QCoreApplication::processEvents();
+        if (!window) throw std::runtime_error("cannot open " + std::string(object));
+        QCoreApplication::processEvents();
         return window;
     }
 

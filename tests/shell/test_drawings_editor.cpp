@@ -21,26 +21,36 @@
 namespace numarel {
 namespace {
 
+// The demo lottery holds 2020001 113, 2020002 456, 2020003 779.
 class EditorTest : public testing::ShellTest {
 protected:
-    std::unique_ptr<DrawingsEditor> Make(std::string_view bytes) {
-        WriteFile(session->drawingsPath, bytes);
+    // An editor open on the lottery, its file first written with `bytes` unless they are null.
+    std::unique_ptr<DrawingsEditor> Make(const char* bytes = nullptr) {
+        if (bytes) WriteFile(session->drawingsPath, bytes);
         auto editor = std::make_unique<DrawingsEditor>(*session);
         editor->show();
         QCoreApplication::processEvents();
         return editor;
     }
-    static void Click(DrawingsEditor& e, const char* control) {
-        e.findChild<QPushButton*>(QLatin1String(control))->click();
+    static void Click(QWidget& w, const char* control) {
+        w.findChild<QPushButton*>(QLatin1String(control))->click();
+    }
+    static void ImportResults(DrawingsEditor& e) {
+        e.findChild<QAction*>(QStringLiteral("caiImportResults"))->trigger();
+    }
+    // Types `text` into a cell and leaves it for the next one.
+    static void Edit(DrawingsEditor& e, int row, int col, const QString& text) {
+        Go(e, row, col);
+        Type(e, text);
+        Go(e, row, col + 1);
     }
     static void Go(DrawingsEditor& e, int row, int col) {
         e.Table()->setCurrentIndex(e.Model().index(row, col));
     }
     static void Type(DrawingsEditor& e, const QString& text) {
         for (QChar c : text) {
-            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-            QApplication::sendEvent(
-                e.CellBox()->hasFocus() ? static_cast<QWidget*>(e.CellBox()) : e.Table(), &press);
+            testing::Key(e.CellBox()->hasFocus() ? static_cast<QWidget*>(e.CellBox()) : e.Table(),
+                         0, Qt::NoModifier, QString(c));
         }
     }
     static std::vector<QString> Column(DrawingsEditor& e, int col) {
@@ -48,6 +58,20 @@ protected:
         for (int row = 0; row < e.Model().rowCount(); ++row)
             cells.push_back(e.Model().index(row, col).data().toString());
         return cells;
+    }
+    // Each row of a table as its cells joined by blanks (empty cells left out).
+    static std::vector<std::string> Rows(const QAbstractItemModel& model, int cols) {
+        std::vector<std::string> rows;
+        for (int r = 0; r < model.rowCount(); ++r) {
+            std::string row;
+            for (int c = 0; c < cols; ++c) {
+                std::string cell = model.index(r, c).data().toString().toStdString();
+                if (cell.empty()) continue;
+                row += (row.empty() ? "" : " ") + cell;
+            }
+            rows.push_back(row);
+        }
+        return rows;
     }
     std::string File() { return testing::ReadAll(session->drawingsPath); }
 };
@@ -63,19 +87,13 @@ TEST_F(EditorTest, LoadShowsEveryRecordAndOpensAtTheEmptyLastRow) {
     EXPECT_TRUE(scripted.shown.empty());
 
     std::filesystem::remove(session->drawingsPath);  // a missing file says so
-    DrawingsEditor missing(*session);
-    missing.show();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(missing.Model().rowCount(), 1);
+    EXPECT_EQ(Make()->Model().rowCount(), 1);
     ASSERT_EQ(scripted.Said().size(), 1u);
     EXPECT_EQ(scripted.shown[0].title, "Error:");
 
     session->drawingsPath.clear();  // without a lottery, loading and saving say how to make one
     scripted.shown.clear();
-    DrawingsEditor none(*session);
-    none.show();
-    QCoreApplication::processEvents();
-    Click(none, "Command13");
+    Click(*Make(), "Command13");
     const std::string says = "Error: There is no lottery yet. Make one with New Lottery.";
     EXPECT_EQ(scripted.Said(), (std::vector<std::string>{says, says}));
 }
@@ -85,8 +103,7 @@ TEST_F(EditorTest, EnterAndTabMoveOnSoThatADrawingIsTypedInOneGo) {
     Go(*e, 1, 0);
     for (const char* field : {"2020002", "4", "5", "6"}) {
         Type(*e, field);
-        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-        QApplication::sendEvent(e->CellBox(), &enter);
+        testing::Key(e->CellBox(), Qt::Key_Return);
     }
     EXPECT_TRUE(e->isVisible());  // Enter never reaches a button or closes the editor
     Click(*e, "Command13");
@@ -96,15 +113,13 @@ TEST_F(EditorTest, EnterAndTabMoveOnSoThatADrawingIsTypedInOneGo) {
     // moves the focus to a button.
     e = Make("2020001 1 2 3\r\n");
     Go(*e, 0, 3);
-    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-    QApplication::sendEvent(e->Table(), &tab);
+    testing::Key(e->Table(), Qt::Key_Tab);
     EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(1, 0));  // the next row's Date
     EXPECT_TRUE(e->CellBox()->hasFocus());
     Type(*e, "2020002");
-    QApplication::sendEvent(e->CellBox(), &tab);
+    testing::Key(e->CellBox(), Qt::Key_Tab);
     Type(*e, "4");
-    QKeyEvent backTab(QEvent::KeyPress, Qt::Key_Backtab, Qt::ShiftModifier);
-    QApplication::sendEvent(e->CellBox(), &backTab);
+    testing::Key(e->CellBox(), Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(1, 0));
     EXPECT_EQ(Column(*e, 0)[1], "2020002");
     EXPECT_EQ(Column(*e, 1)[1], "4");
@@ -165,13 +180,11 @@ TEST_F(EditorTest, TheBoxHoldsOneLineAndRefusesWhatACellCannotTake) {
 
 TEST_F(EditorTest, AFailedSaveOrImportLeavesTheFileAsItWasAndSaysWhy) {
     const std::string before = "2020001 1 2 3\r\n";
-    auto e = Make(before);
+    auto e = Make(before.c_str());
     const auto source = dir.path() / "in.txt";
     WriteFile(source, "2021001 4 4 4\r\n");
     for (const char* button : {"Command13", "Command17"}) {
-        Go(*e, 0, 1);
-        Type(*e, "9");
-        Go(*e, 0, 2);
+        Edit(*e, 0, 1, "9");
         scripted.shown.clear();
         scripted.answers = {true};
         scripted.chosen = {QString::fromStdString(source.string())};
@@ -194,9 +207,7 @@ TEST_F(EditorTest, SaveAsksBeforeReplacingWhatAnotherProgramWrote) {
     auto e = Make("2020001 1 2 3\r\n");
     const std::string imported = "2020001 1 2 3\r\n2020002 4 5 6\r\n";
     WriteFile(session->drawingsPath, imported);
-    Go(*e, 0, 1);
-    Type(*e, "9");
-    Go(*e, 0, 2);
+    Edit(*e, 0, 1, "9");
     scripted.answers = {false};
     Click(*e, "Command13");
     ASSERT_EQ(scripted.shown.size(), 1u);
@@ -229,7 +240,7 @@ TEST_F(EditorTest, RowButtonsWorkOnTheCurrentRowAndNeverDeleteTheLastRow) {
         {0, {remove, remove, remove, remove}, 0, marker},
     };
     for (const Case& c : cases) {
-        auto e = Make(first + second);
+        auto e = Make((first + second).c_str());
         Go(*e, c.row, 0);
         for (const char* button : c.buttons)
             Click(*e, button);
@@ -243,9 +254,8 @@ TEST_F(EditorTest, RowButtonsWorkOnTheCurrentRowAndNeverDeleteTheLastRow) {
 TEST_F(EditorTest, SeveralSelectedRowsAreDeletedAfterOneQuestion) {
     auto e = Make("2020001 1 2 3\r\n2020002 4 5 6\r\n2020003 7 8 9\r\n2020004 1 1 1\r\n");
     Go(*e, 1, 2);
-    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::ShiftModifier);
-    QApplication::sendEvent(e->Table(), &down);
-    QApplication::sendEvent(e->Table(), &down);
+    testing::Key(e->Table(), Qt::Key_Down, Qt::ShiftModifier);
+    testing::Key(e->Table(), Qt::Key_Down, Qt::ShiftModifier);
     scripted.answers = {false, true};
     Click(*e, "Command12");
     EXPECT_EQ(e->Model().rowCount(), 5);  // No: nothing deleted
@@ -307,49 +317,8 @@ TEST_F(EditorTest, DownloadAndExitAskFirstAndHelpOpensItsPage) {
     EXPECT_EQ(e->result(), QDialog::Accepted);
 }
 
-// The steps are the grid's, pinned with it; the editor scales its own table and keeps its bounds.
-TEST_F(EditorTest, ZoomScalesTheTableAndComesBackToTheDesignedSize) {
-    auto e = Make("2020001 1 2 3\r\n");
-    QTableView* t = e->Table();
-    const int width = t->columnWidth(0);
-    for (auto [key, zoom] : {std::pair{Qt::Key_Plus, 110}, std::pair{Qt::Key_0, 100}}) {
-        QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
-        QApplication::sendEvent(t, &press);
-        EXPECT_EQ(e->Zoom(), zoom);
-        EXPECT_NEAR(t->columnWidth(0), width * zoom / 100.0, 1.0);
-    }
-    e->SetZoom(1000);
-    EXPECT_EQ(e->Zoom(), 400);
-}
-
-// The demo lottery holds 2020001 113, 2020002 456, 2020003 779.
-class ImportResultsTest : public testing::ShellTest {
+class ImportResultsTest : public EditorTest {
 protected:
-    std::unique_ptr<DrawingsEditor> Editor() {
-        auto editor = std::make_unique<DrawingsEditor>(*session);
-        editor->show();
-        QCoreApplication::processEvents();
-        return editor;
-    }
-    static void Click(QWidget& w, const char* name) {
-        w.findChild<QPushButton*>(QLatin1String(name))->click();
-    }
-    // Each row of a table as its cells joined by blanks (empty cells left out).
-    static std::vector<std::string> Rows(const QAbstractItemModel& model, int cols) {
-        std::vector<std::string> rows;
-        for (int r = 0; r < model.rowCount(); ++r) {
-            std::string row;
-            for (int c = 0; c < cols; ++c) {
-                std::string cell = model.index(r, c).data().toString().toStdString();
-                if (cell.empty()) continue;
-                row += (row.empty() ? "" : " ") + cell;
-            }
-            rows.push_back(row);
-        }
-        return rows;
-    }
-    std::string File() { return testing::ReadAll(session->drawingsPath); }
-
     // Ends with the file's last drawing (779) so that the rest follows it.
     const QString results = QStringLiteral(
         "Draw,Date,Midday,Evening\n"
@@ -362,9 +331,7 @@ protected:
 
 // The table's menu (Ctrl+I) opens the preview; a cancelled one changes nothing.
 TEST_F(ImportResultsTest, PastedResultsArePreviewedAndGoIntoTheTableUnsaved) {
-    WriteFile(session->drawingsPath,
-              "2020001 1 1 3\r\n2020002 4 5 6\r\n2020003 7 7 9\r\n0 0 0 0\r\n");
-    auto e = Editor();
+    auto e = Make("2020001 1 1 3\r\n2020002 4 5 6\r\n2020003 7 7 9\r\n0 0 0 0\r\n");
     auto* action = e->findChild<QAction*>(QStringLiteral("caiImportResults"));
     ASSERT_NE(action, nullptr);
     EXPECT_EQ(action->text(), "Import results...");
@@ -408,14 +375,14 @@ TEST_F(ImportResultsTest, PastedResultsArePreviewedAndGoIntoTheTableUnsaved) {
               "3 drawings were added to the table. Save keeps them; Exit without Save leaves the "
               "file as it was.");
     EXPECT_EQ(File(), "2020001 1 1 3\r\n2020002 4 5 6\r\n2020003 7 7 9\r\n0 0 0 0\r\n");
-    e->findChild<QPushButton*>("Command13")->click();
+    Click(*e, "Command13");
     EXPECT_EQ(File(),
               "2020001 1 1 3\r\n2020002 4 5 6\r\n2020003 7 7 9\r\n2020004 0 1 2\r\n"
               "2020005 1 2 3\r\n2020005 1 2 4\r\n0 0 0 0\r\n0 0 0 0\r\n");
 }
 
 TEST_F(ImportResultsTest, AFileCanReplaceTheTableWithTheOptionsGiven) {
-    auto e = Editor();
+    auto e = Make();
     const auto source = dir.path() / "week.txt";
     WriteFile(source, "When;Day;Night\n2021-06-02;5-5-5;6-6-6\n2021-06-01;1-1-1;2-2-2\n");
     WriteFile(folder.HelpPage("Import_results"), "<html></html>");
@@ -433,7 +400,7 @@ TEST_F(ImportResultsTest, AFileCanReplaceTheTableWithTheOptionsGiven) {
         Click(dialog, "help");
         return true;
     });
-    e->findChild<QAction*>(QStringLiteral("caiImportResults"))->trigger();
+    ImportResults(*e);
     EXPECT_EQ(Rows(e->Model(), 4),
               (std::vector<std::string>{"20210601 2 2 2", "20210601 1 1 1", "20210602 6 6 6",
                                         "20210602 5 5 5", ""}));
@@ -444,8 +411,7 @@ TEST_F(ImportResultsTest, AFileCanReplaceTheTableWithTheOptionsGiven) {
 // "As the table numbers its drawings" with Replace the table: a table dated YYYYMMDD gets
 // YYYYMMDD dates.
 TEST_F(ImportResultsTest, ReplacingATableKeepsTheFormOfItsDates) {
-    WriteFile(session->drawingsPath, "20210530 1 2 3\r\n20210531 4 5 6\r\n");
-    auto e = Editor();
+    auto e = Make("20210530 1 2 3\r\n20210531 4 5 6\r\n");
     scripted.clipboard.push_back(QStringLiteral("Date,Midday\n06/01/2021,777\n06/02/2021,888\n"));
     scripted.dialogRuns.push_back([&](QDialog& d) {
         auto& dialog = static_cast<ImportDialog&>(d);
@@ -453,7 +419,7 @@ TEST_F(ImportResultsTest, ReplacingATableKeepsTheFormOfItsDates) {
         dialog.findChild<QCheckBox*>("replace")->setChecked(true);
         return true;
     });
-    e->findChild<QAction*>(QStringLiteral("caiImportResults"))->trigger();
+    ImportResults(*e);
     EXPECT_EQ(Rows(e->Model(), 4),
               (std::vector<std::string>{"20210601 7 7 7", "20210602 8 8 8", ""}));
     ASSERT_FALSE(scripted.shown.empty());

@@ -196,14 +196,10 @@ TEST_F(MainWindowTest, TheWelcomeStartsOnClickOrReturnAndTheTypeStaysSelected) {
     auto* type = welcome->findChild<QRadioButton*>(QStringLiteral("Option1"));
     ASSERT_NE(type, nullptr);
     type->click();
-    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
-    QKeyEvent spaceUp(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
-    QApplication::sendEvent(type, &space);
-    QApplication::sendEvent(type, &spaceUp);
+    testing::Key(type, Qt::Key_Space, Qt::NoModifier, " ", true);
     EXPECT_TRUE(type->isChecked());
     EXPECT_EQ(started, 0);
-    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-    QApplication::sendEvent(type, &enter);
+    testing::Key(type, Qt::Key_Return);
     testing::Drain();
     EXPECT_EQ(started, 1);
     EXPECT_TRUE(welcome.isNull());
@@ -229,25 +225,11 @@ TEST_F(MainWindowTest, GroupMenusOpenedFromTheKeyboardStandAtTheirButton) {
 
     QCursor::setPos(below + QPoint(900, 700));
     button->setFocus();
-    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ");
-    QKeyEvent spaceUp(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, " ");
-    QApplication::sendEvent(button, &space);
-    QApplication::sendEvent(button, &spaceUp);
+    testing::Key(button, Qt::Key_Space, Qt::NoModifier, " ", true);
     QMenu* menu = w->Menu(group.menu);
     ASSERT_TRUE(menu->isVisible());
     EXPECT_LE((menu->pos() - below).manhattanLength(), 2);
     menu->close();
-}
-
-TEST_F(MainWindowTest, ALongLotteryNameIsElidedAndShownWholeAsATip) {
-    const std::string name(60, 'W');
-    WriteFile(folder.DataDir() / (name + ".txt"), "2020001 1 2 3\r\n");
-    WriteSelection(folder.SelectionFile(), name + ".txt");
-    QLabel* label = Make()->LotteryLabel();
-    EXPECT_TRUE(label->text().endsWith(QChar(0x2026))) << label->text().toStdString();
-    EXPECT_EQ(label->toolTip().toStdString(), "Lottery:" + name + ".");
-    WriteSelection(folder.SelectionFile(), "Demo.txt");
-    EXPECT_TRUE(Make()->LotteryLabel()->toolTip().isEmpty());
 }
 
 }  // namespace

@@ -25,30 +25,33 @@ namespace numarel {
 namespace {
 
 using testing::FakeReports;
+using testing::Key;
 
 class ReportWindowTest : public testing::ShellTest {
 protected:
-    QPoint CellCentre(ReportWindow* w, int row, int col) {
+    static QPoint CellCentre(ReportWindow* w, int row, int col) {
         return w->Grid()->visualRect(w->Grid()->Model().IndexOf(row, col)).center();
     }
+    static void Trigger(QMenu& menu, const QString& starts) {
+        for (QAction* a : menu.actions())
+            if (a->text().startsWith(starts)) return a->trigger();
+        ADD_FAILURE() << starts.toStdString();
+    }
 };
+using ReportSharingTest = ReportWindowTest;
 
 TEST_F(ReportWindowTest, OpensMaximisedAndTheLoadOrderDecidesWhatItShowsWhileItComputes) {
     ReportWindow* real = Open("frmbjiouhe");
-    ASSERT_NE(real, nullptr);
     EXPECT_TRUE(real->isMaximized());
     EXPECT_EQ(real->windowTitle(), "Sum of Odd-Sum of Even");
     EXPECT_EQ(real->Sheet().DrawCount(), 3);
-    EXPECT_EQ(real->Grid()->Sheet(), &real->Sheet());
     // First load order: "Loading......" and the hourglass, then the title.
     ReportWindow* first = Open("frmhekualu");
-    ASSERT_NE(first, nullptr);
     EXPECT_EQ(FakeReports::reportCaptionDuringBuild, "Loading......");
     EXPECT_TRUE(FakeReports::hourglassDuringBuild);
     EXPECT_EQ(first->windowTitle(), "Fake report");
     // Second load order: the title from the start and no hourglass.
-    ReportWindow* second = Open("frmzu3leixing2");
-    ASSERT_NE(second, nullptr);
+    Open("frmzu3leixing2");
     EXPECT_EQ(FakeReports::reportCaptionDuringBuild, "Fake report");
     EXPECT_FALSE(FakeReports::hourglassDuringBuild);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
@@ -74,32 +77,22 @@ TEST_F(ReportWindowTest, EveryMenuEntryOpensItsReport) {
     EXPECT_EQ(opened, 75);
 }
 
-// Bringing an open report forward is pinned through the main window's menus.
-TEST_F(ReportWindowTest, AfterExitTheNextOpeningReadsTheFileAgain) {
+// Bringing an open report forward is pinned through the main window's menus; the texts of the
+// reasons for an empty lottery with the drawings reader.
+TEST_F(ReportWindowTest, AnEmptyLotteryShowsAHintAndAfterExitTheNextOpeningReadsTheFileAgain) {
+    WriteFile(session->drawingsPath, "");
     QPointer<ReportWindow> first = Open("frmhekualu");
-    ASSERT_NE(first, nullptr);
+    EXPECT_TRUE(first->StatusLine()->text().contains("no drawings yet"));
+    EXPECT_TRUE(first->StatusLine()->text().contains("Drawings"));
     WriteFile(session->drawingsPath, "2020001 1 2 3\r\n");
     first->ExitButton()->click();
     EXPECT_EQ(reports->Find("frmhekualu"), nullptr);
     testing::Drain();
     EXPECT_TRUE(first.isNull());
     ReportWindow* second = Open("frmhekualu");
-    ASSERT_NE(second, nullptr);
     EXPECT_EQ(FakeReports::builds, 2);
     EXPECT_EQ(second->Sheet().DrawCount(), 1);
-}
-
-// The texts of the reasons are pinned with the drawings reader; here that one is shown.
-TEST_F(ReportWindowTest, AnEmptyLotteryOpensWithAHintWhereTheDrawingsAreMade) {
-    WriteFile(session->drawingsPath, "");
-    ReportWindow* w = Open("frmbjiouhe");
-    ASSERT_NE(w, nullptr);
-    EXPECT_TRUE(w->StatusLine()->text().contains("no drawings yet"));
-    EXPECT_TRUE(w->StatusLine()->text().contains("Drawings"));
-    w->close();
-    testing::Drain();
-    WriteFile(session->drawingsPath, "2020001 1 2 3\r\n");
-    EXPECT_TRUE(Open("frmbjiouhe")->StatusLine()->text().isEmpty());
+    EXPECT_TRUE(second->StatusLine()->text().isEmpty());
 }
 
 TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
@@ -119,7 +112,6 @@ TEST_F(ReportWindowTest, AReportThatCannotLoadSaysWhyAndStaysClosed) {
 
 TEST_F(ReportWindowTest, MouseDownTogglesTheMarkAndLosesTheReportColour) {
     ReportWindow* w = Open("frmhekualu");
-    ASSERT_NE(w, nullptr);
     const Rgb mark = MakeRgb(43, 145, 255);
     // Row 1 (1 1 3) has a report colour in column 5; row 2 has none.
     ASSERT_EQ(w->Sheet().BackColor(1, 5), colours::kHit);
@@ -141,7 +133,6 @@ TEST_F(ReportWindowTest, MouseDownTogglesTheMarkAndLosesTheReportColour) {
 
 TEST_F(ReportWindowTest, DoubleClickPutsTheColumnsTextOnTheClipboard) {
     ReportWindow* w = Open("frmzu3leixing2");
-    ASSERT_NE(w, nullptr);
     testing::MouseDoubleClick(w->Grid()->viewport(), CellCentre(w, 2, 4));
     ASSERT_EQ(scripted.clipboard.size(), 1u);
     EXPECT_EQ(scripted.clipboard[0], "5\r\n15\r\n23\r\n");
@@ -184,13 +175,9 @@ TEST_F(ReportWindowTest, TheTextBoxButtonShowsFreshTextAndTheLabelsTheirColours)
     EXPECT_EQ(w->TextBox()->toPlainText(), "Box text 2 of 3");
 
     ASSERT_EQ(w->Labels().size(), 2u);
-    QLabel* first = w->Labels()[0];
-    QLabel* second = w->Labels()[1];
-    EXPECT_EQ(first->text(), "First label");
-    EXPECT_EQ(first->palette().color(QPalette::WindowText), QColor(255, 0, 0));
-    EXPECT_FALSE(first->autoFillBackground());  // back colour 0: none of its own
-    EXPECT_EQ(second->palette().color(QPalette::Window), QColor(255, 255, 0));
-    EXPECT_TRUE(second->autoFillBackground());
+    EXPECT_EQ(w->Labels()[0]->text(), "First label");
+    EXPECT_FALSE(w->Labels()[0]->autoFillBackground());  // back colour 0: none of its own
+    EXPECT_EQ(w->Labels()[1]->palette().color(QPalette::Window), QColor(255, 255, 0));
 }
 
 TEST_F(ReportWindowTest, TheExportButtonWritesBesideTheProgramAndOpensTheFile) {
@@ -213,47 +200,11 @@ TEST_F(ReportWindowTest, TheExportButtonWritesBesideTheProgramAndOpensTheFile) {
     EXPECT_EQ(scripted.shown.size(), 1u);
 }
 
-class ReportSharingTest : public testing::ShellTest {
-protected:
-    static void Key(QWidget* w, int key, Qt::KeyboardModifiers modifiers) {
-        QKeyEvent press(QEvent::KeyPress, key, modifiers);
-        QApplication::sendEvent(w, &press);
-    }
-    static void Trigger(QMenu& menu, const QString& starts) {
-        for (QAction* a : menu.actions())
-            if (a->text().startsWith(starts)) return a->trigger();
-        ADD_FAILURE() << starts.toStdString();
-    }
-};
-
-TEST_F(ReportSharingTest, CtrlCCopiesTheBlockAsTextAndAsAColouredTable) {
+// Ctrl+C copies the block as text and as a coloured table, leaving out the columns the window
+// hides; Copy with headers puts the header row and the label column in front; the status line
+// says what was copied.
+TEST_F(ReportSharingTest, CopyLeavesOutHiddenColumnsKeepsColoursAndSaysWhatItCopied) {
     ReportWindow* w = Open("frmhekualu");
-    ASSERT_NE(w, nullptr);
-    ReportSheet& sheet = w->Sheet();
-    sheet.SetText(1, 1, "a");
-    sheet.SetText(1, 2, "b");
-    sheet.SetText(2, 1, "c");
-    sheet.SetText(2, 2, "d\xe9");
-    sheet.SetBackColor(2, 2, MakeRgb(255, 0, 0));
-    GridView* grid = w->Grid();
-    grid->SetCurrentCell(1, 1);
-    Key(grid, Qt::Key_Right, Qt::ShiftModifier);
-    Key(grid, Qt::Key_Down, Qt::ShiftModifier);
-    Key(grid, Qt::Key_C, Qt::ControlModifier);
-    ASSERT_EQ(scripted.clipboard.size(), 1u);
-    EXPECT_EQ(scripted.clipboard[0], QString::fromUtf8("a\tb\nc\td\xc3\xa9\n"));
-    EXPECT_TRUE(scripted.clipboardHtml.contains("<td style=\"background:#ff0000;\">d"))
-        << scripted.clipboardHtml.toStdString();
-    EXPECT_EQ(scripted.clipboardHtml.count("<tr>"), 2);
-    // Copying moved nothing and marked nothing.
-    EXPECT_EQ(sheet.BackColor(1, 1), kDefaultColour);
-}
-
-// Copy leaves out the columns the window hides; Copy with headers puts the header row and the
-// label column in front; the status line says what was copied.
-TEST_F(ReportSharingTest, CopyWithHeadersLeavesOutHiddenColumnsAndSaysWhatItCopied) {
-    ReportWindow* w = Open("frmhekualu");
-    ASSERT_NE(w, nullptr);
     ReportSheet& sheet = w->Sheet();
     ASSERT_GE(sheet.Cols(), 4);
     for (int c = 0; c < 4; ++c) {
@@ -261,6 +212,8 @@ TEST_F(ReportSharingTest, CopyWithHeadersLeavesOutHiddenColumnsAndSaysWhatItCopi
         for (int r = 1; r <= 2; ++r)
             sheet.SetText(r, c, std::to_string(r) + std::to_string(c));
     }
+    sheet.SetText(2, 3, "2\xe9");
+    sheet.SetBackColor(2, 3, MakeRgb(255, 0, 0));
     sheet.SetColWidth(2, 2);
     GridView* grid = w->Grid();
     grid->SetSheet(&sheet);
@@ -269,11 +222,16 @@ TEST_F(ReportSharingTest, CopyWithHeadersLeavesOutHiddenColumnsAndSaysWhatItCopi
     Key(grid, Qt::Key_Down, Qt::ShiftModifier);
     Key(grid, Qt::Key_C, Qt::ControlModifier);
     ASSERT_EQ(scripted.clipboard.size(), 1u);
-    EXPECT_EQ(scripted.clipboard[0], "11\t13\n21\t23\n");
+    EXPECT_EQ(scripted.clipboard[0], QString::fromUtf8("11\t13\n21\t2\xc3\xa9\n"));
+    EXPECT_TRUE(scripted.clipboardHtml.contains("<td style=\"background:#ff0000;\">2"))
+        << scripted.clipboardHtml.toStdString();
+    EXPECT_EQ(scripted.clipboardHtml.count("<tr>"), 2);
+    EXPECT_EQ(sheet.BackColor(1, 1), kDefaultColour);  // copying marked nothing
     EXPECT_EQ(w->StatusLine()->text(), "Copied 2 x 2 cells");
     std::unique_ptr<QMenu> menu(grid->BuildContextMenu(nullptr));
     Trigger(*menu, "Copy with headers");
-    EXPECT_EQ(scripted.clipboard.back(), "h0\th1\th3\n10\t11\t13\n20\t21\t23\n");
+    EXPECT_EQ(scripted.clipboard.back(),
+              QString::fromUtf8("h0\th1\th3\n10\t11\t13\n20\t21\t2\xc3\xa9\n"));
     EXPECT_EQ(scripted.clipboardHtml.count("<td"), 9);
     EXPECT_EQ(w->StatusLine()->text(), "Copied 3 x 3 cells with headers");
     EXPECT_TRUE(w->StatusLine()->isVisible());
@@ -283,7 +241,6 @@ TEST_F(ReportSharingTest, CopyWithHeadersLeavesOutHiddenColumnsAndSaysWhatItCopi
 TEST_F(ReportSharingTest, AReportRemembersItsZoomForTheNextOpening) {
     UserSettings()->remove(QStringLiteral("zoom"));
     ReportWindow* w = Open("frmhekualu");
-    ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->Grid()->Zoom(), 100);
     Key(w->Grid(), Qt::Key_Plus, Qt::ControlModifier);
     Key(w->Grid(), Qt::Key_Minus, Qt::ControlModifier);
@@ -295,11 +252,9 @@ TEST_F(ReportSharingTest, AReportRemembersItsZoomForTheNextOpening) {
     w->close();
     testing::Drain();
     w = Open("frmhekualu");
-    ASSERT_NE(w, nullptr);
     EXPECT_EQ(w->Grid()->Zoom(), 125);
     EXPECT_EQ(w->StatusLine()->text(), "Zoom 125 %");
     ReportWindow* other = Open("frmzu3leixing2");  // each report its own
-    ASSERT_NE(other, nullptr);
     EXPECT_EQ(other->Grid()->Zoom(), 100);
     UserSettings()->remove(QStringLiteral("zoom"));
 }
@@ -307,7 +262,6 @@ TEST_F(ReportSharingTest, AReportRemembersItsZoomForTheNextOpening) {
 TEST_F(ReportSharingTest, SaveWritesTheWholeSheetAsTheCommandLineDoes) {
     UserSettings()->remove(QStringLiteral("folders"));
     ReportWindow* w = Open("frmbjiouhe");
-    ASSERT_NE(w, nullptr);
     struct Case {
         const char* action;
         std::string file;
@@ -353,7 +307,6 @@ TEST_F(ReportSharingTest, PrintChoosesTheRowsAndSavesThePagesAsPdf) {
         drawings += std::to_string(2020000 + i) + " " + std::to_string(i % 10) + " 5 7\r\n";
     WriteFile(session->drawingsPath, drawings);
     ReportWindow* w = Open("frmbjiouhe");
-    ASSERT_NE(w, nullptr);
     const ReportSheet& sheet = w->Sheet();
     ASSERT_EQ(sheet.DrawCount(), 200);
 
@@ -389,8 +342,7 @@ TEST_F(ReportSharingTest, PrintChoosesTheRowsAndSavesThePagesAsPdf) {
         dialog->PdfButton()->click();
         return false;
     });
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_P, Qt::ControlModifier);
-    QApplication::sendEvent(w->Grid(), &press);
+    Key(w->Grid(), Qt::Key_P, Qt::ControlModifier);
     ASSERT_EQ(runs, 1);
     ASSERT_TRUE(scripted.saveDialogs.back());
     EXPECT_EQ(scripted.dialogs.back().presetName, "Sum of Odd-Sum of Even.pdf");
@@ -406,10 +358,8 @@ TEST_F(ReportSharingTest, PrintChoosesTheRowsAndSavesThePagesAsPdf) {
     // Print preview: the same choices beside the pages.
     scripted.dialogRuns.push_back([&](QDialog& d) {
         ++runs;
-        auto* dialog = dynamic_cast<ReportPrintDialog*>(&d);
-        if (!dialog) return false;
-        EXPECT_EQ(dialog->windowTitle(), "Print preview");
-        EXPECT_NE(dialog->Preview(), nullptr);
+        EXPECT_EQ(d.windowTitle(), "Print preview");
+        EXPECT_NE(dynamic_cast<ReportPrintDialog&>(d).Preview(), nullptr);
         return false;
     });
     std::unique_ptr<QMenu> menu(w->Grid()->BuildContextMenu(nullptr));

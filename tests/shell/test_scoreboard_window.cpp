@@ -21,11 +21,6 @@ protected:
         WriteFile(folder.DataDir() / "Demo.txt", testing::HistoryText(400, 3, 2020001));
         realReports = std::make_unique<ReportWindows>(*session);
     }
-    void TearDown() override {
-        for (QWidget* w : QApplication::topLevelWidgets())
-            if (w->inherits("numarel::ScoreboardWindow")) w->close();
-        ShellTest::TearDown();
-    }
     ScoreboardWindow* Make() {
         auto* w = new ScoreboardWindow(*session, *realReports);
         EXPECT_TRUE(w->Load().ok());
@@ -40,7 +35,6 @@ TEST_F(ScoreboardWindowTest, OpensSortedByPChartsAMethodAndSortsAndChangesStretc
     ScoreboardWindow* w = Make();
     const ScoreTable& table = w->Table();
     EXPECT_EQ(table.drawings, 400);
-    EXPECT_EQ(w->StretchChooser()->count(), 4);
     EXPECT_EQ(w->StretchChooser()->currentText(), "All drawings");
     QSortFilterProxyModel* proxy = w->Proxy();
     ASSERT_EQ(proxy->rowCount(), static_cast<int>(table.tracks.size()));
@@ -67,9 +61,6 @@ TEST_F(ScoreboardWindowTest, OpensSortedByPChartsAMethodAndSortsAndChangesStretc
         EXPECT_GE(
             proxy->index(r - 1, ScoreTableModel::kHits).data(ScoreTableModel::kSortRole).toInt(),
             proxy->index(r, ScoreTableModel::kHits).data(ScoreTableModel::kSortRole).toInt());
-    w->View()->sortByColumn(ScoreTableModel::kReport, Qt::AscendingOrder);
-    EXPECT_LE(proxy->index(0, ScoreTableModel::kReport).data().toString(),
-              proxy->index(proxy->rowCount() - 1, ScoreTableModel::kReport).data().toString());
 
     w->SelectRow(5);
     const int chosen = w->TrackOfRow(5);
