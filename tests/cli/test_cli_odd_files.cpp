@@ -164,29 +164,17 @@ TEST(OddFiles, APipeAnywhereIsRefusedWithoutWaiting) {
 // One rule for lottery names, in New Lottery and in import --lottery: the same names pass, and a
 // refusal names the same rule in both.
 TEST(LotteryNameRule, TheSameInBothPrograms) {
-    const std::string names[] = {
-        "Daily",
-        "Pick 3: Evening",
-        "Fr\xc3\xbch",
-        "a.b",
-        "q\"uote",
-        "a*b",
-        "a?b",
-        "a<b",
-        "a|b",
-        "line\nbreak",
-        "esc\x1b[31m",
-        "tab\tx",
-        "..",
-        ".hidden",
-        "trailing.",
-        "a..b",
-        "a/b",
-        "a\\b",
-        "C:x",
-        "../x",
-        std::string(201, 'n'),
-    };
+    std::vector<std::string> names = {"Daily",       "Pick 3: Evening",
+                                      "Fr\xc3\xbch", "a.b",
+                                      "q\"uote",     "a*b",
+                                      "a?b",         "a<b",
+                                      "a|b",         "line\nbreak",
+                                      "esc\x1b[31m", "tab\tx",
+                                      "..",          ".hidden",
+                                      "trailing.",   "a..b",
+                                      "a/b",         "a\\b",
+                                      "C:x",         "../x"};
+    names.push_back(std::string(201, 'n'));
     for (const std::string& name : names) {
         SCOPED_TRACE(name);
         TempDir dir;
