@@ -526,39 +526,6 @@ TEST(ImportCommand, ColumnsNamedOutrightAndStandardInput) {
     EXPECT_EQ(ReadAll(command.into), "2021001 7 8 9\r\n");
 }
 
-// Only the file's newest drawings must agree with the source: one far back that does not is
-// listed and the command goes on; one among the newest refuses, in one line.
-TEST(ImportCommand, AnOldDisagreementIsListedAndANewOneRefuses) {
-    TempDir dir;
-    ProgramFolder folder{dir.path()};
-    std::string source = "Date,Result\r\n", drawings;
-    for (int day = 1; day <= 14; ++day) {
-        const std::string date =
-            "2021-03-" + std::string(day < 10 ? "0" : "") + std::to_string(day);
-        const char digit = static_cast<char>('0' + day % 10);
-        source += date + "," + std::string(3, digit) + "\r\n";
-        if (day <= 12)
-            drawings += "202103" + date.substr(8) + " " + (day == 1 ? '9' : digit) + " " + digit +
-                        " " + digit + "\r\n";
-    }
-    const std::string src = dir.Write("r.csv", source).string();
-    const std::string file = dir.Write("d.txt", drawings).string();
-    CliRun old = Cli({src, "--into", file}, folder);
-    ASSERT_EQ(old.code, 0) << old.err;
-    EXPECT_NE(old.out.find("Added: 2, dated 20210313 to 20210314\n"), std::string::npos);
-    EXPECT_NE(old.out.find("Older disagreements, left as the file has them: 1\n  the file has "
-                           "911 for 20210301"),
-              std::string::npos)
-        << old.out;
-
-    const std::string newest = dir.Write("n.txt", "20210312 2 2 3\r\n").string();
-    CliRun refused = Cli({src, "--into", newest}, folder);
-    EXPECT_EQ(refused.code, 1);
-    EXPECT_EQ(Lines(refused.err), 1) << refused.err;
-    EXPECT_NE(refused.err.find("the file has 223 for 20210312"), std::string::npos);
-    EXPECT_EQ(ReadAll(newest), "20210312 2 2 3\r\n");
-}
-
 // The import's own refusals are pinned with the import; here those of the command line.
 TEST(ImportCommand, RefusalsAreOneLineAndLeaveTheFileAsItWas) {
     TempDir dir;
