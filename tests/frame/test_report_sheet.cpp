@@ -54,20 +54,6 @@ TEST(ReportSheet, NumbersAreWrittenAsTextAndTextIsKeptAsTyped) {
     }
 }
 
-// Many colours, written cell by cell in one order and again in another, each read back as
-// written.
-TEST(ReportSheet, EveryColourReadsBackAsWritten) {
-    ReportSheet sheet(8, 8);
-    const auto colour = [](int i) { return MakeRgb(i * 4, 255 - i, i % 3 == 0 ? 0 : 128); };
-    for (int pass = 0; pass < 2; ++pass)
-        for (int i = 0; i < 64; ++i) {
-            const int k = pass == 0 ? i : (i * 27) % 64;
-            sheet.SetBackColor(k / 8, k % 8, colour(k + pass));
-        }
-    for (int k = 0; k < 64; ++k)
-        EXPECT_EQ(sheet.BackColor(k / 8, k % 8), colour(k + 1)) << k;
-}
-
 TEST(NumberClasses, ThreeDigitsSortAscending) {
     for (short a = -1; a <= 10; ++a)
         for (short b = -1; b <= 10; ++b)
