@@ -57,6 +57,7 @@ TEST(WritersTakeTurns, TwoImportsAtOnceLoseNoDrawing) {
     TempDir dir;
     const fs::path file = dir.path() / "Daily.txt";
     constexpr int kRounds = 30;
+    std::vector<DrawRecord> records;
     for (int round = 0; round < kRounds; ++round) {
         const fs::path a = dir.Write("a.csv", Results(2 * round + 1));
         const fs::path b = dir.Write("b.csv", Results(2 * round + 2));
@@ -71,13 +72,10 @@ TEST(WritersTakeTurns, TwoImportsAtOnceLoseNoDrawing) {
             EXPECT_EQ(code, "0\n") << "round " << round << " " << which << ": "
                                    << ReadAll(dir.path() / ("err-" + std::string(which)));
         }
-        std::vector<DrawRecord> records;
         ASSERT_TRUE(ReadHistory(file, records).ok());
         ASSERT_EQ(records.size(), static_cast<std::size_t>(2 * round + 2)) << "round " << round;
     }
     // Every day once, in order, and no lock file left.
-    std::vector<DrawRecord> records;
-    ASSERT_TRUE(ReadHistory(file, records).ok());
     EXPECT_EQ(records.front().date, "20210101");
     EXPECT_EQ(records.back().date, "20210304");  // day 60
     EXPECT_FALSE(fs::exists(DrawingsFileLock::LockFileOf(file)));
@@ -164,29 +162,17 @@ TEST(OddFiles, APipeAnywhereIsRefusedWithoutWaiting) {
 // One rule for lottery names, in New Lottery and in import --lottery: the same names pass, and a
 // refusal names the same rule in both.
 TEST(LotteryNameRule, TheSameInBothPrograms) {
-    const std::string names[] = {
-        "Daily",
-        "Pick 3: Evening",
-        "Fr\xc3\xbch",
-        "a.b",
-        "q\"uote",
-        "a*b",
-        "a?b",
-        "a<b",
-        "a|b",
-        "line\nbreak",
-        "esc\x1b[31m",
-        "tab\tx",
-        "..",
-        ".hidden",
-        "trailing.",
-        "a..b",
-        "a/b",
-        "a\\b",
-        "C:x",
-        "../x",
-        std::string(201, 'n'),
-    };
+    std::vector<std::string> names = {"Daily",       "Pick 3: Evening",
+                                      "Fr\xc3\xbch", "a.b",
+                                      "q\"uote",     "a*b",
+                                      "a?b",         "a<b",
+                                      "a|b",         "line\nbreak",
+                                      "esc\x1b[31m", "tab\tx",
+                                      "..",          ".hidden",
+                                      "trailing.",   "a..b",
+                                      "a/b",         "a\\b",
+                                      "C:x",         "../x"};
+    names.push_back(std::string(201, 'n'));
     for (const std::string& name : names) {
         SCOPED_TRACE(name);
         TempDir dir;
@@ -253,9 +239,6 @@ TEST(OutputOption, EmptyIsRefusedDashIsStandardOutputAndTheDataFolderIsNoTarget)
                               "\": \"" + afile.string() + "\" is a file, not a folder\n");
     CliRun isFile = RunCliWith({"report", "--all", "--output", afile.string()}, folder);
     EXPECT_TRUE(Has(isFile.err, "it is a file, not a folder")) << isFile.err;
-    CliRun under =
-        RunCliWith({"report", "frmbjiouhe", "--output", (afile / "x.csv").string()}, folder);
-    EXPECT_TRUE(Has(under.err, "\"" + afile.string() + "\" is a file, not a folder")) << under.err;
     fs::create_symlink("loop", dir.path() / "loop");
     CliRun loop =
         RunCliWith({"report", "frmbjiouhe", "--data", (dir.path() / "loop").string()}, folder);

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 #include <set>
+#include <sstream>
 #include <string>
 
 #include "cli/cli_run.h"
@@ -31,23 +32,12 @@ TEST(ScoreCommand, JsonFollowsTheContract) {
     EXPECT_EQ(doc.size(), 3u);
     EXPECT_EQ(doc["lottery"], "Daily");
     EXPECT_EQ(doc["drawings"], 500);
-    const std::set<std::string> keys = {"report",
-                                        "method",
-                                        "kind",
-                                        "stretch",
-                                        "judged",
-                                        "hits",
-                                        "expected",
-                                        "sd",
-                                        "z",
-                                        "p",
-                                        "q",
-                                        "longestMiss",
-                                        "expectedLongestMiss",
-                                        "usesLaterDrawings",
-                                        "cost",
-                                        "returned",
-                                        "expectedReturn"};
+    std::set<std::string> keys;
+    std::istringstream names(
+        "report method kind stretch judged hits expected sd z p q longestMiss expectedLongestMiss "
+        "usesLaterDrawings cost returned expectedReturn");
+    for (std::string key; names >> key;)
+        keys.insert(key);
     std::set<std::string> stretches;
     double lastP = 0;
     bool nullSeen = false;
@@ -73,12 +63,6 @@ TEST(ScoreCommand, JsonFollowsTheContract) {
         lists += list ? 1 : 0;
         if (method["usesLaterDrawings"].get<bool>()) {
             EXPECT_TRUE(method["q"].is_null());
-        }
-        if (method["report"] == "frmtongshahao" && method["method"] == "F") {
-            EXPECT_TRUE(method["usesLaterDrawings"].get<bool>());
-        }
-        if (method["stretch"] == "all") {
-            EXPECT_LE(method["judged"].get<int>(), 500);
         }
     }
     EXPECT_GT(lists, 0);

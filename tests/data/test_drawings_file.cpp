@@ -10,30 +10,24 @@ namespace numarel {
 namespace {
 
 // Marker texts such as " *" and "12:34" are pinned by the sheet's CellNumber test.
-TEST(BasicText, LeadingValueReadsBlanksSignsAndExponents) {
+TEST(BasicText, NumbersReadAndWrittenAsTheProgramDoes) {
     EXPECT_EQ(LeadingValue("1 2 3"), 123);
     EXPECT_EQ(LeadingValue("-7"), -7);
     EXPECT_EQ(LeadingValue("2.5e1"), 25);
-}
-
-TEST(BasicText, WholeNumberAcceptsOnlyACompleteNumber) {
+    // A whole number is the complete text.
     EXPECT_EQ(WholeNumber(" 20230101 "), 20230101);
     EXPECT_EQ(WholeNumber("0.0"), 0);
     EXPECT_FALSE(WholeNumber("2023-01-01"));
     EXPECT_FALSE(WholeNumber("abc"));
     EXPECT_FALSE(WholeNumber(""));
-}
-
-TEST(BasicText, ToInt16RoundsHalfToEvenAndRefusesOverflow) {
+    // Half to even, and no overflow.
     EXPECT_EQ(ToInt16("7"), 7);
     EXPECT_EQ(ToInt16("2.5"), 2);
     EXPECT_EQ(ToInt16("3.5"), 4);
     EXPECT_FALSE(ToInt16("40000"));
     EXPECT_FALSE(ToInt16("5x"));
     EXPECT_EQ(RoundToInt16(1e9), 32767);
-}
-
-TEST(BasicText, NumberToTextPutsABlankBeforeNonNegativeNumbers) {
+    // A blank before a number that is not negative.
     EXPECT_EQ(NumberToText(2020001), " 2020001");
     EXPECT_EQ(NumberToText(0), " 0");
     EXPECT_EQ(NumberToText(-3), "-3");
@@ -108,7 +102,7 @@ TEST(DrawingsReader, ReadHistoryReportsMissingFilesAndTheDrawingLimit) {
     EXPECT_TRUE(ReadHistory(hidden, drawings).ok());
 }
 
-TEST(DrawingsWriter, SaveChecksDigitsButWritesDatesAsTyped) {
+TEST(DrawingsWriter, SaveChecksDigitsWritesDatesAsTypedAndEveryRowAsOneLine) {
     std::vector<DrawRecord> rows = {R("2020001", "1", "0", "9"),
                                     R("2020002", "12", "-1", "5x"),  // 5x passes as its number 5
                                     R(" ", "", " ", "10"),           // an empty row is a marker
@@ -119,13 +113,9 @@ TEST(DrawingsWriter, SaveChecksDigitsButWritesDatesAsTyped) {
               "0 0 0 0\r\n"
               "x17 3.5  4 0\r\n"
               "2020003 9 0 1\r\n");
-}
-
-TEST(DrawingsWriter, EveryRowStaysOneLine) {
-    // A quoted field read from a file can hold line breaks and tabs; Save writes them as blanks.
-    auto rows = ParseDrawings("\"20\r\n21\" 1 \"2\t\" 3\r\n");
-    ASSERT_EQ(rows.size(), 1u);
-    EXPECT_EQ(FormatDrawingsTable(rows), "20  21 1 2  3\r\n");
+    // A quoted field read from a file can hold line breaks and tabs: written as blanks.
+    EXPECT_EQ(FormatDrawingsTable(ParseDrawings("\"20\r\n21\" 1 \"2\t\" 3\r\n")),
+              "20  21 1 2  3\r\n");
 }
 
 TEST(SelectionFile, RoundTripAndTheLastOfAnyNumberOfStringsWins) {

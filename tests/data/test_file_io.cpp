@@ -54,10 +54,6 @@ const Writer kWriters[] = {
      [](const ProgramFolder& f, const fs::path& source) {
          return CopyDrawingsFile(source, Drawings(f));
      }},
-    {"Export", [](const ProgramFolder& f) { return f.root / "exported.txt"; },
-     [](const ProgramFolder& f, const fs::path&) {
-         return CopyDrawingsFile(Drawings(f), f.root / "exported.txt");
-     }},
     {"selection file", Selection,
      [](const ProgramFolder& f, const fs::path&) { return WriteSelection(Selection(f), "B.txt"); }},
     {"New Lottery's selection", Selection,
@@ -76,7 +72,6 @@ TEST(SafeWrite, AFailureAtAnyStepLeavesTheOldFileAsItWasAndNoTemporaryFile) {
             ProgramFolder folder{dir.path()};
             dir.Write("data/Night.txt", "2020001 1 2 3\r\n2020002 4 5 6\r\n");
             dir.Write("Numarel/shujuwenjian.ini", "\"Night.txt\"\r\n");
-            dir.Write("exported.txt", "an older export\r\n");
             auto source = dir.Write("in/source.txt", "2021001 9 9 9\r\n");
             const fs::path target = writer.target(folder);
             const std::string before = ReadAll(target);
@@ -137,8 +132,6 @@ TEST(SafeWrite, ReasonsAreSaidInPlainWords) {
     }
     EXPECT_EQ(ReadAll(old), "new\r\n");
     EXPECT_EQ(Listing(dir.path()), (std::vector<std::string>{"odd", "old.txt"}));
-    // A device that takes everything.
-    EXPECT_TRUE(WriteFileSafely("/dev/null", "x").ok());
 }
 
 TEST(SafeWrite, ALinkKeepsPointingAtTheFileItNames) {

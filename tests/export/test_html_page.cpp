@@ -133,8 +133,7 @@ TEST(HtmlPage, KeepsTheSheetInBlocksTheScriptDraws) {
             EXPECT_EQ(Unescape(fields[i]), SheetTextToUtf8(sheet.Text(r, columns[i])))
                 << r << "," << columns[i];
     }
-    // The header row is the first line, and stays in place while the body scrolls.
-    EXPECT_EQ(Split(lines[0], '\t')[1], "H");
+    // The header row stays in place while the body scrolls.
     EXPECT_NE(page.find("#head{position:sticky;top:0"), std::string::npos);
     EXPECT_NE(page.find(".r>.c:first-child{position:sticky;left:0"), std::string::npos);
 
@@ -195,7 +194,6 @@ TEST(HtmlPage, StaysWithinFourTimesTheCsv) {
         const ReportSheet sheet = testing::Build(object, drawings);
         const std::string page = Page(sheet, object, "Sample");
         EXPECT_LE(page.size(), 4 * FormatSheetCsv(sheet).size()) << object;
-        EXPECT_NE(page.find("<span id=\"draw-count\">3000</span>"), std::string::npos) << object;
     }
 }
 

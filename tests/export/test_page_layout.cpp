@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <regex>
@@ -191,23 +190,6 @@ TEST(PdfWriter, WritesOnePdfPageForEveryLaidOutPage) {
     const int pages = static_cast<int>(LayOutPages(sheet, rows, setup).pages.size());
     EXPECT_GT(pages, 2);
     EXPECT_EQ(CountPages(pdf), pages);
-
-    // Where poppler's pdftotext is at hand, it finds the title and the page number on each page.
-    if (std::system("command -v pdftotext > /dev/null 2>&1") != 0)
-        GTEST_SKIP() << "pdftotext is not installed";
-    testing::TempDir dir;
-    const auto file = dir.Write("sheet.pdf", pdf);
-    for (int i = 1; i <= pages; ++i) {
-        const auto text = dir.path() / ("page" + std::to_string(i) + ".txt");
-        const std::string command = "pdftotext -f " + std::to_string(i) + " -l " +
-                                    std::to_string(i) + " '" + file.string() + "' '" +
-                                    text.string() + "'";
-        ASSERT_EQ(std::system(command.c_str()), 0);
-        const std::string content = testing::ReadAll(text);
-        EXPECT_NE(content.find("Wide Trend"), std::string::npos) << i;
-        EXPECT_NE(content.find(PageNumberText(i, pages)), std::string::npos) << i;
-        EXPECT_NE(content.find("Daily: 2020001 to 2020200"), std::string::npos) << i;
-    }
 }
 
 TEST(PdfWriter, AFailedStreamStaysFailed) {

@@ -96,21 +96,10 @@ TEST(SheetWriters, StreamedJsonOfEveryReportOnAFullHistory) {
     }
 }
 
-TEST(SheetWriters, CsvQuotesOnlyWhatNeedsIt) {
-    ReportSheet sheet(2, 4);
-    sheet.SetText(0, 1, "a,b");
-    sheet.SetText(0, 2, "say \"hi\"");
-    sheet.SetText(0, 3, " 2020001:123");
-    sheet.SetText(1, 0, "\xe9");
-    sheet.SetNumber(1, 3, -5);
-    EXPECT_EQ(FormatSheetCsv(sheet),
-              ",\"a,b\",\"say \"\"hi\"\"\",\" 2020001:123\"\r\n\xc3\xa9,,,-5\r\n");
-}
-
 // A drawings file can put any text into a cell: in CSV and on the clipboard a text that a
 // spreadsheet would run as a formula is written after a single quote, numbers stay numbers, and
 // JSON keeps every text exactly.
-TEST(SheetWriters, FormulaCellsAreNeutralisedAndNumbersKept) {
+TEST(SheetWriters, CsvQuotesWhatNeedsItNeutralisesFormulasAndKeepsNumbers) {
     struct Case {
         std::string text;
         std::string csv;  // the CSV field
@@ -132,6 +121,9 @@ TEST(SheetWriters, FormulaCellsAreNeutralisedAndNumbersKept) {
         {"12", "12", "12"},
         {" 2020001:123", "\" 2020001:123\"", " 2020001:123"},
         {"a=b", "a=b", "a=b"},
+        // CSV quotes only what needs it.
+        {"a,b", "\"a,b\"", "a,b"},
+        {"say \"hi\"", "\"say \"\"hi\"\"\"", "say \"hi\""},
     };
     ReportSheet sheet(1, 2);
     for (const Case& c : cases) {
@@ -145,6 +137,9 @@ TEST(SheetWriters, FormulaCellsAreNeutralisedAndNumbersKept) {
     sheet.SetNumber(0, 1, -7);
     EXPECT_EQ(FormatSheetCsv(sheet), ",-7\r\n");
     EXPECT_EQ(FormatRangeTsv(sheet, 0, 1, 0, 1), "-7\n");
+    // The sheet's own characters are written as UTF-8.
+    sheet.SetText(0, 1, "\xe9");
+    EXPECT_EQ(FormatSheetCsv(sheet), ",\xc3\xa9\r\n");
 }
 
 // The rows and columns given, in their order; those outside the sheet are left out.

@@ -165,22 +165,10 @@ TEST(RecommendTundredTenUnits, DigitsMovedToAnotherPositionHit) {
     EXPECT_EQ(sheet.TopRow(), 6);
 }
 
-TEST(RecommendTundredTenUnits, ShortHistories) {
-    // One drawing: only the next drawing's row carries masks.
+TEST(RecommendTundredTenUnits, OneDrawingGivesMasksOnlyToTheNextRow) {
     ReportSheet one = Build("frmzhixuantaloven", Drawings({"907"}));
     EXPECT_EQ(RowTexts(one, 1, 4, 12), Texts(9));
     EXPECT_EQ(RowTexts(one, 2, 4, 9), (Texts{"0**", "7**", "*9*", "*7*", "**9", "**0"}));
-
-    // No drawing (an empty file, or one of only an end marker): the next drawing's row, row 1,
-    // still gets its masks, of empty digits, so the stars alone.
-    std::vector<DrawRecord> onlyEndMarker = ParseDrawings("0 0 0 0\r\n");
-    onlyEndMarker.resize(ReportDrawCount(onlyEndMarker));
-    for (const auto& drawings : {Drawings({}), onlyEndMarker}) {
-        ReportSheet none = Build("frmzhixuantaloven", drawings);
-        EXPECT_EQ(none.Rows(), 5);
-        EXPECT_EQ(RowTexts(none, 1, 0, 12),
-                  (Texts{"", "", "", "", "**", "**", "**", "**", "**", "**", "", "", ""}));
-    }
 }
 
 constexpr Rgb kSixWay = MakeRgb(42, 194, 91);

@@ -60,29 +60,6 @@ std::string Tickets(int count) {
     return text;
 }
 
-TEST(NumberEnquiry, OpensOnTheHistoryWithEachDrawingsKey) {
-    const struct {
-        const char* object;
-        Texts keys;  // of the drawings 3 1 2, 0 0 7, 7 0 0
-    } cases[] = {
-        {kStraight, {"312", "007", "700"}},
-        {kBox, {"123", "007", "007"}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.object);
-        auto sheet = Build(c.object, Drawings({"312", "007", "700"}));
-        ASSERT_EQ(sheet.Rows(), 5);
-        // The digits stay in drawn order beside the key.
-        EXPECT_EQ(RowTexts(sheet, 1, 0, kKeyCol),
-                  (Texts{" 2020001:312", "3", "1", "2", c.keys[0]}));
-        EXPECT_EQ(sheet.Text(2, kKeyCol), c.keys[1]);
-        EXPECT_EQ(sheet.Text(3, kKeyCol), c.keys[2]);
-        EXPECT_EQ(RowTexts(sheet, 4, 0, 4), Texts(5));
-        EXPECT_EQ(sheet.CurrentRow(), 4);
-        EXPECT_EQ(sheet.TopRow(), 4);
-    }
-}
-
 TEST(NumberEnquiry, OnlyTheDigitsOfTheTextCount) {
     EXPECT_EQ(TicketDigits("123,456"), "123456");
     for (const char* text : {"12 3456", "1\r\n2x3-45.6\t"}) {

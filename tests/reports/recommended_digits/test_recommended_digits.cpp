@@ -230,25 +230,8 @@ TEST(RecommendThreeDigits, LongestMissesAndSumTable) {
     EXPECT_EQ(RowTexts(s, 13, kForecastC, kMarkerC), (Texts{"2", "6", "8", ""}));
 }
 
-// X1 of the forecasts A to F; X2 stands beside X1, the marker beside X2.
-constexpr int kFirstCols[] = {6, 10, 14, 18, 22, 26};
-constexpr int kLastForecastCol = 28;
-
-// Per forecast A to F: X1, X2 and the marker as one text, such as "28-Y-".
-Texts Forecasts(const ReportSheet& s, int row) {
-    Texts out;
-    for (int c : kFirstCols)
-        out.push_back(s.Text(row, c) + s.Text(row, c + 1) + s.Text(row, c + 2));
-    return out;
-}
-
+// The date forecast (columns 26 and 27) of the next drawing.
 TEST(RecommendTwoDigits, DateForecastOfTheNextDrawing) {
-    // An empty file: the next drawing is row 1 and its date digit is 0 + 1.
-    ReportSheet empty = Build("frmtongshahao", {});
-    EXPECT_EQ(empty.Rows(), 2);
-    EXPECT_EQ(Forecasts(empty, 1), (Texts{"", "", "", "", "", "67"}));
-    EXPECT_EQ(RowTexts(empty, 1, 0, kLastForecastCol - 3), Texts(26));
-
     // An eight-digit date: its own row by its last digit 9; the next drawing by the first seven
     // characters plus 1, 2024011, not by the date plus 1.
     auto drawings = Drawings({"123"});
