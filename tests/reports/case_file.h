@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -83,17 +84,20 @@ inline std::vector<DrawRecord> DrawingsOf(const Words& words) {
 }
 
 // Checks every case of `name`: report | drawings | row | first column | texts, where the row's
-// cells from that column on must be the texts; with "hits" or "colour R G B" for the column, the
-// row's columns painted in that colour must be the numbers given.
+// cells from that column on must be the texts; with a colour for the column ("colour R G B",
+// "hits", "statistics" or "sum-width"), the row's columns of that back colour must be the numbers.
 inline void CheckRows(const std::string& name) {
     for (const Case& c : ReadCases(name)) {
         const ReportSheet sheet = Build(c.Text(0), DrawingsOf(c[1]));
         const int row = c.Int(2);
-        if (c.Text(3) == "hits" || c.Text(3) == "colour") {
-            const Words& how = c[3];
+        const Words& how = c[3];
+        const std::map<std::string, Rgb> named = {{"hits", colours::kHit},
+                                                  {"statistics", colours::kStatisticBack},
+                                                  {"sum-width", colours::kSumWidth}};
+        if (how.size() == 4 || named.count(c.Text(3))) {
             const Rgb colour =
                 how.size() == 4 ? MakeRgb(std::stoi(how[1]), std::stoi(how[2]), std::stoi(how[3]))
-                                : colours::kHit;
+                                : named.at(how[0]);
             std::vector<int> want;
             for (const std::string& w : c[4])
                 want.push_back(std::stoi(w));
