@@ -14,6 +14,7 @@
 #include <cerrno>
 
 #include "data/file_io.h"
+#include "reports/case_file.h"
 #include "shell/drawings_editor.h"
 #include "shell/import_dialog.h"
 #include "shell/shell_fixture.h"
@@ -224,29 +225,17 @@ TEST_F(EditorTest, SaveAsksBeforeReplacingWhatAnotherProgramWrote) {
 }
 
 TEST_F(EditorTest, RowButtonsWorkOnTheCurrentRowAndNeverDeleteTheLastRow) {
-    struct Case {
-        int row;  // the row made current first
-        std::vector<const char*> buttons;
-        int current;
-        std::string saved;  // every row of the table, an empty one as an end marker
-    };
-    const char *addAtEnd = "Command3", *addBefore = "Command11", *remove = "Command12";
-    const std::string marker = "0 0 0 0\r\n", first = "2020001 1 2 3\r\n",
-                      second = "2020002 4 5 6\r\n";
-    const Case cases[] = {
-        {1, {addBefore}, 1, first + marker + second + marker},
-        {0, {remove}, 0, second + marker},
-        {0, {addAtEnd, addAtEnd}, 0, first + second + marker + marker + marker},
-        {0, {remove, remove, remove, remove}, 0, marker},
-    };
-    for (const Case& c : cases) {
-        auto e = Make((first + second).c_str());
-        Go(*e, c.row, 0);
-        for (const char* button : c.buttons)
-            Click(*e, button);
-        EXPECT_EQ(e->Table()->currentIndex().row(), c.current);
+    for (const testing::Case& c : testing::ReadCases("shell/row_buttons.txt")) {
+        auto e = Make("2020001 1 2 3\r\n2020002 4 5 6\r\n");
+        Go(*e, c.Int(0), 0);
+        for (const std::string& button : c[1])
+            Click(*e, button.c_str());
+        EXPECT_EQ(e->Table()->currentIndex().row(), c.Int(2)) << c.where;
         Click(*e, "Command13");
-        EXPECT_EQ(File(), c.saved) << c.row << " " << c.buttons[0];
+        std::string saved;
+        for (const std::string& line : c[3])
+            saved += line + "\r\n";
+        EXPECT_EQ(File(), saved) << c.where;
     }
 }
 
@@ -320,13 +309,8 @@ TEST_F(EditorTest, DownloadAndExitAskFirstAndHelpOpensItsPage) {
 class ImportResultsTest : public EditorTest {
 protected:
     // Ends with the file's last drawing (779) so that the rest follows it.
-    const QString results = QStringLiteral(
-        "Draw,Date,Midday,Evening\n"
-        "2020004,01/04/2020,12,\n"
-        "2020003,01/03/2020,779,\n"
-        "2020005,01/05/2020,\"1,2,3\",\n"
-        "2020005,01/05/2020,124,\n"
-        "2020006,01/06/2020,x,\n");
+    const QString results = QString::fromStdString(testing::ReadAll(
+        std::filesystem::path(NUMAREL_TESTS_DIR) / "shell" / "import_results.csv"));
 };
 
 // The table's menu (Ctrl+I) opens the preview; a cancelled one changes nothing.
