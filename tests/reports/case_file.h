@@ -66,12 +66,17 @@ inline std::vector<Case> ReadCases(const std::string& name) {
     return cases;
 }
 
-// Drawings dated 2020001, 2020002, ... from words such as 123, or 3,0,12 for H, T and U apart.
+// Drawings dated 2020001, 2020002, ... from words such as 123, or 3,0,12 for H, T and U apart;
+// a date of its own goes in front with a colon, as in 20240109:123.
 inline std::vector<DrawRecord> DrawingsOf(const Words& words) {
     std::vector<DrawRecord> out;
-    for (const std::string& w : words) {
-        DrawRecord r{std::to_string(2020001 + out.size()), w.substr(0, 1), w.substr(1, 1),
-                     w.substr(2, 1)};
+    for (std::string w : words) {
+        std::string date = std::to_string(2020001 + out.size());
+        if (const auto colon = w.find(':'); colon != std::string::npos) {
+            date = w.substr(0, colon);
+            w.erase(0, colon + 1);
+        }
+        DrawRecord r{date, w.substr(0, 1), w.substr(1, 1), w.substr(2, 1)};
         if (w.find(',') != std::string::npos) {
             const auto a = w.find(','), b = w.find(',', a + 1);
             r.h = w.substr(0, a);

@@ -62,18 +62,6 @@ TEST(ColdWarmHot, WithoutSevenDrawingsTheTextSaysSoInsteadOfEmptyGroups) {
     }
 }
 
-TEST(TundredTenUnitsTrend, LabelIsTheDrawingLabelWithoutItsLeadingBlank) {
-    // The date is read as a number, so a leading zero or a decimal point does not show, and a
-    // date that is not a number leaves the label empty while the digits still count.
-    const std::vector<DrawRecord> drawings = {
-        {"02020001", "1", "2", "3"}, {"abc", "4", "5", "6"}, {"2020003.0", " 7", "8", "9"}};
-    const ReportSheet sheet = Build("frm3weizoushi", drawings);
-    EXPECT_EQ(sheet.Text(1, 0), "2020001:123");
-    EXPECT_EQ(sheet.Text(2, 0), "");
-    EXPECT_EQ(RowTexts(sheet, 2, 1, 3), (Texts{"4", "5", "6"}));
-    EXPECT_EQ(sheet.Text(3, 0), "2020003:789");
-}
-
 TEST(Recommend320StraightNumbers, ExportListsEveryDrawingWithItsHit) {
     ReportSheet sheet = Build("frmbaishi32zu", Drawings({"307", "500", "059"}));
     const SheetText Export320Text = FindReport("frmbaishi32zu")->extraButton.text;

@@ -16,8 +16,6 @@ namespace {
 
 using testing::Build;
 using testing::Drawings;
-using testing::RowTexts;
-using Texts = std::vector<std::string>;
 
 constexpr int kFirstSetCol = 5;
 
@@ -85,17 +83,6 @@ TEST(RecommendThreeDigits, TheMissChartGreysItsMisses) {
     ASSERT_EQ(s.Rows(), 14);
     EXPECT_EQ(s.ForeColor(10, 10), MakeRgb(188, 194, 182));
     EXPECT_EQ(s.ForeColor(10, 10 + 4), kDefaultColour);
-}
-
-// The date forecast (columns 26 and 27) of the next drawing.
-TEST(RecommendTwoDigits, DateForecastOfTheNextDrawing) {
-    // An eight-digit date: its own row by its last digit 9; the next drawing by the first seven
-    // characters plus 1, 2024011, not by the date plus 1.
-    auto drawings = Drawings({"123"});
-    drawings[0].date = "20240109";
-    ReportSheet s = Build("frmtongshahao", drawings);
-    EXPECT_EQ(RowTexts(s, 1, 26, 27), (Texts{"0", "1"}));
-    EXPECT_EQ(RowTexts(s, 2, 26, 27), (Texts{"6", "7"}));
 }
 
 }  // namespace
