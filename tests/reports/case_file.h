@@ -31,6 +31,12 @@ struct Case {
         return (*this)[i].empty() ? none : (*this)[i][0];
     }
     int Int(std::size_t i) const { return std::stoi((*this)[i].empty() ? "-1" : (*this)[i][0]); }
+    std::vector<int> Ints(std::size_t i) const {
+        std::vector<int> out;
+        for (const std::string& w : (*this)[i])
+            out.push_back(std::stoi(w));
+        return out;
+    }
 };
 
 // The cases of `name`, a path under the tests' folder; fails the test when there are none.
@@ -103,10 +109,7 @@ inline void CheckRows(const std::string& name) {
             const Rgb colour =
                 how.size() == 4 ? MakeRgb(std::stoi(how[1]), std::stoi(how[2]), std::stoi(how[3]))
                                 : named.at(how[0]);
-            std::vector<int> want;
-            for (const std::string& w : c[4])
-                want.push_back(std::stoi(w));
-            EXPECT_EQ(ColumnsColoured(sheet, row, colour), want) << c.where;
+            EXPECT_EQ(ColumnsColoured(sheet, row, colour), c.Ints(4)) << c.where;
         } else {
             const int first = c.Int(3);
             const int last = first + static_cast<int>(c[4].size()) - 1;

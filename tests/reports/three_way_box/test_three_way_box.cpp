@@ -82,22 +82,10 @@ std::vector<int> RowsColoured(const ReportSheet& sheet, int col) {
 }
 
 TEST(ThreeWayBoxChance, PaintedStretches) {
-    // Signals on rows 1 and 3 merge; the first signal row itself stays white.
-    EXPECT_EQ(
-        RowsColoured(
-            Build("Form1zu3", Drawings({"100", "234", "156", "222", "333", "444", "555", "666"})),
-            4),
-        (std::vector<int>{2, 3, 4, 5, 6, 7}));
-    // A signal on the last drawing paints all four rows to come.
-    EXPECT_EQ(RowsColoured(Build("Form1zu3", Drawings({"000", "100"})), 4),
-              (std::vector<int>{3, 4, 5, 6}));
-    // Widths 4 4 0 0 2: rows 1 and 2 never form a pair; rows 3 and 4 paint rows 5 to 7.
-    EXPECT_EQ(
-        RowsColoured(Build("Form1zu3bai10", Drawings({"135", "246", "000", "999", "123"})), 7),
-        (std::vector<int>{5, 6, 7}));
-    // A pair in the last two drawings reaches DrawCount + 3.
-    EXPECT_EQ(RowsColoured(Build("Form1zu3bai10", Drawings({"123", "135", "246"})), 7),
-              (std::vector<int>{4, 5, 6}));
+    for (const testing::Case& c : testing::ReadCases("reports/three_way_box/painted.txt")) {
+        EXPECT_EQ(RowsColoured(Build(c.Text(0), testing::DrawingsOf(c[1])), c.Int(2)), c.Ints(3))
+            << c.where;
+    }
 }
 
 constexpr Rgb kMissFore = MakeRgb(188, 194, 182);
