@@ -41,24 +41,13 @@ TEST(RecommendedDigits, RowsWorkedByHand) {
 TEST(DigitFormulaMatrices, EverySetOfASize) {
     for (const testing::Case& c : testing::ReadCases("reports/recommended_digits/matrices.txt")) {
         SCOPED_TRACE(c.where);
-        ReportSheet s = Build(c.Text(0), Drawings({c.Text(1)}));
-        for (std::size_t i = 0; i + 1 < c[2].size(); i += 2)
-            EXPECT_EQ(s.Text(1, SetColumn(s, c[2][i])), c[2][i + 1]) << c[2][i];
-        EXPECT_EQ(CountInRow(s, 1, c.Text(3)), c.Int(4));
-        EXPECT_EQ(CountInRow(s, 2, c.Text(3)), 0);  // the next drawing's row
+        ReportSheet s = Build(c.Text(0), testing::DrawingsOf(c[1]));
+        const int row = c.Int(2);
+        for (std::size_t i = 0; i + 1 < c[3].size(); i += 2)
+            EXPECT_EQ(s.Text(row, SetColumn(s, c[3][i])), c[3][i + 1]) << c[3][i];
+        EXPECT_EQ(CountInRow(s, row, c.Text(4)), c.Int(5));
+        EXPECT_EQ(CountInRow(s, row + 1, c.Text(4)), 0);  // the next drawing's row
     }
-}
-
-TEST(DigitFormulaMatrices, DigitsOutsideZeroToNineAreCountedAsCharacters) {
-    // 1 1 11 leaves the text 111: every 1 of it counts, so each set with a 1 takes three.
-    auto d = Drawings({"301", "111"});
-    d[0].u = "12";
-    d[1].u = "11";
-    ReportSheet two = Build("frmdanma3c2", d);
-    EXPECT_EQ(two.Text(2, SetColumn(two, "019")), "$");
-    EXPECT_EQ(CountInRow(two, 2, "$"), 36);
-    ReportSheet none = Build("frmdanma30", d);
-    EXPECT_EQ(CountInRow(none, 2, " 0"), 84);
 }
 
 TEST(FormulaDigits, DecimalTextAndItsDigits) {
