@@ -126,30 +126,16 @@ TEST(ChanceStatistics, LongestMissRunsWorkedByHand) {
                 std::log(5000 * 0.1) / -std::log(0.9) + 0.5772 / -std::log(0.9) - 0.5, 1.0);
 }
 
-// A history of `count` drawings from a fixed sequence; with `odd`, dates that jump and fields
-// written as people write them.
-std::vector<DrawRecord> History(int count, bool odd, std::uint32_t seed = 7) {
-    std::vector<DrawRecord> drawings;
-    std::uint32_t state = seed;
-    const auto next = [&] {
-        state = state * 1664525u + 1013904223u;
-        return static_cast<int>((state >> 16) % 10);
-    };
-    int date = 2021001;
-    for (int i = 0; i < count; ++i) {
-        DrawRecord r;
-        date += odd ? 1 + next() % 3 : 1;
-        r.date = std::to_string(date);
-        r.h = std::to_string(next());
-        r.t = std::to_string(next());
-        r.u = std::to_string(next());
-        if (odd && i % 17 == 5) r.h = " " + r.h;
-        if (odd && i % 23 == 9) r.t = "0" + r.t;
-        if (odd && i % 29 == 11) r.u = "x";
-        if (odd && i % 13 == 3) r.date = " " + r.date;
-        drawings.push_back(r);
-    }
-    return drawings;
+// A history of `count` made-up drawings dated from 2021002, the same for the same seed.
+std::vector<DrawRecord> History(int count, std::uint32_t seed) {
+    return ParseDrawings(testing::HistoryText(count, seed, 2021002));
+}
+
+// A made-up history whose dates jump and whose fields are written as people write them (" 6",
+// "04", "x", " 2021010").
+std::vector<DrawRecord> OddHistory(const char* name) {
+    return ParseDrawings(testing::ReadAll(std::filesystem::path(NUMAREL_TESTS_DIR) / "reports" /
+                                          "scoreboard" / name));
 }
 
 std::vector<DrawRecord> CaseFile(const std::string& name) {
@@ -191,13 +177,13 @@ TEST(ScoredMethods, HitsAreTheReportsOwnOnEveryCaseFile) {
         ExpectHitsAreTheReports(CaseFile(entry.path().filename().string()),
                                 entry.path().filename().string());
     int judged = 0;
-    ExpectHitsAreTheReports(History(150, true), "odd history", &judged);
-    ExpectHitsAreTheReports(History(150, false, 99), "plain history", &judged);
+    ExpectHitsAreTheReports(OddHistory("odd_history_7.txt"), "odd history", &judged);
+    ExpectHitsAreTheReports(History(150, 99), "plain history", &judged);
     EXPECT_GT(judged, 20000);
 }
 
 TEST(ScoredMethods, EveryReportAndColumnExists) {
-    const std::vector<DrawRecord> drawings = History(20, false);
+    const std::vector<DrawRecord> drawings = History(20, 7);
     std::map<std::string, int> perReport;
     for (const ScoredMethod* method : AllScoredMethods()) {
         const ReportSheet sheet = testing::Build(method->object, drawings);
@@ -217,8 +203,8 @@ TEST(ScoredMethods, EveryReportAndColumnExists) {
 // For every k, the claim a report makes for the next drawing from the first k drawings is the
 // claim the whole history shows on row k + 1.
 TEST(ScoredMethods, NoMethodLooksAheadButThoseThatSaySo) {
-    const std::vector<std::vector<DrawRecord>> histories = {History(70, false, 3),
-                                                            History(70, true, 11)};
+    const std::vector<std::vector<DrawRecord>> histories = {History(70, 3),
+                                                            OddHistory("odd_history_11.txt")};
     for (const ScoredMethod* method : AllScoredMethods()) {
         bool same = true;
         std::string where;
@@ -249,7 +235,7 @@ TEST(ScoredMethods, NoMethodLooksAheadButThoseThatSaySo) {
 TEST(Scoreboard, AMethodThatAlwaysHitsComesFirst) {
     // Recommend 1 digit[2] names a digit by the H of the drawing before; every drawing holds it.
     constexpr int kTable[] = {0, 8, 6, 4, 7, 9, 1, 2, 4, 6};
-    std::vector<DrawRecord> drawings = History(300, false, 5);
+    std::vector<DrawRecord> drawings = History(300, 5);
     for (std::size_t i = 1; i < drawings.size(); ++i)
         drawings[i].u = std::to_string(kTable[std::stoi(drawings[i - 1].h)]);
     const ScoreTable table = BuildScoreboard(drawings, {.lottery = "made up"});
@@ -267,7 +253,7 @@ TEST(Scoreboard, AMethodThatAlwaysHitsComesFirst) {
 }
 
 TEST(Scoreboard, StretchesCostsAndFewDrawings) {
-    const std::vector<DrawRecord> drawings = History(400, false, 21);
+    const std::vector<DrawRecord> drawings = History(400, 21);
     const ScoreTable table =
         BuildScoreboard(drawings, {.stretches = {20, 100, 0}, .payouts = {.straight = 900}});
     ASSERT_EQ(table.drawings, 400);
