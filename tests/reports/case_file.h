@@ -97,9 +97,14 @@ inline std::vector<DrawRecord> DrawingsOf(const Words& words) {
 // Checks every case of `name`: report | drawings | row | first column | texts, where the row's
 // cells from that column on must be the texts; with a colour for the column ("colour R G B",
 // "hits", "statistics" or "sum-width"), the row's columns of that back colour must be the numbers.
+// A case report | drawings | rows | N (or top | N) gives the sheet's rows (or its top row).
 inline void CheckRows(const std::string& name) {
     for (const Case& c : ReadCases(name)) {
         const ReportSheet sheet = Build(c.Text(0), DrawingsOf(c[1]));
+        if (c.Text(2) == "rows" || c.Text(2) == "top") {
+            EXPECT_EQ(c.Text(2) == "rows" ? sheet.Rows() : sheet.TopRow(), c.Int(3)) << c.where;
+            continue;
+        }
         const int row = c.Int(2);
         const Words& how = c[3];
         const std::map<std::string, Rgb> named = {{"hits", colours::kHit},

@@ -70,19 +70,5 @@ TEST(Recommend320StraightNumbers, ExportListsEveryDrawingWithItsHit) {
     EXPECT_EQ(Export320Text(Build("frmbaishi32zu", {})), "");
 }
 
-TEST(RecommendTundredTenUnits, TheSheetShowsItsLastRows) {
-    ReportSheet sheet = Build("frmzhixuantaloven", Drawings({"123", "213"}));
-    ASSERT_EQ(sheet.Rows(), 2 + 5);
-    EXPECT_EQ(sheet.TopRow(), 6);
-}
-
-TEST(TundredTenUnitsTrend, EveryDrawingHasItsRowAndFiveMore) {
-    EXPECT_EQ(Build("frm3weizoushi", Drawings({"905", "095", "362"})).Rows(), 3 + 5);
-    EXPECT_EQ(Build("frmxingxiang", Drawings({"159", "951", "519", "559", "955", "595", "515",
-                                              "777", "132", "231", "312", "344", "443"}))
-                  .Rows(),
-              13 + 3);
-}
-
 }  // namespace
 }  // namespace numarel

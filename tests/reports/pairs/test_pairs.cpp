@@ -46,13 +46,6 @@ TEST(PairCharts, RowsWorkedByHand) {
     testing::CheckRows("reports/pairs/rows.txt");
 }
 
-TEST(PairCharts, InheritTwoDigitsHasARowForTheNextDrawing) {
-    EXPECT_EQ(Build("frmchong2ge",
-                    Drawings({"123", "234", "432", "112", "219", "555", "550", "505", "000"}))
-                  .Rows(),
-              11);
-}
-
 // + or - of Pairs: a row per pair of positions, the sum in column 1 and its chart from column 2.
 constexpr int kSumCol = 1;
 constexpr int kFirstSumChartCol = 2;
