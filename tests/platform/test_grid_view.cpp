@@ -57,7 +57,7 @@ QPoint Centre(GridView& view, int row, int col) {
     return view.visualRect(view.Model().IndexOf(row, col)).center();
 }
 
-TEST(SheetModel, CellsStartAfterTheFixedRowAndColumn) {
+TEST(SheetModel, CellsStartAfterTheFixedRowAndColumnAndChangesReachTheRightSignal) {
     App();
     ReportSheet sheet = SmallSheet();
     SheetModel model;
@@ -75,17 +75,7 @@ TEST(SheetModel, CellsStartAfterTheFixedRowAndColumn) {
               QColor(0, 0, 255));
     EXPECT_EQ(model.headerData(0, Qt::Vertical).toString(), " 2020001:123");
 
-    ReportSheet empty;
-    model.SetSheet(&empty);
-    EXPECT_EQ(model.rowCount(), 0);
-    EXPECT_EQ(model.columnCount(), 0);
-}
-
-TEST(SheetModel, ChangedCellsReachTheRightSignal) {
-    App();
-    ReportSheet sheet = SmallSheet();
-    SheetModel model;
-    model.SetSheet(&sheet);
+    // Changed cells reach the right signal.
     std::vector<QModelIndex> cells;
     std::vector<std::pair<Qt::Orientation, int>> headers;
     QObject::connect(&model, &QAbstractItemModel::dataChanged,
@@ -100,6 +90,11 @@ TEST(SheetModel, ChangedCellsReachTheRightSignal) {
     EXPECT_EQ(cells[0], model.IndexOf(3, 2));
     EXPECT_EQ(headers, (std::vector<std::pair<Qt::Orientation, int>>{{Qt::Horizontal, 3},
                                                                      {Qt::Vertical, 4}}));
+
+    ReportSheet empty;
+    model.SetSheet(&empty);
+    EXPECT_EQ(model.rowCount(), 0);
+    EXPECT_EQ(model.columnCount(), 0);
 }
 
 TEST(GridView, MouseDownMovesTheCurrentCellFirst) {
