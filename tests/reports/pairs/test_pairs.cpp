@@ -41,32 +41,9 @@ TEST(FiveRegionsPairs, BandMarksTwentyTwoRowsOnAndOffFromRowThirtyNine) {
     }
 }
 
-// Inherit two digits, worked by hand.
+// Inherit two digits and + or - of Pairs, worked by hand.
 TEST(PairCharts, RowsWorkedByHand) {
     testing::CheckRows("reports/pairs/rows.txt");
-}
-
-// + or - of Pairs: a row per pair of positions, the sum in column 1 and its chart from column 2.
-constexpr int kSumCol = 1;
-constexpr int kFirstSumChartCol = 2;
-constexpr int kFirstDifferenceChartCol = 23;
-constexpr Rgb kChartColour = MakeRgb(200, 164, 170);
-
-// A date that is not a number has no label, and the pair's mark goes with it: the three rows
-// keep column 0 empty, and their sums, differences and charts are there as for any drawing.
-TEST(SumOrDifferenceOfPairs, ADrawingWithoutALabelLeavesColumnZeroEmptyOnAllItsRows) {
-    std::vector<DrawRecord> drawings = Drawings({"307", "992"});
-    drawings[0].date = "x2020";
-    const ReportSheet sheet = Build("frmliangmahecha", drawings);
-    ASSERT_EQ(sheet.Rows(), 9);
-    for (int r = 1; r <= 3; ++r) {
-        EXPECT_EQ(sheet.Text(r, 0), "") << r;
-        EXPECT_FALSE(sheet.Text(r, kSumCol).empty()) << r;
-    }
-    EXPECT_EQ(sheet.Text(1, kSumCol), "3");
-    EXPECT_EQ(ColumnsColoured(sheet, 3, kChartColour),
-              (Columns{kFirstSumChartCol + 7, kFirstDifferenceChartCol + 7}));
-    EXPECT_EQ(sheet.Text(4, 0), " 2020002:992(H±T)");
 }
 
 constexpr const char* kRecommendPairs = "frmrenwenlengTlm";
