@@ -119,6 +119,10 @@ inline void CheckRows(const std::string& name) {
             const int first = c.Int(3);
             const int last = first + static_cast<int>(c[4].size()) - 1;
             EXPECT_EQ(RowTexts(sheet, row, first, last), c[4]) << c.where;
+            for (int col = first; col <= last; ++col)  // an empty text: no cell at all
+                if (c[4][static_cast<std::size_t>(col - first)].empty()) {
+                    EXPECT_TRUE(sheet.IsEmpty(row, col)) << c.where << " column " << col;
+                }
         }
     }
 }
