@@ -14,6 +14,7 @@
 #include "platform/grid_view.h"
 #include "platform/platform.h"
 #include "platform/twips.h"
+#include "reports/case_file.h"
 #include "shell/qt_test_support.h"
 #include "support/test_support.h"
 
@@ -56,7 +57,7 @@ QPoint Centre(GridView& view, int row, int col) {
     return view.visualRect(view.Model().IndexOf(row, col)).center();
 }
 
-TEST(SheetModel, CellsStartAfterTheFixedRowAndColumn) {
+TEST(SheetModel, CellsStartAfterTheFixedRowAndColumnAndChangesReachTheRightSignal) {
     App();
     ReportSheet sheet = SmallSheet();
     SheetModel model;
@@ -74,17 +75,7 @@ TEST(SheetModel, CellsStartAfterTheFixedRowAndColumn) {
               QColor(0, 0, 255));
     EXPECT_EQ(model.headerData(0, Qt::Vertical).toString(), " 2020001:123");
 
-    ReportSheet empty;
-    model.SetSheet(&empty);
-    EXPECT_EQ(model.rowCount(), 0);
-    EXPECT_EQ(model.columnCount(), 0);
-}
-
-TEST(SheetModel, ChangedCellsReachTheRightSignal) {
-    App();
-    ReportSheet sheet = SmallSheet();
-    SheetModel model;
-    model.SetSheet(&sheet);
+    // Changed cells reach the right signal.
     std::vector<QModelIndex> cells;
     std::vector<std::pair<Qt::Orientation, int>> headers;
     QObject::connect(&model, &QAbstractItemModel::dataChanged,
@@ -99,6 +90,11 @@ TEST(SheetModel, ChangedCellsReachTheRightSignal) {
     EXPECT_EQ(cells[0], model.IndexOf(3, 2));
     EXPECT_EQ(headers, (std::vector<std::pair<Qt::Orientation, int>>{{Qt::Horizontal, 3},
                                                                      {Qt::Vertical, 4}}));
+
+    ReportSheet empty;
+    model.SetSheet(&empty);
+    EXPECT_EQ(model.rowCount(), 0);
+    EXPECT_EQ(model.columnCount(), 0);
 }
 
 TEST(GridView, MouseDownMovesTheCurrentCellFirst) {
@@ -233,9 +229,10 @@ TEST(Platform, HelpPagesOpenOnlyWhenTheyExist) {
 }
 
 TEST(Platform, FiltersAreWrittenAsQtExpects) {
-    EXPECT_EQ(QtNameFilter("Lottery file|*.txt"), "Lottery file (*.txt)");
-    EXPECT_EQ(QtNameFilter("data file|*.txt|All|*.*"), "data file (*.txt);;All (*.*)");
-    EXPECT_EQ(QtNameFilter("*.txt"), "*.txt");
+    for (const testing::Case& c : testing::ReadCases("platform/name_filters.txt"))
+        EXPECT_EQ(QtNameFilter(QString::fromStdString(c.Text(0))),
+                  QString::fromStdString(c.Text(1)))
+            << c.where;
 }
 
 TEST(Platform, TextsFromUsersAndFilesAreShownAsPlainText) {
@@ -276,12 +273,8 @@ ReportSheet Sheet() {
 }
 
 TEST(GridZoom, StepsStayBetweenFiftyAndFourHundred) {
-    struct Case {
-        int from, direction, to;
-    } cases[] = {{100, +1, 110}, {100, -1, 90}, {60, +1, 67},  {60, -1, 50},
-                 {400, +1, 400}, {50, -1, 50},  {300, +1, 400}};
-    for (const Case& c : cases)
-        EXPECT_EQ(NextZoomStep(c.from, c.direction), c.to) << c.from << " " << c.direction;
+    for (const testing::Case& c : testing::ReadCases("platform/zoom_steps.txt"))
+        EXPECT_EQ(NextZoomStep(c.Int(0), c.Int(1)), c.Int(2)) << c.where;
 }
 
 TEST(GridZoom, SizesComeFromTwipsAndDecipointsAndScaleTogetherAndBackExactly) {

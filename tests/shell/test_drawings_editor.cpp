@@ -14,6 +14,7 @@
 #include <cerrno>
 
 #include "data/file_io.h"
+#include "reports/case_file.h"
 #include "shell/drawings_editor.h"
 #include "shell/import_dialog.h"
 #include "shell/shell_fixture.h"
@@ -224,29 +225,17 @@ TEST_F(EditorTest, SaveAsksBeforeReplacingWhatAnotherProgramWrote) {
 }
 
 TEST_F(EditorTest, RowButtonsWorkOnTheCurrentRowAndNeverDeleteTheLastRow) {
-    struct Case {
-        int row;  // the row made current first
-        std::vector<const char*> buttons;
-        int current;
-        std::string saved;  // every row of the table, an empty one as an end marker
-    };
-    const char *addAtEnd = "Command3", *addBefore = "Command11", *remove = "Command12";
-    const std::string marker = "0 0 0 0\r\n", first = "2020001 1 2 3\r\n",
-                      second = "2020002 4 5 6\r\n";
-    const Case cases[] = {
-        {1, {addBefore}, 1, first + marker + second + marker},
-        {0, {remove}, 0, second + marker},
-        {0, {addAtEnd, addAtEnd}, 0, first + second + marker + marker + marker},
-        {0, {remove, remove, remove, remove}, 0, marker},
-    };
-    for (const Case& c : cases) {
-        auto e = Make((first + second).c_str());
-        Go(*e, c.row, 0);
-        for (const char* button : c.buttons)
-            Click(*e, button);
-        EXPECT_EQ(e->Table()->currentIndex().row(), c.current);
+    for (const testing::Case& c : testing::ReadCases("shell/row_buttons.txt")) {
+        auto e = Make("2020001 1 2 3\r\n2020002 4 5 6\r\n");
+        Go(*e, c.Int(0), 0);
+        for (const std::string& button : c[1])
+            Click(*e, button.c_str());
+        EXPECT_EQ(e->Table()->currentIndex().row(), c.Int(2)) << c.where;
         Click(*e, "Command13");
-        EXPECT_EQ(File(), c.saved) << c.row << " " << c.buttons[0];
+        std::string saved;
+        for (const std::string& line : c[3])
+            saved += line + "\r\n";
+        EXPECT_EQ(File(), saved) << c.where;
     }
 }
 
@@ -320,13 +309,15 @@ TEST_F(EditorTest, DownloadAndExitAskFirstAndHelpOpensItsPage) {
 class ImportResultsTest : public EditorTest {
 protected:
     // Ends with the file's last drawing (779) so that the rest follows it.
-    const QString results = QStringLiteral(
-        "Draw,Date,Midday,Evening\n"
-        "2020004,01/04/2020,12,\n"
-        "2020003,01/03/2020,779,\n"
-        "2020005,01/05/2020,\"1,2,3\",\n"
-        "2020005,01/05/2020,124,\n"
-        "2020006,01/06/2020,x,\n");
+    const QString results = QString::fromStdString(testing::ReadAll(
+        std::filesystem::path(NUMAREL_TESTS_DIR) / "shell" / "import_results.csv"));
+    // The texts named `name` in import_expected.txt.
+    static std::vector<std::string> Expected(const std::string& name) {
+        for (const testing::Case& c : testing::ReadCases("shell/import_expected.txt"))
+            if (c.Text(0) == name) return c[1];
+        ADD_FAILURE() << "no " << name << " in import_expected.txt";
+        return {""};
+    }
 };
 
 // The table's menu (Ctrl+I) opens the preview; a cancelled one changes nothing.
@@ -345,17 +336,13 @@ TEST_F(ImportResultsTest, PastedResultsArePreviewedAndGoIntoTheTableUnsaved) {
         EXPECT_EQ(dialog.windowTitle(), "Import results");
         EXPECT_FALSE(dialog.findChild<QPushButton*>("import")->isEnabled());
         Click(dialog, "paste");
-        // The new drawings with the conflict marked, then the line that gave nothing.
-        EXPECT_EQ(Rows(*dialog.Preview()->model(), 5),
-                  (std::vector<std::string>{"2020004 0 1 2 2", "2020005 1 2 3 4", "2020005 1 2 4 5",
-                                            "6"}));
+        EXPECT_EQ(Rows(*dialog.Preview()->model(), 5), Expected("preview"));
         // The reasons are pinned with the import; the conflict stands out.
         const QTableWidget& preview = *dialog.Preview();
         EXPECT_TRUE(preview.item(1, 5)->text().startsWith("conflict: "));
         EXPECT_NE(preview.item(1, 0)->background(), preview.item(0, 0)->background());
-        EXPECT_EQ(dialog.findChild<QLabel*>("summary")->text(),
-                  "4 drawings found, 3 to add, 1 already in the table, 1 conflicts, 1 lines not "
-                  "used.");
+        EXPECT_EQ(dialog.findChild<QLabel*>("summary")->text().toStdString(),
+                  Expected("summary")[0]);
         dialog.findChild<QCheckBox*>("strict")->setChecked(true);
         EXPECT_FALSE(dialog.findChild<QPushButton*>("import")->isEnabled());
         EXPECT_EQ(dialog.Preview()->rowCount(), 1);  // only the unused line is left to show
@@ -364,21 +351,17 @@ TEST_F(ImportResultsTest, PastedResultsArePreviewedAndGoIntoTheTableUnsaved) {
         return true;
     });
     action->trigger();
-    // After the last drawing, before the end marker; current on the last new row.
-    EXPECT_EQ(Rows(e->Model(), 4),
-              (std::vector<std::string>{"2020001 1 1 3", "2020002 4 5 6", "2020003 7 7 9",
-                                        "2020004 0 1 2", "2020005 1 2 3", "2020005 1 2 4",
-                                        "0 0 0 0", ""}));
+    // Current on the last new row.
+    EXPECT_EQ(Rows(e->Model(), 4), Expected("added"));
     EXPECT_EQ(e->Table()->currentIndex(), e->Model().index(5, 0));
     ASSERT_FALSE(scripted.shown.empty());
-    EXPECT_EQ(scripted.shown.back().text,
-              "3 drawings were added to the table. Save keeps them; Exit without Save leaves the "
-              "file as it was.");
+    EXPECT_EQ(scripted.shown.back().text.toStdString(), Expected("added-message")[0]);
     EXPECT_EQ(File(), "2020001 1 1 3\r\n2020002 4 5 6\r\n2020003 7 7 9\r\n0 0 0 0\r\n");
     Click(*e, "Command13");
-    EXPECT_EQ(File(),
-              "2020001 1 1 3\r\n2020002 4 5 6\r\n2020003 7 7 9\r\n2020004 0 1 2\r\n"
-              "2020005 1 2 3\r\n2020005 1 2 4\r\n0 0 0 0\r\n0 0 0 0\r\n");
+    std::string saved;
+    for (const std::string& line : Expected("added-saved"))
+        saved += line + "\r\n";
+    EXPECT_EQ(File(), saved);
 }
 
 TEST_F(ImportResultsTest, AFileCanReplaceTheTableWithTheOptionsGiven) {
@@ -401,9 +384,7 @@ TEST_F(ImportResultsTest, AFileCanReplaceTheTableWithTheOptionsGiven) {
         return true;
     });
     ImportResults(*e);
-    EXPECT_EQ(Rows(e->Model(), 4),
-              (std::vector<std::string>{"20210601 2 2 2", "20210601 1 1 1", "20210602 6 6 6",
-                                        "20210602 5 5 5", ""}));
+    EXPECT_EQ(Rows(e->Model(), 4), Expected("replaced-from-a-file"));
     ASSERT_EQ(scripted.opened.size(), 1u);
     EXPECT_TRUE(scripted.opened[0].toLocalFile().endsWith("help/Import_results.htm"));
 }
@@ -420,12 +401,9 @@ TEST_F(ImportResultsTest, ReplacingATableKeepsTheFormOfItsDates) {
         return true;
     });
     ImportResults(*e);
-    EXPECT_EQ(Rows(e->Model(), 4),
-              (std::vector<std::string>{"20210601 7 7 7", "20210602 8 8 8", ""}));
+    EXPECT_EQ(Rows(e->Model(), 4), Expected("replaced-keeping-YYYYMMDD"));
     ASSERT_FALSE(scripted.shown.empty());
-    EXPECT_EQ(scripted.shown.back().text,
-              "2 drawings were put in place of the table's drawings. Save keeps them; Exit "
-              "without Save leaves the file as it was.");
+    EXPECT_EQ(scripted.shown.back().text.toStdString(), Expected("replaced-message")[0]);
 }
 
 }  // namespace

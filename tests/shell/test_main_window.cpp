@@ -6,6 +6,7 @@
 #include <QRadioButton>
 #include <QTextBrowser>
 
+#include "reports/case_file.h"
 #include "shell/main_window.h"
 #include "shell/shell_fixture.h"
 #include "shell/welcome_window.h"
@@ -123,23 +124,20 @@ TEST_F(MainWindowTest, NewAndSelectLotteryChangeTheLabelAndLeaveOpenReportsAlone
     EXPECT_EQ(session->drawingsPath, folder.DataDir() / "Big &amp; Small.txt");
 
     WriteFile(folder.DataDir() / "Night.txt", "2021001 9 9 9\r\n");
-    const QString night = QString::fromStdString((folder.DataDir() / "Night.txt").string());
-    struct Step {
-        bool yes;
-        QString chosen;  // empty: the dialog is cancelled
-        std::string label;
-    };
-    const Step steps[] = {{false, {}, "Lottery:Big &amp; Small."},
-                          {true, {}, "Lottery:Big &amp; Small."},
-                          {true, night, "Lottery:Night."}};
-    for (const Step& step : steps) {
+    for (const testing::Case& step : testing::ReadCases("shell/select_lottery.txt")) {
+        SCOPED_TRACE(step.where);
+        const bool yes = step.Text(0) == "yes";
         scripted.shown.clear();
-        scripted.answers = {step.yes};
-        if (step.yes) scripted.chosen = {step.chosen};
+        scripted.answers = {yes};
+        if (yes)
+            scripted.chosen = {
+                step.Text(1).empty()
+                    ? QString()
+                    : QString::fromStdString((folder.DataDir() / step.Text(1)).string())};
         Button(w, "Command13")->click();
         EXPECT_EQ(scripted.shown[0].icon, MessageIcon::Warning);
-        EXPECT_EQ(scripted.shown.size(), step.chosen.isEmpty() ? 1u : 2u);
-        EXPECT_EQ(Label(w), step.label);
+        EXPECT_EQ(scripted.shown.size(), step.Text(1).empty() ? 1u : 2u);
+        EXPECT_EQ(Label(w), step.Text(2));
     }
     ASSERT_EQ(scripted.dialogs.size(), 2u);  // none after No
     EXPECT_EQ(scripted.dialogs[0].title, "Select Lottery");

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
+#include "reports/case_file.h"
 #include "reports/enquiry_other/number_enquiry.h"
 #include "support/test_support.h"
 
@@ -16,14 +17,10 @@ using Texts = std::vector<std::string>;
 
 // Each row starts its sums afresh.
 TEST(DigitClassSums, RowsFollowTheFileAndTheNextRowStaysEmpty) {
+    testing::CheckRows("reports/enquiry_other/rows.txt");
     auto sheet = Build("frmbjiouhe", Drawings({"135", "246", "000"}));
-    EXPECT_EQ(sheet.Rows(), 5);
-    EXPECT_EQ(sheet.Text(1, 7 + 9), "9");
-    EXPECT_EQ(sheet.Text(2, 36 + 12), "12");
-    EXPECT_EQ(sheet.Text(3, 7), "0");
     EXPECT_EQ(testing::RowTexts(sheet, 4, 0, sheet.Cols() - 1), Texts(sheet.Cols()));
     EXPECT_EQ(sheet.CurrentRow(), 4);
-    EXPECT_EQ(sheet.TopRow(), 4);
 }
 
 using testing::RowTexts;
@@ -52,12 +49,13 @@ Texts Snapshot(const ReportSheet& sheet) {
     return out;
 }
 
-// `count` tickets 100, 101, ... as one text.
-std::string Tickets(int count) {
+// The tickets typed of a case: a text, or "tickets N" for N tickets 100, 101, ... and what follows.
+std::string TypedText(const testing::Words& words) {
+    if (words.empty() || words[0] != "tickets") return words.empty() ? "" : words[0];
     std::string text;
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < std::stoi(words.at(1)); ++i)
         text += std::to_string(100 + i % 900) + "\r\n";
-    return text;
+    return words.size() > 2 ? text + words[2] : text;
 }
 
 TEST(NumberEnquiry, OnlyTheDigitsOfTheTextCount) {
@@ -72,94 +70,48 @@ TEST(NumberEnquiry, OnlyTheDigitsOfTheTextCount) {
     }
 }
 
-// Each case on the drawings 3 1 2, 0 0 7, 1 2 3, 7 0 0, 1 2 3: per column the five drawings, then
-// Amount, Max Miss, Current Miss and Average. Max Miss stops at the fourth drawing.
 TEST(NumberEnquiry, TicketsHitWhereTheirNumberEqualsTheKey) {
-    const struct {
-        const char* object;
-        const char* text;
-        std::vector<Texts> columns;  // the tickets, then Gather
-    } cases[] = {
-        // A Straight ticket hits in its exact order only; 007 is the number 7 on both sides.
-        {kStraight,
-         "123007321",
-         {
-             {"1", "2", "***", "1", "***", "2", "2", "0", "2"},
-             {"1", "***", "1", "2", "3", "1", "2", "3", "5"},
-             {"1", "2", "3", "4", "5", "0", "4", "5", ""},
-             {"1", "***", "***", "1", "***", "3", "1", "0", "1"},
-         }},
-        // A Box ticket is compared with the sorted drawing as typed: 321 and 700 never hit. A row
-        // counts once in Gather however many tickets hit it.
-        {kBox,
-         "123 321 007 700",
-         {
-             {"***", "1", "***", "1", "***", "3", "1", "0", "1"},
-             {"1", "2", "3", "4", "5", "0", "4", "5", ""},
-             {"1", "***", "1", "***", "1", "2", "1", "1", "2"},
-             {"1", "2", "3", "4", "5", "0", "4", "5", ""},
-             {"***", "***", "***", "***", "***", "5", "0", "0", "1"},
-         }},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.object) + " " + c.text);
-        auto sheet = Build(c.object, Drawings({"312", "007", "123", "700", "123"}));
-        ASSERT_EQ(Enquire(EnquiryOf(c.object), c.text, sheet), std::nullopt);
-        const int gatherCol = kFirstTicketCol + static_cast<int>(c.columns.size()) - 1;
+    for (const testing::Case& c : testing::ReadCases("reports/enquiry_other/enquiries.txt")) {
+        SCOPED_TRACE(c.where);
+        auto sheet = Build(c.Text(0), Drawings({"312", "007", "123", "700", "123"}));
+        ASSERT_EQ(Enquire(EnquiryOf(c.Text(0).c_str()), c.Text(1), sheet), std::nullopt);
+        const int gatherCol =
+            kFirstTicketCol + static_cast<int>(TicketDigits(c.Text(1)).size() / 3);
         ASSERT_EQ(sheet.Cols(), gatherCol + 1);
         ASSERT_EQ(sheet.Rows(), 11);
         EXPECT_EQ(sheet.Text(0, gatherCol), "Gather");
         EXPECT_EQ(sheet.ColWidth(gatherCol), 620);
         EXPECT_EQ(sheet.ColWidth(kFirstTicketCol), 372);
-        for (std::size_t i = 0; i < c.columns.size(); ++i) {
-            const int col = kFirstTicketCol + static_cast<int>(i);
-            Texts got;
-            for (int r : {1, 2, 3, 4, 5, 7, 8, 9, 10})
-                got.push_back(sheet.Text(r, col));
-            EXPECT_EQ(got, c.columns[i]) << "column " << col;
-        }
+        Texts got;
+        for (int r : {1, 2, 3, 4, 5, 7, 8, 9, 10})
+            got.push_back(sheet.Text(r, c.Int(2)));
+        EXPECT_EQ(got, c[3]);
         EXPECT_EQ(sheet.BackColor(10, gatherCol), MakeRgb(231, 225, 239));
         EXPECT_EQ(sheet.ForeColor(7, 1), MakeRgb(0, 0, 255));
     }
 }
 
 TEST(NumberEnquiry, ATextThatCannotBeEnquiredIsRefusedAndLeavesTheSheet) {
-    const std::string errors =
-        "There are errors in the input.Please check the input and try again!";
-    const struct {
-        const char* object;
-        std::string text;
-        std::string says;  // empty: enquired
-    } cases[] = {
-        {kStraight, "", "You did not enter the Straight Number!"},
-        {kBox, "", "You did not enter the Box Number!"},
-        {kStraight, "1234", errors},
-        // Too many digits for the limit but not in threes: the input is wrong first.
-        {kStraight, Tickets(400) + "1", errors},
-        {kStraight, Tickets(400), ""},
-        {kStraight, Tickets(401),
-         "The Straight Number you want to enquire cannot be more than 400 Tickets.!"},
-        {kBox, Tickets(70), ""},
-        {kBox, Tickets(71), "The Box Number you want to enquire cannot be more than 70 Tickets!"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.object) + " " + c.says);
+    for (const testing::Case& c : testing::ReadCases("reports/enquiry_other/refusals.txt")) {
+        SCOPED_TRACE(c.where);
+        const char* object = c.Text(0).c_str();
+        const std::string text = TypedText(c[1]);
         // Before any enquiry and after one.
         for (bool enquiredBefore : {false, true}) {
-            auto sheet = Build(c.object, Drawings({"123", "100"}));
+            auto sheet = Build(object, Drawings({"123", "100"}));
             if (enquiredBefore) {
-                ASSERT_EQ(Enquire(EnquiryOf(c.object), "100", sheet), std::nullopt);
+                ASSERT_EQ(Enquire(EnquiryOf(object), "100", sheet), std::nullopt);
             }
             const Texts before = Snapshot(sheet);
-            auto said = Enquire(EnquiryOf(c.object), c.text, sheet);
-            if (c.says.empty()) {
+            auto said = Enquire(EnquiryOf(object), text, sheet);
+            if (c.Text(2).empty()) {
                 EXPECT_EQ(said, std::nullopt);
-                const int tickets = static_cast<int>(TicketDigits(c.text).size() / 3);
+                const int tickets = static_cast<int>(TicketDigits(text).size() / 3);
                 EXPECT_EQ(sheet.Cols(), kFirstTicketCol + tickets + 1);
                 EXPECT_EQ(sheet.Text(1, kFirstTicketCol + 23), "***");  // the ticket 123
                 EXPECT_EQ(sheet.Text(0, kFirstTicketCol + tickets), "Gather");
             } else {
-                EXPECT_EQ(said, c.says);
+                EXPECT_EQ(said, c.Text(2));
                 EXPECT_EQ(Snapshot(sheet), before);
             }
         }
