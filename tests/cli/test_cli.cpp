@@ -9,6 +9,7 @@
 #include "cli/cli_run.h"
 #include "cli/import_command.h"
 #include "cli/report_names.h"
+#include "data/case_file.h"
 #include "data/drawings_file.h"
 #include "data/file_io.h"
 #include "data/lottery_catalog.h"
@@ -20,11 +21,16 @@
 namespace numarel {
 namespace {
 
+using testing::Case;
 using testing::CliRun;
+using testing::Fill;
+using testing::Fixture;
 using testing::Lines;
 using testing::ReadAll;
+using testing::ReadCases;
 using testing::RunCliWith;
 using testing::TempDir;
+using testing::Words;
 
 // The cells are the reports' own, pinned with them; here the shape of each format.
 TEST(Cli, JsonOfASmallFileFollowsTheContract) {
@@ -100,28 +106,19 @@ TEST(Cli, TextTailCountsDrawingsNotRowsAndCsvGoesToTheOutputFile) {
 TEST(Cli, ErrorsSayOneLineExitNonZeroAndWriteNothing) {
     TempDir dir;
     auto out = dir.path() / "never.json";
-    auto good = dir.Write("good.txt", "1 1 2 3\r\n");
+    dir.Write("good.txt", "1 1 2 3\r\n");
     std::string big;
     for (std::size_t i = 0; i <= kMaxDrawings; ++i)
         big += "1 1 2 3\r\n";
-    auto tooMany = dir.Write("big.txt", big);
-    const std::vector<std::vector<std::string>> failing = {
-        {"report", "frmbjiouhe", "--data", (dir.path() / "missing.txt").string()},
-        {"report", "frmbjiouhe", "--data", tooMany.string()},
-        {"report", "frmbjiouhe", "--data", dir.path().string()},  // a folder
-        {"report", "frmnosuch", "--data", good.string()},
-        {"report", "frmbjiouhe", "--data", good.string(), "--format", "xml"},
-        {"report"},
-        {},
-    };
-    for (auto args : failing) {
+    dir.Write("big.txt", big);
+    for (const Case& c : ReadCases("cli/cases/errors.txt", 1)) {
+        auto args = Words(Fill(c[0], {{"dir", dir.path().string()}}));
         args.push_back("--output");
         args.push_back(out.string());
         CliRun run = RunCliWith(args, dir.path());
-        EXPECT_NE(run.code, 0) << run.out;
-        EXPECT_FALSE(run.err.empty());
-        EXPECT_EQ(Lines(run.err), 1) << run.err;
-        EXPECT_FALSE(std::filesystem::exists(out));
+        EXPECT_NE(run.code, 0) << c.where << run.out;
+        EXPECT_EQ(Lines(run.err), 1) << c.where << run.err;
+        EXPECT_FALSE(std::filesystem::exists(out)) << c.where;
     }
 }
 
@@ -195,22 +192,16 @@ protected:
 TEST_F(CliFolder, OutputIsNeverTheDrawingsFileItReadsNorTheSelection) {
     const std::filesystem::path cwd = std::filesystem::current_path();
     std::filesystem::current_path(dir.path() / "elsewhere");
-    const std::string data = elsewhere.string();
-    const std::vector<std::vector<std::string>> targets = {
-        {"--data", data, "--output", "my.txt"},  // relative
-        {"--data", data, "--output", (dir.path() / "data/../elsewhere/my.txt").string()},
-        {"--data", data, "--output", (dir.path() / "link" / "my.txt").string()},  // a link
-        {"--data", "../link/my.txt", "--output", data},
-        {"--output", (folder.DataDir() / "Mine.txt").string()},  // the current lottery
-        {"--data", data, "--output", "../Numarel/shujuwenjian.ini"},
-    };
+    const auto targets = ReadCases("cli/cases/never_written_over.txt", 1);
     const auto kept = Kept();
     for (const auto& command : kWritingCommands) {
-        for (const auto& target : targets) {
+        for (const Case& target : targets) {
             auto args = command;
-            args.insert(args.end(), target.begin(), target.end());
+            for (const std::string& arg : Words(
+                     Fill(target[0], {{"data", elsewhere.string()}, {"dir", dir.path().string()}})))
+                args.push_back(arg);
             CliRun run = RunCliWith(args, dir.path());
-            EXPECT_EQ(run.code, 1) << args[0] << " " << target.back();
+            EXPECT_EQ(run.code, 1) << args[0] << " " << target.where;
             EXPECT_EQ(Lines(run.err), 1) << run.err;
             EXPECT_NE(run.err.find("never written over"), std::string::npos) << run.err;
             EXPECT_EQ(Kept(), kept);
@@ -245,18 +236,12 @@ TEST_F(CliFolder, AFailedOutputLeavesTheOldFileAsItWas) {
 TEST_F(CliFolder, ASelectionThatIsNotALotteryIsOneLineAndNeverReadOrRewritten) {
     // Valid drawings outside data\: a selection naming them must never produce their report.
     dir.Write("outside.txt", "2031001 9 8 7\r\n");
-    const std::string selections[] = {
-        "\"../outside.txt\"\r\n",
-        "\"" + (dir.path() / "outside.txt").string() + "\"\r\n",
-        "\"Gone.txt\"\r\n",
-        "\"a\" \"b\" \"c\" \"d\" \"../outside.txt\"",
-    };
-    for (const std::string& selection : selections) {
-        dir.Write("Numarel/shujuwenjian.ini", selection);
+    for (const Case& selection : ReadCases("cli/cases/selections.txt", 1)) {
+        dir.Write("Numarel/shujuwenjian.ini", Fill(selection[0], {{"dir", dir.path().string()}}));
         const auto kept = Kept();
         for (const auto& command : kWritingCommands) {
             CliRun run = RunCliWith(command, dir.path());
-            EXPECT_EQ(run.code, 1) << selection << command[0];
+            EXPECT_EQ(run.code, 1) << selection.where << command[0];
             EXPECT_EQ(Lines(run.err), 1) << run.err;
             EXPECT_NE(run.err.find("--data"), std::string::npos) << run.err;
             EXPECT_EQ(run.out.find("2031001"), std::string::npos);
@@ -321,18 +306,8 @@ TEST(Cli, ListShowsTheWholeCommandTableAndWithoutDataTheSelectedLotteryIsUsed) {
 }
 
 TEST(ReportNames, ObjectsAndCaptionsInAnyCase) {
-    struct Case {
-        std::string_view name;
-        std::string_view object;  // empty: no report
-    } cases[] = {
-        {"FRMRENWENLENG", "frmrenwenleng"},
-        {"cold warm hot", "frmrenwenleng"},
-        {"cold warm", ""},       // a part of a caption is not a name
-        {"cold  warm hot", ""},  // nor is a caption with other blanks
-        {"", ""},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(FindReportByName(c.name), c.object) << c.name;
+    for (const Case& c : ReadCases("cli/cases/report_names.txt", 2))
+        EXPECT_EQ(FindReportByName(c[0]), c[1]) << c.where;
     EXPECT_EQ(ClosestCaptions("warm", 1).front(), "Cold Warm Hot");
     EXPECT_EQ(ClosestCaptions("zzzz").size(), 5u);
 }
@@ -485,11 +460,7 @@ TEST(ImportCommand, ImportsOnceAndSaysWhatItDid) {
     EXPECT_EQ(ReadAll(file),
               "2021001 0 0 7\r\n2021002 9 5 0\r\n2021003 3 1 5\r\n2021004 0 6 2\r\n");
     EXPECT_EQ(first.out,
-              "Columns: separated by commas, header on line 1; dates in \"Draw Date\" "
-              "(MM/DD/YYYY); digits in \"Midday\", then \"Evening\"\n"
-              "Drawings found: 4\nAdded: 4, dated 2021001 to 2021004\nAlready present: 0\n"
-              "Conflicts: 0\nLines not used: 0\nWritten to \"" +
-                  file + "\".\n");
+              Fill(ReadAll(Fixture("cli/cases/import_summary.expected")), {{"file", file}}));
 
     CliRun again = Cli({source, "--into", file}, folder);
     EXPECT_EQ(again.code, 0);
@@ -531,28 +502,14 @@ TEST(ImportCommand, RefusalsAreOneLineAndLeaveTheFileAsItWas) {
     TempDir dir;
     ProgramFolder folder{dir.path()};
     const std::string kept = "2021001 0 0 7\r\n";
-    const std::string file = dir.Write("d.txt", kept).string();
-    const std::string good = dir.Write("good.csv", kSource).string();
-    struct Case {
-        std::vector<std::string> args;
-        int code;
-        std::string err;
-    };
-    const Case cases[] = {
-        {{file, "--into", file}, 1, "the source is the drawings file itself"},
-        {{(dir.path() / "none.csv").string(), "--into", file}, 1, "The results file \""},
-        {{good, "--into", dir.path().string()}, 1, "is a folder, not a drawings file."},
-        {{good}, 2, "say where the drawings go, with --into FILE or --lottery NAME"},
-        {{good, "--lottery", "../x"}, 2, "\"../x\" is not a lottery name"},
-        {{good, "--into", file, "--dates", "weekly"}, 2, "weekly"},
-        {{good, "--into", file, "--date-column", "When"}, 1, "There is no column \"When\""},
-    };
-    for (const Case& c : cases) {
-        CliRun run = Cli(c.args, folder);
-        EXPECT_EQ(run.code, c.code) << c.args[0] << " " << run.err;
-        EXPECT_EQ(Lines(run.err), 1) << run.err;
-        EXPECT_NE(run.err.find(c.err), std::string::npos) << run.err;
-        EXPECT_EQ(ReadAll(file), kept);
+    dir.Write("d.txt", kept);
+    dir.Write("good.csv", kSource);
+    for (const Case& c : ReadCases("cli/cases/import_refusals.txt", 3)) {
+        CliRun run = Cli(Words(Fill(c[0], {{"dir", dir.path().string()}})), folder);
+        EXPECT_EQ(run.code, std::stoi(c[1])) << c.where << " " << run.err;
+        EXPECT_EQ(Lines(run.err), 1) << c.where << run.err;
+        EXPECT_NE(run.err.find(c[2]), std::string::npos) << c.where << run.err;
+        EXPECT_EQ(ReadAll(dir.path() / "d.txt"), kept) << c.where;
     }
 }
 
