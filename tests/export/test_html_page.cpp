@@ -4,11 +4,11 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "data/case_file.h"
 #include "data/drawings_file.h"
 #include "export/html_page.h"
 #include "export/sheet_format.h"
 #include "reports/report_registry.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
@@ -110,18 +110,11 @@ TEST(HtmlPage, KeepsTheSheetInBlocksTheScriptDraws) {
     const std::string page = Page(sheet, "frmtest", "Daily");
 
     const auto info = nlohmann::json::parse(Block(page, "sheet-info"));
-    EXPECT_EQ(info["report"], "frmtest");
-    EXPECT_EQ(info["title"], "Trend <b>&</b> \"quotes\"");
-    EXPECT_EQ(info["lottery"], "Daily");
-    EXPECT_EQ(info["drawCount"], 4);
-    EXPECT_EQ(info["dates"], "2020001 to 2020004");
-    EXPECT_EQ(info["rows"], 6);
-    EXPECT_EQ(info["fixedRows"], 1);
-    EXPECT_EQ(info["fixedCols"], 1);
+    // The expected file's keys are all there are, with these values.
+    const auto expected = nlohmann::json::parse(
+        testing::ReadAll(testing::Fixture("export/cases/tricky_sheet_info.json")));
+    EXPECT_EQ(info, expected) << "export/cases/tricky_sheet_info.json, not\n" << info.dump();
     const std::vector<int> columns = info["columns"];
-    EXPECT_EQ(columns, (std::vector<int>{0, 1, 2, 3, 5}));
-    EXPECT_EQ(info["widths"], (std::vector<int>{86, 64, 64, 64, 2}));
-    EXPECT_EQ(info["heights"], nlohmann::json::parse("[[3,0]]"));
 
     // One line a row, one field a shown column, every text back as it was.
     const auto lines = Split(Block(page, "sheet-texts"), '\n');
@@ -215,16 +208,7 @@ TEST(HtmlPage, ChromiumDrawsTheNewestRowsAndCopiesARange) {
     }
     // After the page has drawn itself: drag from the label of drawing 1999 to the third shown
     // column of drawing 2000, copy, and put what was copied and what is drawn into the title.
-    const std::string harness = R"(<script>(function(){
-function row(r){return document.querySelector('#body .r[data-r="'+r+'"]');}
-function ev(t,el){var b=el.getBoundingClientRect();
-el.dispatchEvent(new MouseEvent(t,{bubbles:true,clientX:b.x+2,clientY:b.y+2,button:0}));}
-ev('mousedown',row(1999).children[0]);ev('mousemove',row(2000).children[3]);ev('mouseup',row(2000));
-var dt=new DataTransfer();
-document.dispatchEvent(new ClipboardEvent('copy',{clipboardData:dt,bubbles:true,cancelable:true}));
-document.title=JSON.stringify({copied:dt.getData('text/plain'),head:document.querySelector('#head').textContent,
-last:!!row(2001),first:!!row(1),selected:document.querySelectorAll('.x').length});
-})();</script></body>)";
+    const std::string harness = testing::ReadAll(testing::Fixture("export/cases/copy_range.html"));
     std::string page = Page(sheet, "frmlong", "");
     page.replace(page.rfind("</body>"), 7, harness);
     testing::TempDir dir;
