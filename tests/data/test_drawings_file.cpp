@@ -1,31 +1,34 @@
 #include <gtest/gtest.h>
 
+#include <iomanip>
+#include <sstream>
+
 #include "data/basic_text.h"
+#include "data/case_file.h"
 #include "data/drawings_file.h"
 #include "data/drawings_table.h"
 #include "data/lottery_catalog.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
 
-// Marker texts such as " *" and "12:34" are pinned by the sheet's CellNumber test.
+// A number as the cases write it: "none" for no number.
+std::string Shown(std::optional<double> value) {
+    if (!value) return "none";
+    std::ostringstream os;
+    os << std::setprecision(17) << *value;
+    return os.str();
+}
+
 TEST(BasicText, NumbersReadAndWrittenAsTheProgramDoes) {
-    EXPECT_EQ(LeadingValue("1 2 3"), 123);
-    EXPECT_EQ(LeadingValue("-7"), -7);
-    EXPECT_EQ(LeadingValue("2.5e1"), 25);
-    // A whole number is the complete text.
-    EXPECT_EQ(WholeNumber(" 20230101 "), 20230101);
-    EXPECT_EQ(WholeNumber("0.0"), 0);
-    EXPECT_FALSE(WholeNumber("2023-01-01"));
-    EXPECT_FALSE(WholeNumber("abc"));
-    EXPECT_FALSE(WholeNumber(""));
-    // Half to even, and no overflow.
-    EXPECT_EQ(ToInt16("7"), 7);
-    EXPECT_EQ(ToInt16("2.5"), 2);
-    EXPECT_EQ(ToInt16("3.5"), 4);
-    EXPECT_FALSE(ToInt16("40000"));
-    EXPECT_FALSE(ToInt16("5x"));
+    for (const testing::Case& c : testing::ReadCases("data/cases/numbers.txt", 3)) {
+        const std::optional<double> value =
+            c[0] == "LeadingValue" ? LeadingValue(c[1])
+            : c[0] == "WholeNumber"
+                ? WholeNumber(c[1])
+                : (ToInt16(c[1]) ? std::optional<double>(*ToInt16(c[1])) : std::nullopt);
+        EXPECT_EQ(Shown(value), c[2]) << c.where;
+    }
     EXPECT_EQ(RoundToInt16(1e9), 32767);
     // A blank before a number that is not negative.
     EXPECT_EQ(NumberToText(2020001), " 2020001");
@@ -43,27 +46,12 @@ DrawRecord R(std::string d, std::string h, std::string t, std::string u) {
 }
 
 TEST(DrawingsReader, FieldsAreReadFourAtATime) {
-    struct Case {
-        const char* bytes;
-        std::vector<DrawRecord> records;
-    };
-    const std::vector<DrawRecord> two = {R("2020001", "1", "2", "3"), R("2020002", "4", "5", "6")};
-    const Case cases[] = {
-        {"2020001 1 2 3\r\n2020002 4 5 6\r\n", two},
-        {"2020001,1,2,3\r\n2020002,4,5,6", two},
-        {"2020001 1\n2,3 2020002\r\n4 , 5   6", two},  // separators in any mix
-        {"\"2020 001\",\"1\",2,3\r\n", {R("2020 001", "1", "2", "3")}},
-        {"2020001,,2,3", {R("2020001", "", "2", "3")}},
-        // A short last record keeps the earlier values of the fields it lacks.
-        {"2020001 1 2 3\r\n2020002 7\r\n", {two[0], R("2020002", "7", "2", "3")}},
-        // A field too many shifts every later record.
-        {"1 1 2 3 9\r\n2 4 5 6\r\n",
-         {R("1", "1", "2", "3"), R("9", "2", "4", "5"), R("6", "2", "4", "5")}},
-        {"", {}},
-        {" \r\n\r\n", {}},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(ParseDrawings(c.bytes), c.records) << c.bytes;
+    for (const testing::Case& c : testing::ReadCases("data/cases/drawings_read.txt", 2)) {
+        std::string records;
+        for (const DrawRecord& r : ParseDrawings(c[0]))
+            records += (records.empty() ? "" : ";") + r.date + "," + r.h + "," + r.t + "," + r.u;
+        EXPECT_EQ(records, c[1]) << c.where;
+    }
 }
 
 TEST(DrawingsReader, EndMarkerComparesNumerically) {
@@ -123,22 +111,11 @@ TEST(SelectionFile, RoundTripAndTheLastOfAnyNumberOfStringsWins) {
     auto ini = dir.path() / "Numarel" / "shujuwenjian.ini";
     ASSERT_TRUE(WriteSelection(ini, "My Lottery.txt").ok());
     EXPECT_EQ(ReadAll(ini), "\"My Lottery.txt\"\r\n");
-    struct Case {
-        const char* bytes;
-        const char* name;
-    };
-    const Case cases[] = {
-        {"\"My Lottery.txt\"\r\n", "My Lottery.txt"},
-        {"\"a.txt\"\r\n\"b.txt\"\r\n", "b.txt"},
-        {"\"a\" \"b\" \"c\" \"d\" \"Other.txt\"", "Other.txt"},  // more than a record's four
-        {"\"  Spaced.txt  \"\r\n", "Spaced.txt"},
-        {"", ""},
-    };
-    for (const Case& c : cases) {
-        dir.Write("Numarel/shujuwenjian.ini", c.bytes);
+    for (const testing::Case& c : testing::ReadCases("data/cases/selections.txt", 2)) {
+        dir.Write("Numarel/shujuwenjian.ini", c[0]);
         std::string name = "stale";
-        ASSERT_TRUE(ReadSelection(ini, name).ok());
-        EXPECT_EQ(name, c.name) << c.bytes;
+        ASSERT_TRUE(ReadSelection(ini, name).ok()) << c.where;
+        EXPECT_EQ(name, c[1]) << c.where;
     }
     // A name that is not a lottery's is never written.
     for (const char* bad : {"", "../x.txt", "a\"b.txt"})
