@@ -108,6 +108,14 @@ inline std::vector<std::string> Words(std::string_view text) {
     return out;
 }
 
+// The parts of `text` between the `separator`s: "a,,b" is "a", "" and "b"; "" is one empty part.
+inline std::vector<std::string> Split(std::string_view text, char separator) {
+    std::vector<std::string> parts{""};
+    for (char c : text)
+        c == separator ? parts.emplace_back() : parts.back() += c;
+    return parts;
+}
+
 // `text` with every "{name}" replaced by its value.
 inline std::string Fill(std::string text,
                         std::initializer_list<std::pair<std::string_view, std::string>> values) {

@@ -4,16 +4,19 @@
 #include <array>
 #include <string>
 
+#include "data/case_file.h"
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "frame/report_sheet.h"
 #include "frame/text_pool.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
 
+using testing::Case;
+using testing::ReadCases;
 using testing::RowTexts;
+using testing::Split;
 using Texts = std::vector<std::string>;
 
 // A sheet with a hit column 5 whose rows 1..n hold `cells` ("" or a marker).
@@ -67,13 +70,11 @@ TEST(NumberClasses, ThreeDigitsSortAscending) {
 }
 
 TEST(ReportSheet, CellNumberFollowsTheLeadingNumberRule) {
-    ReportSheet sheet(1, 8);
-    const char* texts[] = {"", " *", "  -N-", " 12", "12:34", "5x", "2.5", "007"};
-    const short expected[] = {0, 0, 0, 12, 12, 5, 2, 7};
-    for (int c = 0; c < 8; ++c)
-        sheet.SetText(0, c, texts[c]);
-    for (int c = 0; c < 8; ++c)
-        EXPECT_EQ(sheet.CellNumber(0, c), expected[c]) << texts[c];
+    ReportSheet sheet(1, 1);
+    for (const Case& c : ReadCases("frame/cases/cell_numbers.txt", 2)) {
+        sheet.SetText(0, 0, c[0]);
+        EXPECT_EQ(sheet.CellNumber(0, 0), std::stoi(c[1])) << c.where;
+    }
 }
 
 TEST(ReportSheet, WritesOutsideTheSheetAreIgnoredAndReadsAreEmpty) {
@@ -360,44 +361,29 @@ TEST(FrameFill, SkippedDigitColumnsAreNotWritten) {
 }
 
 TEST(FrameStatistics, AmountMaxMissCurrentMissAndAverage) {
-    struct Case {
-        std::vector<std::string> cells;
-        AverageRule rule;
-        Texts rows;  // Amount, Max Miss, Current Miss, Average
-    };
-    const Texts none = {"", "", "", ""};
-    const Case cases[] = {
-        // The run 1 2 3 between the two hits is the largest.
-        {{"", "", "***", "", "", "", "***", ""}, AverageRule::EmptyWhenNoHit, {"2", "3", "1", "4"}},
-        // The open run at the end counts only up to the row before it.
-        {{"", "", "", "", "***"}, AverageRule::EmptyWhenNoHit, {"1", "4", "0", "5"}},
-        // Without a hit the average is a division by 0 and stays empty, unless the rule says.
-        {none, AverageRule::EmptyWhenNoHit, {"0", "3", "4", ""}},
-        {none, AverageRule::DrawCountWhenNoHit, {"0", "3", "4", "4"}},
-        {{"***"}, AverageRule::EmptyWhenNoHit, {"1", "0", "0", "1"}},
-        {{}, AverageRule::EmptyWhenNoHit, {"0", "0", "", ""}},
-        // Another text stops a run and counts by its leading number, but is no hit.
-        {{"", " 9", "***", ""}, AverageRule::EmptyWhenNoHit, {"1", "9", "1", "4"}},
-    };
+    const auto cases = ReadCases("frame/cases/statistic_rows.txt", 3);
     // The Miss counters and the rows come out the same from the two passes as from the one walk.
     for (const bool oneWalk : {false, true})
         for (const Case& c : cases) {
-            ReportSheet sheet = HitColumn(c.cells);
+            const Texts cells = c[0] == "(none)" ? Texts{} : Split(c[0], ',');
+            const AverageRule rule = c[1] == "DrawCountWhenNoHit" ? AverageRule::DrawCountWhenNoHit
+                                                                  : AverageRule::EmptyWhenNoHit;
+            ReportSheet sheet = HitColumn(cells);
             if (oneWalk) {
-                FillMissCountersAndStatisticRows(sheet, 5, "***", c.rule);
+                FillMissCountersAndStatisticRows(sheet, 5, "***", rule);
             } else {
                 FillMissCounters(sheet, 5, 5);
-                AddStatisticRows(sheet, 5, "***", c.rule);
+                AddStatisticRows(sheet, 5, "***", rule);
             }
-            const int n = static_cast<int>(c.cells.size());
+            const int n = static_cast<int>(cells.size());
             ASSERT_EQ(sheet.Rows(), n + 6);
             EXPECT_EQ(sheet.Text(n + 2, 0), "Amount");
             EXPECT_EQ(sheet.Text(n + 5, 0), "Average");
             Texts rows;
             for (int r = n + 2; r <= n + 5; ++r)
                 rows.push_back(sheet.Text(r, 5));
-            EXPECT_EQ(rows, c.rows) << n << " drawings, one walk: " << oneWalk;
-            ReportSheet counted = HitColumn(c.cells);
+            EXPECT_EQ(rows, Split(c[2], ',')) << c.where << ", one walk: " << oneWalk;
+            ReportSheet counted = HitColumn(cells);
             FillMissCounters(counted, 5, 5);
             for (int r = 1; r <= n; ++r)
                 EXPECT_EQ(sheet.Text(r, 5), counted.Text(r, 5)) << r;
