@@ -13,6 +13,8 @@
 namespace numarel {
 namespace {
 
+using testing::Split;
+
 std::string Page(const ReportSheet& sheet, std::string_view report, std::string_view lottery) {
     std::ostringstream os;
     WriteReportPage(sheet, report, lottery, os);
@@ -26,17 +28,6 @@ std::string Block(const std::string& page, std::string_view id) {
     if (begin == std::string::npos) return {};
     const std::size_t from = begin + open.size();
     return page.substr(from, page.find("</script>", from) - from);
-}
-
-std::vector<std::string> Split(const std::string& text, char separator) {
-    std::vector<std::string> parts{""};
-    for (char c : text) {
-        if (c == separator)
-            parts.emplace_back();
-        else
-            parts.back() += c;
-    }
-    return parts;
 }
 
 // What the page's script does with a cell of the texts block.
