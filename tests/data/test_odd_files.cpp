@@ -7,6 +7,7 @@
 #include <string>
 
 #include "data/basic_text.h"
+#include "data/case_file.h"
 #include "data/drawings_file.h"
 #include "data/drawings_table.h"
 #include "data/file_io.h"
@@ -14,7 +15,6 @@
 #include "data/lottery_commands.h"
 #include "data/results_import.h"
 #include "frame/frame_passes.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
@@ -186,40 +186,19 @@ TEST(DrawingsLock, SaveSeesAChangeMadeByAnotherProgramSinceTheTableWasRead) {
 // of zeros; a UTF-8 mark is skipped, in the drawings and in the selection file.
 TEST(OddFiles, WideEncodingsAreRefusedByNameAndAUtf8MarkIsSkipped) {
     TempDir dir;
-    auto utf16 = [](std::string_view text, bool little) {
-        std::string out = little ? "\xFF\xFE" : "\xFE\xFF";
-        for (char c : text)
-            out += little ? std::string{c, '\0'} : std::string{'\0', c};
-        return out;
-    };
-    struct Case {
-        std::string bytes;
-        std::string_view encoding;
-    };
-    const Case cases[] = {
-        {utf16("2021001 1 2 3\r\n", true), "UTF-16 little-endian"},
-        {utf16("2021001 1 2 3\r\n", false), "UTF-16 big-endian"},
-        {std::string("\xFF\xFE\0\0"
-                     "2\0\0\0",
-                     8),
-         "UTF-32 little-endian"},
-        {std::string("\0\0\xFE\xFF\0\0\0"
-                     "2",
-                     8),
-         "UTF-32 big-endian"},
-    };
-    for (const Case& c : cases) {
-        const fs::path file = dir.Write("wide.txt", c.bytes);
+    for (const testing::Case& c : testing::ReadCases("data/cases/wide_encodings.txt", 2)) {
+        SCOPED_TRACE(c.where);
+        const fs::path file = dir.Write("wide.txt", c[0]);
         std::vector<DrawRecord> drawings;
         Status s = ReadHistory(file, drawings);
-        EXPECT_FALSE(s.ok()) << c.encoding;
-        EXPECT_TRUE(Has(s.message(), std::string(c.encoding) + " text")) << s.message();
+        EXPECT_FALSE(s.ok()) << c[1];
+        EXPECT_TRUE(Has(s.message(), c[1] + " text")) << s.message();
         EXPECT_TRUE(drawings.empty());
         DrawingsTable table;
-        EXPECT_TRUE(Has(table.Load(file).message(), c.encoding));
+        EXPECT_TRUE(Has(table.Load(file).message(), c[1]));
         ImportPlan plan;
-        EXPECT_TRUE(Has(ImportIntoFile(Results(2), file, {}, false, plan).message(), c.encoding));
-        EXPECT_EQ(ReadAll(file), c.bytes);
+        EXPECT_TRUE(Has(ImportIntoFile(Results(2), file, {}, false, plan).message(), c[1]));
+        EXPECT_EQ(ReadAll(file), c[0]);
     }
     std::vector<DrawRecord> drawings;
     ASSERT_TRUE(ReadHistory(dir.Write("bom.txt",
