@@ -32,53 +32,38 @@ using testing::RunCliWith;
 using testing::TempDir;
 using testing::Words;
 
-// The cells are the reports' own, pinned with them; here the shape of each format: the whole
-// document, its keys in their order and the cells row by row.
-TEST(Cli, JsonOfASmallFileFollowsTheContract) {
-    TempDir dir;
-    auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 0 0 0\r\n");
-    CliRun run = RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--format", "json"},
-                            dir.path());
-    ASSERT_EQ(run.code, 0) << run.err;
-    EXPECT_EQ(run.out, ReadAll(Fixture("cli/cases/small_frmbjiouhe.json")))
-        << "cli/cases/small_frmbjiouhe.json";
-}
-
-// The grid-line colour is the one key a report adds only when it has a colour of its own (the
-// small file's seven keys show it absent); HTML draws the grid in it, or in the default grey.
-TEST(Cli, GridLinesInAReportsOwnColourReachJsonAndHtml) {
+// The cells are the reports' own, pinned with them; here the shape of each format of a small file.
+// JSON and text are compared whole: the keys in their order, the cells row by row, the text's
+// title, header, the three rows of the last drawing of a report with three rows a drawing and the
+// two empty rows closing the sheet, its columns lined up by characters.
+TEST(Cli, EachFormatOfASmallFile) {
     TempDir dir;
     auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 3 0 7\r\n");
-    auto run = [&](const char* report, const char* format) {
-        CliRun r =
-            RunCliWith({"report", report, "--data", data.string(), "--format", format}, dir.path());
+    auto run = [&](std::vector<std::string> args) {
+        args.insert(args.end(), {"--data", data.string()});
+        CliRun r = RunCliWith(args, dir.path());
         EXPECT_EQ(r.code, 0) << r.err;
         return r.out;
     };
-    EXPECT_EQ(nlohmann::json::parse(run("frmliangmahecha", "json")).value("gridColour", ""),
-              "#00c000");
-    EXPECT_TRUE(testing::Has(run("frmliangmahecha", "html"), "border-right:1px solid #00c000"));
-    EXPECT_TRUE(testing::Has(run("frmbjiouhe", "html"), "border-right:1px solid #c0c0c0"));
-}
-
-// A report with three rows a drawing shows all three rows of each drawing the tail asks for.
-TEST(Cli, TextTailCountsDrawingsNotRowsAndCsvGoesToTheOutputFile) {
-    TempDir dir;
-    auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 3 0 7\r\n");
-    CliRun run = RunCliWith({"report", "frmliangmahecha", "--data", data.string(), "--tail", "1"},
-                            dir.path());
-    ASSERT_EQ(run.code, 0) << run.err;
-    // Title, header, the three rows of the last drawing, the two empty rows closing the sheet;
-    // the columns line up by characters.
-    EXPECT_EQ(run.out, ReadAll(Fixture("cli/cases/small_frmliangmahecha_tail1.txt")))
+    EXPECT_EQ(run({"report", "frmbjiouhe", "--format", "json"}),
+              ReadAll(Fixture("cli/cases/small_frmbjiouhe.json")))
+        << "cli/cases/small_frmbjiouhe.json";
+    EXPECT_EQ(run({"report", "frmliangmahecha", "--tail", "1"}),
+              ReadAll(Fixture("cli/cases/small_frmliangmahecha_tail1.txt")))
         << "cli/cases/small_frmliangmahecha_tail1.txt";
 
+    // The grid-line colour is the one key a report adds only when it has a colour of its own (the
+    // file above shows it absent); HTML draws the grid in it, or in the default grey.
+    EXPECT_EQ(nlohmann::json::parse(run({"report", "frmliangmahecha", "--format", "json"}))
+                  .value("gridColour", ""),
+              "#00c000");
+    EXPECT_TRUE(testing::Has(run({"report", "frmliangmahecha", "--format", "html"}),
+                             "border-right:1px solid #00c000"));
+    EXPECT_TRUE(testing::Has(run({"report", "frmbjiouhe", "--format", "html"}),
+                             "border-right:1px solid #c0c0c0"));
+
     auto out = dir.path() / "sheet.csv";
-    CliRun csv = RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--format", "csv",
-                             "--output", out.string()},
-                            dir.path());
-    ASSERT_EQ(csv.code, 0) << csv.err;
-    EXPECT_TRUE(csv.out.empty());
+    EXPECT_TRUE(run({"report", "frmbjiouhe", "--format", "csv", "--output", out.string()}).empty());
     EXPECT_EQ(ReadAll(out).substr(0, 9), ",H,T,U,,,");  // the header row, its fixed cell empty
 }
 
