@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,26 +33,13 @@ inline std::string Unescape(std::string_view text) {
             out += text[i];
             continue;
         }
-        switch (const char c = text[++i]) {
-            case 'n':
-                out += '\n';
-                break;
-            case 'r':
-                out += '\r';
-                break;
-            case 't':
-                out += '\t';
-                break;
-            case '0':
-                out += '\0';
-                break;
-            case 'x':
-                out +=
-                    static_cast<char>(std::stoi(std::string(text.substr(i + 1, 2)), nullptr, 16));
-                i += 2;
-                break;
-            default:
-                out += c;
+        const char c = text[++i];
+        const std::size_t named = std::string_view("nrt0").find(c);
+        if (c == 'x') {
+            out += static_cast<char>(std::stoi(std::string(text.substr(i + 1, 2)), nullptr, 16));
+            i += 2;
+        } else {
+            out += named == std::string_view::npos ? c : std::string_view("\n\r\t\0", 4)[named];
         }
     }
     return out;
@@ -89,22 +77,12 @@ inline std::vector<Case> ReadCases(std::string_view name, std::size_t fields) {
     return cases;
 }
 
-// Words parted by blanks; a word in double quotes keeps its blanks.
+// Words parted by blanks.
 inline std::vector<std::string> Words(std::string_view text) {
     std::vector<std::string> out;
-    for (std::size_t i = 0; i < text.size();) {
-        if (text[i] == ' ') {
-            ++i;
-        } else if (text[i] == '"') {
-            const std::size_t end = text.find('"', i + 1);
-            out.emplace_back(text.substr(i + 1, end - i - 1));
-            i = end == std::string_view::npos ? text.size() : end + 1;
-        } else {
-            const std::size_t end = std::min(text.find(' ', i), text.size());
-            out.emplace_back(text.substr(i, end - i));
-            i = end;
-        }
-    }
+    std::istringstream in{std::string(text)};
+    for (std::string word; in >> word;)
+        out.push_back(word);
     return out;
 }
 
