@@ -126,35 +126,20 @@ TEST(ResultsImport, OnlyWhatComesAfterTheFilesLastDrawingIsAdded) {
 // further back a disagreement, or a day that the source gives twice, is listed and the new
 // drawings are added all the same.
 TEST(ResultsImport, OnlyTheFilesNewestDrawingsMustAgreeWithTheSource) {
-    // One drawing a day from 2021-01-01, digits from the day's number; `file` has the first days.
-    using namespace std::chrono;
-    auto iso = [](int n) { return Day(year{2021} / 1 / 1, n, "%04d-%02u-%02u"); };
-    auto compact = [](int n) { return Day(year{2021} / 1 / 1, n, "%04d%02u%02u"); };
-    auto digits = [](int n) { return std::to_string(100 + n * 7919 % 900); };
-    auto source = [&](int days, const std::string& extraRow = "") {
-        std::string text = "Date,Numbers\n";
-        for (int n = 0; n < days; ++n)
-            text += iso(n) + "," + digits(n) + "\n";
-        return text + extraRow;
-    };
-    auto file = [&](int days, int wrongDay) {
-        std::string text;
-        for (int n = 0; n < days; ++n) {
-            std::string d = n == wrongDay ? "999" : digits(n);
-            text += compact(n) + " " + d[0] + " " + d[1] + " " + d[2] + "\r\n";
-        }
-        return text;
-    };
+    // One drawing a day from 2021-01-01: 33 days in the source, the first 30 in the file, and the
+    // same 30 numbered 1 to 30.
+    const std::string source = Sample("33_days.csv"), file = Sample("30_days.txt");
     auto plan = [&](const std::string& src, const std::string& drawings) {
-        std::vector<DrawRecord> records = ParseDrawings(drawings);
-        return PlanImport(src, records, {});
+        return PlanImport(src, ParseDrawings(drawings), {});
     };
+    // `file` with the digits of day `n` (from 0) made 999; each of its lines is 16 bytes.
+    auto wrong = [&](int n) { return std::string(file).replace(16 * n + 9, 5, "9 9 9"); };
     // Within the file's last ten drawings a disagreement still refuses; further back it does not.
-    ImportPlan atTheEnd = plan(source(33), file(30, 22));
+    ImportPlan atTheEnd = plan(source, wrong(22));
     EXPECT_EQ(atTheEnd.status.message(),
-              "The source disagrees with the file: the file has 999 for 20210123, the source " +
-                  digits(22) + " for 2021-01-23 (line 24). Nothing was imported.");
-    ImportPlan furtherBack = plan(source(33), file(30, 4));
+              "The source disagrees with the file: the file has 999 for 20210123, the source 618 "
+              "for 2021-01-23 (line 24). Nothing was imported.");
+    ImportPlan furtherBack = plan(source, wrong(4));
     ASSERT_TRUE(furtherBack.status.ok()) << furtherBack.status.message();
     EXPECT_EQ(furtherBack.added.size(), 3u);
     EXPECT_EQ(furtherBack.added.front().date, "20210131");
@@ -167,22 +152,16 @@ TEST(ResultsImport, OnlyTheFilesNewestDrawingsMustAgreeWithTheSource) {
     // The source gives a day twice, once as the file has it: at the end or further back, the
     // file agrees, and the day is listed among the conflicts. It was once refused: the file's
     // drawing was held against the day's first version only.
-    for (int twice : {3, 29}) {
-        const std::string second = iso(twice) + "," + digits(twice) + "\n";
-        const std::string first = iso(twice) + ",555\n";
-        std::string src = source(33);
-        src.insert(src.find(second), first);  // the other version comes first
-        ImportPlan p = plan(src, file(30, -1));
+    for (std::string twice : {"2021-01-04", "2021-01-30"}) {
+        std::string src = source;
+        src.insert(src.find(twice), twice + ",555\n");  // the other version comes first
+        ImportPlan p = plan(src, file);
         ASSERT_TRUE(p.status.ok()) << twice << ": " << p.status.message();
         EXPECT_EQ(p.added.size(), 3u) << twice;
         EXPECT_TRUE(p.olderDisagreements.empty()) << twice;
         EXPECT_EQ(p.source.conflicts.size(), 1u) << twice;
         // A file numbered by running numbers is lined up by its last drawings' digits.
-        std::string numbered;
-        for (int n = 0; n < 30; ++n)
-            numbered += std::to_string(n + 1) + " " + digits(n)[0] + " " + digits(n)[1] + " " +
-                        digits(n)[2] + "\r\n";
-        ImportPlan run = plan(src, numbered);
+        ImportPlan run = plan(src, Sample("30_days_numbered.txt"));
         ASSERT_TRUE(run.status.ok()) << twice << ": " << run.status.message();
         EXPECT_EQ(run.alignment, Alignment::Run);
         ASSERT_EQ(run.added.size(), 3u) << twice;
