@@ -135,14 +135,7 @@ protected:
     }
 
     // Enough drawings for every command to have something to write.
-    static std::string History() {
-        std::string bytes;
-        for (int i = 0; i < 300; ++i)
-            bytes += std::to_string(2020001 + i) + " " + std::to_string(i * 7 % 10) + " " +
-                     std::to_string(i * 3 % 10) + " " + std::to_string(i * i % 10) + "\r\n";
-        return bytes;
-    }
-    const std::string kDrawings = History();
+    const std::string kDrawings = testing::HistoryText(300, 7, 2020001);
     TempDir dir;
     ProgramFolder folder{dir.path()};
     std::filesystem::path elsewhere;

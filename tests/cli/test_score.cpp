@@ -6,8 +6,8 @@
 #include <string>
 
 #include "cli/cli_run.h"
+#include "data/case_file.h"
 #include "reports/scoreboard/payout_table.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
@@ -32,12 +32,10 @@ TEST(ScoreCommand, JsonFollowsTheContract) {
     EXPECT_EQ(doc.size(), 3u);
     EXPECT_EQ(doc["lottery"], "Daily");
     EXPECT_EQ(doc["drawings"], 500);
-    std::set<std::string> keys;
-    std::istringstream names(
+    const auto names = testing::Words(
         "report method kind stretch judged hits expected sd z p q longestMiss expectedLongestMiss "
         "usesLaterDrawings cost returned expectedReturn");
-    for (std::string key; names >> key;)
-        keys.insert(key);
+    const std::set<std::string> keys(names.begin(), names.end());
     std::set<std::string> stretches;
     double lastP = 0;
     bool nullSeen = false;

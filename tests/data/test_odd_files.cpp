@@ -96,14 +96,8 @@ TEST(OddFiles, TemporaryFilesLeftByAnEarlierRunNeverBlockAWrite) {
     EXPECT_EQ(Temporaries(dir.path()), 101);
 }
 
-// A results source with one drawing a day, days 1 to `days` of 2021.
-std::string Results(int days) {
-    std::string text;
-    for (int d = 1; d <= days; ++d)
-        text += "2021-01-" + std::string(d < 10 ? "0" : "") + std::to_string(d) + "," +
-                std::to_string(100 + d * 37 % 900) + "\n";
-    return text;
-}
+// A results source with one drawing a day, 1 to 3 January 2021.
+const std::string kResults = "2021-01-01,137\n2021-01-02,174\n2021-01-03,211\n";
 
 // While another program holds the lock, a writer waits a little and then says the file is busy,
 // writing nothing; once the lock is free it goes through, and leaves no lock file behind.
@@ -120,7 +114,7 @@ TEST(DrawingsLock, AWriterWaitsThenSaysTheFileIsBusyAndWritesNothing) {
         ASSERT_TRUE(fs::exists(DrawingsFileLock::LockFileOf(file)));
 
         ImportPlan plan;
-        Status s = ImportIntoFile(Results(3), file, options, false, plan);
+        Status s = ImportIntoFile(kResults, file, options, false, plan);
         EXPECT_EQ(s.code(), Status::Code::Busy);
         EXPECT_TRUE(Has(s.message(), "is busy: another program is writing it")) << s.message();
         EXPECT_TRUE(plan.added.empty());
@@ -133,7 +127,7 @@ TEST(DrawingsLock, AWriterWaitsThenSaysTheFileIsBusyAndWritesNothing) {
                   Status::Code::Busy);
         // The same file by another name takes the same lock.
         fs::create_symlink(file, dir.path() / "alias.txt");
-        EXPECT_EQ(ImportIntoFile(Results(3), dir.path() / "alias.txt", options, false, plan).code(),
+        EXPECT_EQ(ImportIntoFile(kResults, dir.path() / "alias.txt", options, false, plan).code(),
                   Status::Code::Busy);
         // New Lottery too waits for a writer of the file it would make.
         DrawingsFileLock making;
@@ -145,7 +139,7 @@ TEST(DrawingsLock, AWriterWaitsThenSaysTheFileIsBusyAndWritesNothing) {
         EXPECT_EQ(ReadAll(file), "20210101 1 3 7\r\n");
     }
     ImportPlan plan;
-    ASSERT_TRUE(ImportIntoFile(Results(3), file, options, false, plan).ok());
+    ASSERT_TRUE(ImportIntoFile(kResults, file, options, false, plan).ok());
     EXPECT_EQ(plan.added.size(), 2u);
     EXPECT_TRUE(NewLottery(folder, "New").changed);
     // Only the lock file of a writer at work exists.
@@ -197,7 +191,7 @@ TEST(OddFiles, WideEncodingsAreRefusedByNameAndAUtf8MarkIsSkipped) {
         DrawingsTable table;
         EXPECT_TRUE(Has(table.Load(file).message(), c[1]));
         ImportPlan plan;
-        EXPECT_TRUE(Has(ImportIntoFile(Results(2), file, {}, false, plan).message(), c[1]));
+        EXPECT_TRUE(Has(ImportIntoFile(kResults, file, {}, false, plan).message(), c[1]));
         EXPECT_EQ(ReadAll(file), c[0]);
     }
     std::vector<DrawRecord> drawings;

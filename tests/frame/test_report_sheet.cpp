@@ -313,10 +313,8 @@ TEST(TextPool, EachTextOnceAndViewsSurviveGrowth) {
 using testing::Drawings;
 
 TEST(FrameLabel, DateByTheNumberRuleThenTheTrimmedDigits) {
-    EXPECT_EQ(DrawingLabel({"2020001", "1", "2", "3"}), " 2020001:123");
-    EXPECT_EQ(DrawingLabel({"0020001", " 1", "2 ", "3"}), " 20001:123");
-    EXPECT_EQ(DrawingLabel({"-5", "1", "2", "3"}), "-5:123");
-    EXPECT_EQ(DrawingLabel({"2020-01-01", "1", "2", "3"}), "");
+    for (const Case& c : ReadCases("frame/cases/labels.txt", 5))
+        EXPECT_EQ(DrawingLabel({c[0], c[1], c[2], c[3]}), c[4]) << c.where;
 }
 
 TEST(FrameFill, WritesLabelsDigitsAndKeepsDigitsThatCannotBeConverted) {
