@@ -42,17 +42,13 @@ std::string Quote(const fs::path& path) {
     return "'" + path.string() + "'";
 }
 
-// A results source with one drawing a day, days 1 to `days` from 1 January 2021.
+// A results source with one drawing a day, the first `days` of cli/cases/60_days.csv.
 std::string Results(int days) {
-    std::string text;
-    for (int d = 0; d < days; ++d) {
-        const int month = d / 28 + 1, day = d % 28 + 1;
-        char line[32];
-        std::snprintf(line, sizeof line, "2021-%02d-%02d,%03d\n", month, day,
-                      (d * 379 + 123) % 1000);
-        text += line;
-    }
-    return text;
+    static const std::string all = ReadAll(testing::Fixture("cli/cases/60_days.csv"));
+    std::size_t end = 0;
+    for (int d = 0; d < days; ++d)
+        end = all.find('\n', end) + 1;
+    return all.substr(0, end);
 }
 
 // Two imports into one file at the same moment, round after round: one adds a day, the other two.
