@@ -277,7 +277,7 @@ std::size_t BuiltReports() {
     return n;
 }
 
-TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
+TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroupAndGoesOnPastAFailure) {
     TempDir dir;
     auto data = dir.Write("Mine.txt", "2020001 1 2 3\r\n2020002 4 5 6\r\n2020003 0 0 0\r\n");
     auto folder = dir.path() / "out";
@@ -326,6 +326,29 @@ TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
                   .find("Mine: <span id=\"draw-count\">3</span> drawings, 2020001 to 2020003"),
               std::string::npos);
     EXPECT_EQ(ReadAll(folder / "pdf" / "frmbjiouhe.pdf").rfind("%PDF-", 0), 0u);
+
+    // It goes on past a failure and says so.
+    auto failing = dir.path() / "failing";
+    std::filesystem::create_directories(failing / "frmbjiouhe.csv");  // cannot become a file
+    CliRun run = RunCliWith({"report", "--all", "--data", data.string(), "--format", "csv",
+                             "--output", failing.string()},
+                            dir.path());
+    EXPECT_EQ(run.code, 1);
+    EXPECT_NE(run.err.find("frmbjiouhe"), std::string::npos) << run.err;
+    EXPECT_TRUE(std::filesystem::exists(failing / "frmrenwenleng.csv"));
+
+    CliRun noFolder = RunCliWith({"report", "--all", "--data", data.string()}, dir.path());
+    EXPECT_EQ(noFolder.code, 1);
+
+    // A drawings file that one of the exports would replace stops the export before it begins.
+    auto named = dir.Write("kept/frmbjiouhe.csv", "2020001 1 2 3\r\n");
+    CliRun overData = RunCliWith({"report", "--all", "--data", named.string(), "--format", "csv",
+                                  "--output", named.parent_path().string()},
+                                 dir.path());
+    EXPECT_EQ(overData.code, 1);
+    EXPECT_NE(overData.err.find("never written over"), std::string::npos) << overData.err;
+    EXPECT_EQ(ReadAll(named), "2020001 1 2 3\r\n");
+    EXPECT_FALSE(std::filesystem::exists(named.parent_path() / "frmrenwenleng.csv"));
 }
 
 // The newest drawings as asked, or those that fill a page; the page names the lottery.
@@ -354,32 +377,6 @@ TEST(ReportCommand, PdfPrintsTheNewestDrawings) {
     EXPECT_NE(content.find("page 1 of 1"), std::string::npos);
 }
 
-TEST(ReportCommand, AllGoesOnPastAFailureAndSaysSo) {
-    TempDir dir;
-    auto data = dir.Write("Mine.txt", "2020001 1 2 3\r\n");
-    auto folder = dir.path() / "out";
-    std::filesystem::create_directories(folder / "frmbjiouhe.csv");  // cannot become a file
-    CliRun run = RunCliWith({"report", "--all", "--data", data.string(), "--format", "csv",
-                             "--output", folder.string()},
-                            dir.path());
-    EXPECT_EQ(run.code, 1);
-    EXPECT_NE(run.err.find("frmbjiouhe"), std::string::npos) << run.err;
-    EXPECT_TRUE(std::filesystem::exists(folder / "frmrenwenleng.csv"));
-
-    CliRun noFolder = RunCliWith({"report", "--all", "--data", data.string()}, dir.path());
-    EXPECT_EQ(noFolder.code, 1);
-
-    // A drawings file that one of the exports would replace stops the export before it begins.
-    auto named = dir.Write("kept/frmbjiouhe.csv", "2020001 1 2 3\r\n");
-    CliRun overData = RunCliWith({"report", "--all", "--data", named.string(), "--format", "csv",
-                                  "--output", named.parent_path().string()},
-                                 dir.path());
-    EXPECT_EQ(overData.code, 1);
-    EXPECT_NE(overData.err.find("never written over"), std::string::npos) << overData.err;
-    EXPECT_EQ(ReadAll(named), "2020001 1 2 3\r\n");
-    EXPECT_FALSE(std::filesystem::exists(named.parent_path() / "frmrenwenleng.csv"));
-}
-
 // numarel-cli import with `args`.
 CliRun Cli(std::vector<std::string> args, const ProgramFolder& folder) {
     args.insert(args.begin(), "import");
@@ -389,7 +386,7 @@ CliRun Cli(std::vector<std::string> args, const ProgramFolder& folder) {
 const char* const kSource =
     "Draw Date,Midday,Evening,Sum\r\n09/02/2021,315,62,9\r\n09/01/2021,7,950,14\r\n";
 
-TEST(ImportCommand, ImportsOnceAndSaysWhatItDid) {
+TEST(ImportCommand, ImportsOnceAndSaysWhatItDidWithColumnsFoundNamedOrPiped) {
     TempDir dir;
     ProgramFolder folder{dir.path()};
     const std::string source = dir.Write("results.csv", kSource).string();
@@ -416,20 +413,17 @@ TEST(ImportCommand, ImportsOnceAndSaysWhatItDid) {
     CliRun lottery = Cli({source, "--lottery", "Daily", "--dates", "ymd"}, folder);
     EXPECT_EQ(lottery.code, 0) << lottery.err;
     EXPECT_EQ(ReadAll(folder.DataDir() / "Daily.txt").substr(0, 16), "20210901 0 0 7\r\n");
-}
 
-TEST(ImportCommand, ColumnsNamedOutrightAndStandardInput) {
-    TempDir dir;
-    ProgramFolder folder{dir.path()};
-    const std::string source =
+    // Columns named outright.
+    const std::string named =
         dir.Write("r.txt", "n;when;x;y\n1;2021-05-01;123;456\n2;2021-05-02;789;012\n").string();
-    const std::string file = (dir.path() / "d.txt").string();
+    const std::string namedInto = (dir.path() / "d.txt").string();
     // The day's drawings in the order given: y first.
-    CliRun run = Cli({source, "--into", file, "--date-column", "When", "--digits-column", "y",
+    CliRun run = Cli({named, "--into", namedInto, "--date-column", "When", "--digits-column", "y",
                       "--digits-column", "3", "--date-format", "yyyy-mm-dd"},
                      folder);
     ASSERT_EQ(run.code, 0) << run.err;
-    EXPECT_EQ(ReadAll(file),
+    EXPECT_EQ(ReadAll(namedInto),
               "2021001 4 5 6\r\n2021002 1 2 3\r\n2021003 0 1 2\r\n2021004 7 8 9\r\n");
 
     ImportCommand command;
