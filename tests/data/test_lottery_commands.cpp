@@ -7,11 +7,6 @@
 #include "data/lottery_commands.h"
 
 namespace numarel {
-namespace {
-
-using testing::ReadAll;
-
-}  // namespace
 
 void PrintTo(const UserMessage& m, std::ostream* os) {
     *os << m.title << " / " << m.text;
@@ -21,6 +16,7 @@ namespace {
 
 using testing::Case;
 using testing::Fill;
+using testing::ReadAll;
 using testing::ReadCases;
 using testing::TempDir;
 

@@ -144,15 +144,12 @@ TEST(ReportSheet, TextsWrittenAgainReadAsWritten) {
 // a text read as its leading number, a number past a counter's range, empty cells, and a label
 // that reads as the marker.
 TEST(FrameStatistics, TalliesReadCellsAsTheCellCallsDo) {
-    const char* cells[6][4] = {
-        {"***", "7", "", "x"},    {" 1000001:123", "***", " 12", "7"}, {"***", "40000", "***", ""},
-        {"", "-3", "2.5", "***"}, {"***", "***", "7", " 7"},           {"9", "", "***", "-40000"},
-    };
+    const auto rows = ReadCases("frame/cases/tally_cells.txt", 1);
     for (std::string_view marker : {"***", "7", " 1000001:123", "absent"}) {
         ReportSheet sheet(12, 4);
         for (int r = 0; r < 6; ++r)
             for (int c = 0; c < 4; ++c)
-                sheet.SetText(r, c, cells[r][c]);
+                sheet.SetText(r, c, Split(rows.at(r)[0], ',').at(c));
         sheet.SetDrawCount(5);
         AddMissStatistics(sheet, 0, 3, marker);
         for (int c = 1; c < 4; ++c) {  // column 0 below the drawings holds the rows' names
