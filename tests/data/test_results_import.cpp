@@ -219,7 +219,7 @@ TEST(ResultsImport, ALongHistoryTakesTheNewestDrawingsPastAnOldConflict) {
     EXPECT_EQ(records.back().date, compact(days - 1));
 }
 
-TEST(ResultsImport, ImportingIntoAFileAppendsOnceAndKeepsTheEndMarkerLast) {
+TEST(ResultsImport, ImportingIntoAFileAppendsOnceOnNewLinesAndKeepsTheEndMarkerLast) {
     TempDir dir;
     const std::string source = Sample("newest_first.txt");
     const auto file = dir.Write("d.txt", "2021245 9 5 6\r\n0 0 0 0\r\n2099001 1 1 1\r\n");
@@ -235,17 +235,16 @@ TEST(ResultsImport, ImportingIntoAFileAppendsOnceAndKeepsTheEndMarkerLast) {
     EXPECT_EQ(plan.alreadyPresent, 5);
     EXPECT_EQ(ReadAll(file), once);
     EXPECT_EQ(std::filesystem::last_write_time(file), stamp);  // not even rewritten
-}
 
-TEST(ResultsImport, NewLinesStartOnALineOfTheirOwn) {
+    // New lines start on a line of their own.
     const DrawRecord added{"2021002", "4", "5", "6"};
     for (const Case& c : ReadCases("data/import/new_lines.txt", 2)) {
         std::string out;
         ASSERT_TRUE(AppendDrawingLines(c[0], {&added, 1}, out).ok()) << c.where;
         EXPECT_EQ(out, c[1]) << c.where;
     }
-    std::string out;
-    EXPECT_FALSE(AppendDrawingLines("2021001 1 2", {&added, 1}, out).ok());
+    std::string cut;
+    EXPECT_FALSE(AppendDrawingLines("2021001 1 2", {&added, 1}, cut).ok());
 }
 
 TEST(ResultsImport, BadSourcesAndFilesAreRefusedAndLeaveTheFileAsItWas) {
