@@ -148,7 +148,7 @@ TEST(HtmlPage, KeepsTheSheetInBlocksTheScriptDraws) {
     EXPECT_NE(page.find("border-right:1px solid #010203"), std::string::npos);
 }
 
-TEST(HtmlPage, AWidePaletteTakesLongerCodes) {
+TEST(HtmlPage, AWidePaletteTakesLongerCodesAndAnEmptySheetStillMakesAPage) {
     ReportSheet sheet(3, 80);
     for (int c = 0; c < 80; ++c)
         sheet.SetBackColor(1, c, MakeRgb(c, 0, 1));
@@ -159,15 +159,13 @@ TEST(HtmlPage, AWidePaletteTakesLongerCodes) {
     const auto entries = Runs(runs[1], 2, 80);
     for (int c = 0; c < 80; ++c)
         EXPECT_EQ(info["palette"][entries[static_cast<std::size_t>(c)]][0], Hex(MakeRgb(c, 0, 1)));
-}
 
-TEST(HtmlPage, EmptySheetStillMakesAPage) {
-    ReportSheet empty;
-    const std::string page = Page(empty, "frmnone", "");
-    const auto info = nlohmann::json::parse(Block(page, "sheet-info"));
-    EXPECT_EQ(info["rows"], 0);
-    EXPECT_EQ(info["dates"], "");
-    EXPECT_EQ(Block(page, "sheet-texts"), "");
+    // An empty sheet still makes a page.
+    const std::string none = Page(ReportSheet(), "frmnone", "");
+    const auto noInfo = nlohmann::json::parse(Block(none, "sheet-info"));
+    EXPECT_EQ(noInfo["rows"], 0);
+    EXPECT_EQ(noInfo["dates"], "");
+    EXPECT_EQ(Block(none, "sheet-texts"), "");
 }
 
 // Pages of whole histories stay within four times their CSV, the widest report included.

@@ -176,7 +176,7 @@ int CountPages(const std::string& pdf) {
         std::distance(std::sregex_iterator(pdf.begin(), pdf.end(), kPage), std::sregex_iterator()));
 }
 
-TEST(PdfWriter, WritesOnePdfPageForEveryLaidOutPage) {
+TEST(PdfWriter, WritesOnePdfPageForEveryLaidOutPageAndAFailedStreamStaysFailed) {
     const ReportSheet sheet = WideSheet(200, 40);
     const PageSetup setup = A4Landscape();
     const std::vector<int> rows = NewestDrawingRows(sheet, 120);
@@ -188,10 +188,7 @@ TEST(PdfWriter, WritesOnePdfPageForEveryLaidOutPage) {
     const int pages = static_cast<int>(LayOutPages(sheet, rows, setup).pages.size());
     EXPECT_GT(pages, 2);
     EXPECT_EQ(CountPages(pdf), pages);
-}
 
-TEST(PdfWriter, AFailedStreamStaysFailed) {
-    const ReportSheet sheet = WideSheet(10, 5);
     std::ofstream closed;  // never opened: every write fails
     WriteSheetPdf(sheet, "", PdfChoice{}, closed);
     EXPECT_FALSE(closed.good());
