@@ -67,7 +67,7 @@ TEST(ScoreCommand, JsonFollowsTheContract) {
     EXPECT_EQ(stretches, (std::set<std::string>{"50", "100", "365", "1000", "\"all\""}));
 }
 
-TEST(ScoreCommand, PayoutTableBesideTheSelectionAndOtherFormats) {
+TEST(ScoreCommand, PayoutTableBesideTheSelectionOtherFormatsAndRefusals) {
     TempDir dir;
     const auto data = dir.Write("Daily.txt", HistoryFile(400));
     std::filesystem::create_directories(dir.path() / "Numarel");
@@ -102,21 +102,18 @@ TEST(ScoreCommand, PayoutTableBesideTheSelectionAndOtherFormats) {
     EXPECT_NE(html.out.find("<html"), std::string::npos);
     EXPECT_EQ(html.out.find("scrollTop"), std::string::npos);  // opens at the smallest p
     EXPECT_NE(html.out.find("</body></html>"), std::string::npos);
-}
 
-TEST(ScoreCommand, RefusalsAreOneLine) {
-    TempDir dir;
+    // Refusals are one line; the drawings file is never the output.
     CliRun missing =
         RunCliWith({"score", "--data", (dir.path() / "none.txt").string()}, dir.path());
     EXPECT_NE(missing.code, 0);
     EXPECT_EQ(Lines(missing.err), 1) << missing.err;
     CliRun badLast = RunCliWith({"score", "--last", "0"}, dir.path());
     EXPECT_NE(badLast.code, 0);
-    const auto data = dir.Write("Daily.txt", HistoryFile(10));
     CliRun output =
         RunCliWith({"score", "--data", data.string(), "--output", data.string()}, dir.path());
     EXPECT_NE(output.code, 0);
-    EXPECT_EQ(testing::ReadAll(data), HistoryFile(10));
+    EXPECT_EQ(testing::ReadAll(data), HistoryFile(400));
 }
 
 TEST(PayoutTable, ReadsWhatPeopleWrite) {
