@@ -104,7 +104,7 @@ TEST(SelectionFile, RoundTripAndTheLastOfAnyNumberOfStringsWins) {
     EXPECT_EQ(ReadAll(ini), "");
 }
 
-TEST(SelectionFile, AnUnusableSelectionFallsBackWithoutWritingAndSaysWhy) {
+TEST(SelectionFile, AnUnusableSelectionFallsBackWithoutWritingAndSaysWhyAndLabelsNameTheLottery) {
     TempDir dir;
     ProgramFolder folder{dir.path()};
     CurrentLottery none = ResolveCurrentLottery(folder);
@@ -128,6 +128,10 @@ TEST(SelectionFile, AnUnusableSelectionFallsBackWithoutWritingAndSaysWhy) {
     CurrentLottery other = ResolveCurrentLottery(folder);
     EXPECT_EQ(other.label, "Lottery:Other.");
     EXPECT_TRUE(other.problem.empty() && other.notice.empty() && !other.fallback);
+    // Export offers the lottery name of a label without its full stop.
+    EXPECT_EQ(ExportPresetName("Lottery:Synthetic-Demo."), "Synthetic-Demo");
+    EXPECT_EQ(ExportPresetName("Lottery:a.b."), "a.b");
+    EXPECT_EQ(ExportPresetName("Lottery:"), "");
 }
 
 std::vector<std::string> Column(const DrawingsTable& table, int col) {
@@ -137,7 +141,7 @@ std::vector<std::string> Column(const DrawingsTable& table, int col) {
     return cells;
 }
 
-TEST(DrawingsTable, SaveWritesTheEmptyLastRowAsAnEndMarker) {
+TEST(DrawingsTable, SaveWritesTheEmptyLastRowAsAnEndMarkerAndRowsOutsideAreIgnored) {
     TempDir dir;
     auto file = dir.Write("d.txt", "2020001 1 2 3\r\n2020002 4 5 6\r\n");
     DrawingsTable table;
@@ -156,25 +160,17 @@ TEST(DrawingsTable, SaveWritesTheEmptyLastRowAsAnEndMarker) {
     std::vector<DrawRecord> seen;
     ASSERT_TRUE(ReadHistory(file, seen).ok());
     EXPECT_EQ(seen.size(), 2u);
-}
 
-// The row buttons are pinned through the editor; rows it never offers are ignored here.
-TEST(DrawingsTable, RowsOutsideTheTableAreIgnored) {
-    DrawingsTable table;
-    table.SetCell(0, 0, "A");
-    table.InsertBefore(99);  // past the end: appended
-    EXPECT_FALSE(table.DeleteRow(9));
-    EXPECT_EQ(Column(table, 0), (std::vector<std::string>{"A", ""}));
-    table.SetCell(5, 0, "x");
-    table.SetCell(0, 4, "x");
-    EXPECT_EQ(table.Cell(5, 0), "");
-    EXPECT_EQ(table.Cell(0, 4), "");
-}
-
-TEST(DrawingsTable, ExportOffersTheLotteryNameWithoutItsFullStop) {
-    EXPECT_EQ(ExportPresetName("Lottery:Synthetic-Demo."), "Synthetic-Demo");
-    EXPECT_EQ(ExportPresetName("Lottery:a.b."), "a.b");
-    EXPECT_EQ(ExportPresetName("Lottery:"), "");
+    // The row buttons are pinned through the editor; rows it never offers are ignored here.
+    DrawingsTable fresh;
+    fresh.SetCell(0, 0, "A");
+    fresh.InsertBefore(99);  // past the end: appended
+    EXPECT_FALSE(fresh.DeleteRow(9));
+    EXPECT_EQ(Column(fresh, 0), (std::vector<std::string>{"A", ""}));
+    fresh.SetCell(5, 0, "x");
+    fresh.SetCell(0, 4, "x");
+    EXPECT_EQ(fresh.Cell(5, 0), "");
+    EXPECT_EQ(fresh.Cell(0, 4), "");
 }
 
 TEST(DrawingsTable, CopyReplacesTheTargetOnlyWhenTheSourceIsRead) {
