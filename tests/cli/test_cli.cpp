@@ -9,6 +9,7 @@
 #include "cli/cli_run.h"
 #include "cli/import_command.h"
 #include "cli/report_names.h"
+#include "data/case_file.h"
 #include "data/drawings_file.h"
 #include "data/file_io.h"
 #include "data/lottery_catalog.h"
@@ -20,108 +21,68 @@
 namespace numarel {
 namespace {
 
+using testing::Case;
 using testing::CliRun;
+using testing::Fill;
+using testing::Fixture;
 using testing::Lines;
 using testing::ReadAll;
+using testing::ReadCases;
 using testing::RunCliWith;
 using testing::TempDir;
+using testing::Words;
 
-// The cells are the reports' own, pinned with them; here the shape of each format.
-TEST(Cli, JsonOfASmallFileFollowsTheContract) {
-    TempDir dir;
-    auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 0 0 0\r\n");
-    CliRun run = RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--format", "json"},
-                            dir.path());
-    ASSERT_EQ(run.code, 0) << run.err;
-    auto doc = nlohmann::json::parse(run.out);
-    EXPECT_EQ(doc.size(), 7u);
-    EXPECT_EQ(doc["report"], "frmbjiouhe");
-    EXPECT_EQ(doc["title"], "Sum of Odd-Sum of Even");
-    EXPECT_EQ(doc["rows"], 4);
-    EXPECT_EQ(doc["cols"], 61);
-    EXPECT_EQ(doc["colWidths"].size(), 61u);
-    EXPECT_EQ(doc["colWidths"][0], 1290);
-    EXPECT_EQ(doc["rowHeights"], nlohmann::json::array());
-    auto cells = doc["cells"];
-    for (nlohmann::json cell : {nlohmann::json{1, 11, "4", "#b6dbaa", nullptr},
-                                nlohmann::json{1, 0, " 2020001:123", nullptr, nullptr}})
-        EXPECT_NE(std::find(cells.begin(), cells.end(), cell), cells.end()) << cell;
-    // Row-major order.
-    for (std::size_t i = 1; i < cells.size(); ++i) {
-        auto a = std::make_pair(cells[i - 1][0].get<int>(), cells[i - 1][1].get<int>());
-        auto b = std::make_pair(cells[i][0].get<int>(), cells[i][1].get<int>());
-        EXPECT_LT(a, b);
-    }
-}
-
-// The grid-line colour is the one key a report adds only when it has a colour of its own (the
-// small file's seven keys show it absent); HTML draws the grid in it, or in the default grey.
-TEST(Cli, GridLinesInAReportsOwnColourReachJsonAndHtml) {
+// The cells are the reports' own, pinned with them; here the shape of each format of a small file.
+// JSON and text are compared whole: the keys in their order, the cells row by row, the text's
+// title, header, the three rows of the last drawing of a report with three rows a drawing and the
+// two empty rows closing the sheet, its columns lined up by characters.
+TEST(Cli, EachFormatOfASmallFile) {
     TempDir dir;
     auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 3 0 7\r\n");
-    auto run = [&](const char* report, const char* format) {
-        CliRun r =
-            RunCliWith({"report", report, "--data", data.string(), "--format", format}, dir.path());
+    auto run = [&](std::vector<std::string> args) {
+        args.insert(args.end(), {"--data", data.string()});
+        CliRun r = RunCliWith(args, dir.path());
         EXPECT_EQ(r.code, 0) << r.err;
         return r.out;
     };
-    EXPECT_EQ(nlohmann::json::parse(run("frmliangmahecha", "json")).value("gridColour", ""),
-              "#00c000");
-    EXPECT_TRUE(testing::Has(run("frmliangmahecha", "html"), "border-right:1px solid #00c000"));
-    EXPECT_TRUE(testing::Has(run("frmbjiouhe", "html"), "border-right:1px solid #c0c0c0"));
-}
+    EXPECT_EQ(run({"report", "frmbjiouhe", "--format", "json"}),
+              ReadAll(Fixture("cli/cases/small_frmbjiouhe.json")))
+        << "cli/cases/small_frmbjiouhe.json";
+    EXPECT_EQ(run({"report", "frmliangmahecha", "--tail", "1"}),
+              ReadAll(Fixture("cli/cases/small_frmliangmahecha_tail1.txt")))
+        << "cli/cases/small_frmliangmahecha_tail1.txt";
 
-// A report with three rows a drawing shows all three rows of each drawing the tail asks for.
-TEST(Cli, TextTailCountsDrawingsNotRowsAndCsvGoesToTheOutputFile) {
-    TempDir dir;
-    auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 3 0 7\r\n");
-    CliRun run = RunCliWith({"report", "frmliangmahecha", "--data", data.string(), "--tail", "1"},
-                            dir.path());
-    ASSERT_EQ(run.code, 0) << run.err;
-    std::vector<std::string> lines;
-    std::istringstream in(run.out);
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    // Title, header, the three rows of the last drawing, the two empty rows closing the sheet.
-    ASSERT_EQ(lines.size(), 7u) << run.out;
-    EXPECT_EQ(lines[2].substr(0, lines[2].find(" |")), " 2020002:307(H\u00b1T)");
-    // Columns line up by characters: the bar stands where the header's does.
-    EXPECT_EQ(lines[2].find('|') - 1, lines[1].find('|'));
+    // The grid-line colour is the one key a report adds only when it has a colour of its own (the
+    // file above shows it absent); HTML draws the grid in it, or in the default grey.
+    EXPECT_EQ(nlohmann::json::parse(run({"report", "frmliangmahecha", "--format", "json"}))
+                  .value("gridColour", ""),
+              "#00c000");
+    EXPECT_TRUE(testing::Has(run({"report", "frmliangmahecha", "--format", "html"}),
+                             "border-right:1px solid #00c000"));
+    EXPECT_TRUE(testing::Has(run({"report", "frmbjiouhe", "--format", "html"}),
+                             "border-right:1px solid #c0c0c0"));
 
     auto out = dir.path() / "sheet.csv";
-    CliRun csv = RunCliWith({"report", "frmbjiouhe", "--data", data.string(), "--format", "csv",
-                             "--output", out.string()},
-                            dir.path());
-    ASSERT_EQ(csv.code, 0) << csv.err;
-    EXPECT_TRUE(csv.out.empty());
+    EXPECT_TRUE(run({"report", "frmbjiouhe", "--format", "csv", "--output", out.string()}).empty());
     EXPECT_EQ(ReadAll(out).substr(0, 9), ",H,T,U,,,");  // the header row, its fixed cell empty
 }
 
 TEST(Cli, ErrorsSayOneLineExitNonZeroAndWriteNothing) {
     TempDir dir;
     auto out = dir.path() / "never.json";
-    auto good = dir.Write("good.txt", "1 1 2 3\r\n");
+    dir.Write("good.txt", "1 1 2 3\r\n");
     std::string big;
     for (std::size_t i = 0; i <= kMaxDrawings; ++i)
         big += "1 1 2 3\r\n";
-    auto tooMany = dir.Write("big.txt", big);
-    const std::vector<std::vector<std::string>> failing = {
-        {"report", "frmbjiouhe", "--data", (dir.path() / "missing.txt").string()},
-        {"report", "frmbjiouhe", "--data", tooMany.string()},
-        {"report", "frmbjiouhe", "--data", dir.path().string()},  // a folder
-        {"report", "frmnosuch", "--data", good.string()},
-        {"report", "frmbjiouhe", "--data", good.string(), "--format", "xml"},
-        {"report"},
-        {},
-    };
-    for (auto args : failing) {
+    dir.Write("big.txt", big);
+    for (const Case& c : ReadCases("cli/cases/errors.txt", 1)) {
+        auto args = Words(Fill(c[0], {{"dir", dir.path().string()}}));
         args.push_back("--output");
         args.push_back(out.string());
         CliRun run = RunCliWith(args, dir.path());
-        EXPECT_NE(run.code, 0) << run.out;
-        EXPECT_FALSE(run.err.empty());
-        EXPECT_EQ(Lines(run.err), 1) << run.err;
-        EXPECT_FALSE(std::filesystem::exists(out));
+        EXPECT_NE(run.code, 0) << c.where << run.out;
+        EXPECT_EQ(Lines(run.err), 1) << c.where << run.err;
+        EXPECT_FALSE(std::filesystem::exists(out)) << c.where;
     }
 }
 
@@ -134,13 +95,8 @@ TEST(Cli, EnquireReadsItsTextsAsTheTextBoxDoes) {
         {"enquire", "box", "12", "3,456", "7 89", "--data", data.string(), "--format", "json"},
         dir.path());
     ASSERT_EQ(run.code, 0) << run.err;
-    auto doc = nlohmann::json::parse(run.out);
-    EXPECT_EQ(doc["report"], "frmzuxuanhaocx");
-    EXPECT_EQ(doc["title"], "Box Number Enquire");
-    EXPECT_EQ(doc["cols"], 5 + 3 + 1);
-    auto cells = doc["cells"];
-    EXPECT_NE(std::find(cells.begin(), cells.end(), nlohmann::json{0, 6, "456", nullptr, nullptr}),
-              cells.end());
+    EXPECT_EQ(run.out, ReadAll(Fixture("cli/cases/enquire_box.json")))
+        << "cli/cases/enquire_box.json";
 
     auto out = dir.path() / "never.csv";
     CliRun r = RunCliWith(
@@ -179,14 +135,7 @@ protected:
     }
 
     // Enough drawings for every command to have something to write.
-    static std::string History() {
-        std::string bytes;
-        for (int i = 0; i < 300; ++i)
-            bytes += std::to_string(2020001 + i) + " " + std::to_string(i * 7 % 10) + " " +
-                     std::to_string(i * 3 % 10) + " " + std::to_string(i * i % 10) + "\r\n";
-        return bytes;
-    }
-    const std::string kDrawings = History();
+    const std::string kDrawings = testing::HistoryText(300, 7, 2020001);
     TempDir dir;
     ProgramFolder folder{dir.path()};
     std::filesystem::path elsewhere;
@@ -195,22 +144,16 @@ protected:
 TEST_F(CliFolder, OutputIsNeverTheDrawingsFileItReadsNorTheSelection) {
     const std::filesystem::path cwd = std::filesystem::current_path();
     std::filesystem::current_path(dir.path() / "elsewhere");
-    const std::string data = elsewhere.string();
-    const std::vector<std::vector<std::string>> targets = {
-        {"--data", data, "--output", "my.txt"},  // relative
-        {"--data", data, "--output", (dir.path() / "data/../elsewhere/my.txt").string()},
-        {"--data", data, "--output", (dir.path() / "link" / "my.txt").string()},  // a link
-        {"--data", "../link/my.txt", "--output", data},
-        {"--output", (folder.DataDir() / "Mine.txt").string()},  // the current lottery
-        {"--data", data, "--output", "../Numarel/shujuwenjian.ini"},
-    };
+    const auto targets = ReadCases("cli/cases/never_written_over.txt", 1);
     const auto kept = Kept();
     for (const auto& command : kWritingCommands) {
-        for (const auto& target : targets) {
+        for (const Case& target : targets) {
             auto args = command;
-            args.insert(args.end(), target.begin(), target.end());
+            for (const std::string& arg : Words(
+                     Fill(target[0], {{"data", elsewhere.string()}, {"dir", dir.path().string()}})))
+                args.push_back(arg);
             CliRun run = RunCliWith(args, dir.path());
-            EXPECT_EQ(run.code, 1) << args[0] << " " << target.back();
+            EXPECT_EQ(run.code, 1) << args[0] << " " << target.where;
             EXPECT_EQ(Lines(run.err), 1) << run.err;
             EXPECT_NE(run.err.find("never written over"), std::string::npos) << run.err;
             EXPECT_EQ(Kept(), kept);
@@ -245,18 +188,12 @@ TEST_F(CliFolder, AFailedOutputLeavesTheOldFileAsItWas) {
 TEST_F(CliFolder, ASelectionThatIsNotALotteryIsOneLineAndNeverReadOrRewritten) {
     // Valid drawings outside data\: a selection naming them must never produce their report.
     dir.Write("outside.txt", "2031001 9 8 7\r\n");
-    const std::string selections[] = {
-        "\"../outside.txt\"\r\n",
-        "\"" + (dir.path() / "outside.txt").string() + "\"\r\n",
-        "\"Gone.txt\"\r\n",
-        "\"a\" \"b\" \"c\" \"d\" \"../outside.txt\"",
-    };
-    for (const std::string& selection : selections) {
-        dir.Write("Numarel/shujuwenjian.ini", selection);
+    for (const Case& selection : ReadCases("cli/cases/selections.txt", 1)) {
+        dir.Write("Numarel/shujuwenjian.ini", Fill(selection[0], {{"dir", dir.path().string()}}));
         const auto kept = Kept();
         for (const auto& command : kWritingCommands) {
             CliRun run = RunCliWith(command, dir.path());
-            EXPECT_EQ(run.code, 1) << selection << command[0];
+            EXPECT_EQ(run.code, 1) << selection.where << command[0];
             EXPECT_EQ(Lines(run.err), 1) << run.err;
             EXPECT_NE(run.err.find("--data"), std::string::npos) << run.err;
             EXPECT_EQ(run.out.find("2031001"), std::string::npos);
@@ -306,12 +243,7 @@ TEST(Cli, ListShowsTheWholeCommandTableAndWithoutDataTheSelectedLotteryIsUsed) {
     TempDir dir;
     CliRun run = RunCliWith({"list"}, dir.path());
     ASSERT_EQ(run.code, 0);
-    const std::size_t lines = static_cast<std::size_t>(Lines(run.out));
-    EXPECT_EQ(lines, CommandTable().size() + 1);
-    EXPECT_NE(
-        run.out.find("Others\tSum of Odd-Sum of Even\tfrmbjiouhe\tSum_of_Odd-Sum_of_Even\tyes"),
-        std::string::npos);
-    EXPECT_NE(run.out.find("Box Pairs\t(separator)"), std::string::npos);
+    EXPECT_EQ(run.out, ReadAll(Fixture("cli/cases/list.expected"))) << "cli/cases/list.expected";
 
     dir.Write("data/Mine.txt", "2020001 9 9 9\r\n");
     WriteSelection(ProgramFolder{dir.path()}.SelectionFile(), "Mine.txt");
@@ -320,24 +252,12 @@ TEST(Cli, ListShowsTheWholeCommandTableAndWithoutDataTheSelectedLotteryIsUsed) {
     EXPECT_NE(mine.out.find(" 2020001:999"), std::string::npos);
 }
 
-TEST(ReportNames, ObjectsAndCaptionsInAnyCase) {
-    struct Case {
-        std::string_view name;
-        std::string_view object;  // empty: no report
-    } cases[] = {
-        {"FRMRENWENLENG", "frmrenwenleng"},
-        {"cold warm hot", "frmrenwenleng"},
-        {"cold warm", ""},       // a part of a caption is not a name
-        {"cold  warm hot", ""},  // nor is a caption with other blanks
-        {"", ""},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(FindReportByName(c.name), c.object) << c.name;
+TEST(ReportNames, ObjectsAndCaptionsInAnyCaseTheClosestForAnUnknownNameAndTheVersion) {
+    for (const Case& c : ReadCases("cli/cases/report_names.txt", 2))
+        EXPECT_EQ(FindReportByName(c[0]), c[1]) << c.where;
     EXPECT_EQ(ClosestCaptions("warm", 1).front(), "Cold Warm Hot");
     EXPECT_EQ(ClosestCaptions("zzzz").size(), 5u);
-}
 
-TEST(ReportCommand, NamesVersionAndUnknownNames) {
     TempDir dir;
     auto data = dir.Write("small.txt", "2020001 1 2 3\r\n2020002 0 0 0\r\n");
     CliRun unknown = RunCliWith({"report", "cold wram hot", "--data", data.string()}, dir.path());
@@ -345,7 +265,6 @@ TEST(ReportCommand, NamesVersionAndUnknownNames) {
     EXPECT_NE(unknown.err.find("\"Cold Warm Hot\""), std::string::npos) << unknown.err;
     EXPECT_EQ(Lines(unknown.err), 1);
     EXPECT_TRUE(unknown.out.empty());
-
     CliRun version = RunCliWith({"--version"}, dir.path());
     EXPECT_EQ(version.code, 0);
     EXPECT_TRUE(version.out.starts_with("numarel-cli ")) << version.out;
@@ -358,7 +277,7 @@ std::size_t BuiltReports() {
     return n;
 }
 
-TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
+TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroupAndGoesOnPastAFailure) {
     TempDir dir;
     auto data = dir.Write("Mine.txt", "2020001 1 2 3\r\n2020002 4 5 6\r\n2020003 0 0 0\r\n");
     auto folder = dir.path() / "out";
@@ -407,6 +326,29 @@ TEST(ReportCommand, AllWritesEveryReportAndAnIndexByGroup) {
                   .find("Mine: <span id=\"draw-count\">3</span> drawings, 2020001 to 2020003"),
               std::string::npos);
     EXPECT_EQ(ReadAll(folder / "pdf" / "frmbjiouhe.pdf").rfind("%PDF-", 0), 0u);
+
+    // It goes on past a failure and says so.
+    auto failing = dir.path() / "failing";
+    std::filesystem::create_directories(failing / "frmbjiouhe.csv");  // cannot become a file
+    CliRun run = RunCliWith({"report", "--all", "--data", data.string(), "--format", "csv",
+                             "--output", failing.string()},
+                            dir.path());
+    EXPECT_EQ(run.code, 1);
+    EXPECT_NE(run.err.find("frmbjiouhe"), std::string::npos) << run.err;
+    EXPECT_TRUE(std::filesystem::exists(failing / "frmrenwenleng.csv"));
+
+    CliRun noFolder = RunCliWith({"report", "--all", "--data", data.string()}, dir.path());
+    EXPECT_EQ(noFolder.code, 1);
+
+    // A drawings file that one of the exports would replace stops the export before it begins.
+    auto named = dir.Write("kept/frmbjiouhe.csv", "2020001 1 2 3\r\n");
+    CliRun overData = RunCliWith({"report", "--all", "--data", named.string(), "--format", "csv",
+                                  "--output", named.parent_path().string()},
+                                 dir.path());
+    EXPECT_EQ(overData.code, 1);
+    EXPECT_NE(overData.err.find("never written over"), std::string::npos) << overData.err;
+    EXPECT_EQ(ReadAll(named), "2020001 1 2 3\r\n");
+    EXPECT_FALSE(std::filesystem::exists(named.parent_path() / "frmrenwenleng.csv"));
 }
 
 // The newest drawings as asked, or those that fill a page; the page names the lottery.
@@ -435,32 +377,6 @@ TEST(ReportCommand, PdfPrintsTheNewestDrawings) {
     EXPECT_NE(content.find("page 1 of 1"), std::string::npos);
 }
 
-TEST(ReportCommand, AllGoesOnPastAFailureAndSaysSo) {
-    TempDir dir;
-    auto data = dir.Write("Mine.txt", "2020001 1 2 3\r\n");
-    auto folder = dir.path() / "out";
-    std::filesystem::create_directories(folder / "frmbjiouhe.csv");  // cannot become a file
-    CliRun run = RunCliWith({"report", "--all", "--data", data.string(), "--format", "csv",
-                             "--output", folder.string()},
-                            dir.path());
-    EXPECT_EQ(run.code, 1);
-    EXPECT_NE(run.err.find("frmbjiouhe"), std::string::npos) << run.err;
-    EXPECT_TRUE(std::filesystem::exists(folder / "frmrenwenleng.csv"));
-
-    CliRun noFolder = RunCliWith({"report", "--all", "--data", data.string()}, dir.path());
-    EXPECT_EQ(noFolder.code, 1);
-
-    // A drawings file that one of the exports would replace stops the export before it begins.
-    auto named = dir.Write("kept/frmbjiouhe.csv", "2020001 1 2 3\r\n");
-    CliRun overData = RunCliWith({"report", "--all", "--data", named.string(), "--format", "csv",
-                                  "--output", named.parent_path().string()},
-                                 dir.path());
-    EXPECT_EQ(overData.code, 1);
-    EXPECT_NE(overData.err.find("never written over"), std::string::npos) << overData.err;
-    EXPECT_EQ(ReadAll(named), "2020001 1 2 3\r\n");
-    EXPECT_FALSE(std::filesystem::exists(named.parent_path() / "frmrenwenleng.csv"));
-}
-
 // numarel-cli import with `args`.
 CliRun Cli(std::vector<std::string> args, const ProgramFolder& folder) {
     args.insert(args.begin(), "import");
@@ -470,7 +386,7 @@ CliRun Cli(std::vector<std::string> args, const ProgramFolder& folder) {
 const char* const kSource =
     "Draw Date,Midday,Evening,Sum\r\n09/02/2021,315,62,9\r\n09/01/2021,7,950,14\r\n";
 
-TEST(ImportCommand, ImportsOnceAndSaysWhatItDid) {
+TEST(ImportCommand, ImportsOnceAndSaysWhatItDidWithColumnsFoundNamedOrPiped) {
     TempDir dir;
     ProgramFolder folder{dir.path()};
     const std::string source = dir.Write("results.csv", kSource).string();
@@ -485,11 +401,7 @@ TEST(ImportCommand, ImportsOnceAndSaysWhatItDid) {
     EXPECT_EQ(ReadAll(file),
               "2021001 0 0 7\r\n2021002 9 5 0\r\n2021003 3 1 5\r\n2021004 0 6 2\r\n");
     EXPECT_EQ(first.out,
-              "Columns: separated by commas, header on line 1; dates in \"Draw Date\" "
-              "(MM/DD/YYYY); digits in \"Midday\", then \"Evening\"\n"
-              "Drawings found: 4\nAdded: 4, dated 2021001 to 2021004\nAlready present: 0\n"
-              "Conflicts: 0\nLines not used: 0\nWritten to \"" +
-                  file + "\".\n");
+              Fill(ReadAll(Fixture("cli/cases/import_summary.expected")), {{"file", file}}));
 
     CliRun again = Cli({source, "--into", file}, folder);
     EXPECT_EQ(again.code, 0);
@@ -501,20 +413,17 @@ TEST(ImportCommand, ImportsOnceAndSaysWhatItDid) {
     CliRun lottery = Cli({source, "--lottery", "Daily", "--dates", "ymd"}, folder);
     EXPECT_EQ(lottery.code, 0) << lottery.err;
     EXPECT_EQ(ReadAll(folder.DataDir() / "Daily.txt").substr(0, 16), "20210901 0 0 7\r\n");
-}
 
-TEST(ImportCommand, ColumnsNamedOutrightAndStandardInput) {
-    TempDir dir;
-    ProgramFolder folder{dir.path()};
-    const std::string source =
+    // Columns named outright.
+    const std::string named =
         dir.Write("r.txt", "n;when;x;y\n1;2021-05-01;123;456\n2;2021-05-02;789;012\n").string();
-    const std::string file = (dir.path() / "d.txt").string();
+    const std::string namedInto = (dir.path() / "d.txt").string();
     // The day's drawings in the order given: y first.
-    CliRun run = Cli({source, "--into", file, "--date-column", "When", "--digits-column", "y",
+    CliRun run = Cli({named, "--into", namedInto, "--date-column", "When", "--digits-column", "y",
                       "--digits-column", "3", "--date-format", "yyyy-mm-dd"},
                      folder);
     ASSERT_EQ(run.code, 0) << run.err;
-    EXPECT_EQ(ReadAll(file),
+    EXPECT_EQ(ReadAll(namedInto),
               "2021001 4 5 6\r\n2021002 1 2 3\r\n2021003 0 1 2\r\n2021004 7 8 9\r\n");
 
     ImportCommand command;
@@ -531,28 +440,14 @@ TEST(ImportCommand, RefusalsAreOneLineAndLeaveTheFileAsItWas) {
     TempDir dir;
     ProgramFolder folder{dir.path()};
     const std::string kept = "2021001 0 0 7\r\n";
-    const std::string file = dir.Write("d.txt", kept).string();
-    const std::string good = dir.Write("good.csv", kSource).string();
-    struct Case {
-        std::vector<std::string> args;
-        int code;
-        std::string err;
-    };
-    const Case cases[] = {
-        {{file, "--into", file}, 1, "the source is the drawings file itself"},
-        {{(dir.path() / "none.csv").string(), "--into", file}, 1, "The results file \""},
-        {{good, "--into", dir.path().string()}, 1, "is a folder, not a drawings file."},
-        {{good}, 2, "say where the drawings go, with --into FILE or --lottery NAME"},
-        {{good, "--lottery", "../x"}, 2, "\"../x\" is not a lottery name"},
-        {{good, "--into", file, "--dates", "weekly"}, 2, "weekly"},
-        {{good, "--into", file, "--date-column", "When"}, 1, "There is no column \"When\""},
-    };
-    for (const Case& c : cases) {
-        CliRun run = Cli(c.args, folder);
-        EXPECT_EQ(run.code, c.code) << c.args[0] << " " << run.err;
-        EXPECT_EQ(Lines(run.err), 1) << run.err;
-        EXPECT_NE(run.err.find(c.err), std::string::npos) << run.err;
-        EXPECT_EQ(ReadAll(file), kept);
+    dir.Write("d.txt", kept);
+    dir.Write("good.csv", kSource);
+    for (const Case& c : ReadCases("cli/cases/import_refusals.txt", 3)) {
+        CliRun run = Cli(Words(Fill(c[0], {{"dir", dir.path().string()}})), folder);
+        EXPECT_EQ(run.code, std::stoi(c[1])) << c.where << " " << run.err;
+        EXPECT_EQ(Lines(run.err), 1) << c.where << run.err;
+        EXPECT_NE(run.err.find(c[2]), std::string::npos) << c.where << run.err;
+        EXPECT_EQ(ReadAll(dir.path() / "d.txt"), kept) << c.where;
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include "cli/cli_run.h"
 #include "cli/import_command.h"
+#include "data/case_file.h"
 #include "data/file_io.h"
 #include "data/lottery_catalog.h"
 #include "data/lottery_commands.h"
@@ -17,10 +18,13 @@ namespace numarel {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::Case;
 using testing::CliRun;
+using testing::Fill;
 using testing::Has;
 using testing::Lines;
 using testing::ReadAll;
+using testing::ReadCases;
 using testing::RunCliWith;
 using testing::TempDir;
 
@@ -38,17 +42,13 @@ std::string Quote(const fs::path& path) {
     return "'" + path.string() + "'";
 }
 
-// A results source with one drawing a day, days 1 to `days` from 1 January 2021.
+// A results source with one drawing a day, the first `days` of cli/cases/60_days.csv.
 std::string Results(int days) {
-    std::string text;
-    for (int d = 0; d < days; ++d) {
-        const int month = d / 28 + 1, day = d % 28 + 1;
-        char line[32];
-        std::snprintf(line, sizeof line, "2021-%02d-%02d,%03d\n", month, day,
-                      (d * 379 + 123) % 1000);
-        text += line;
-    }
-    return text;
+    static const std::string all = ReadAll(testing::Fixture("cli/cases/60_days.csv"));
+    std::size_t end = 0;
+    for (int d = 0; d < days; ++d)
+        end = all.find('\n', end) + 1;
+    return all.substr(0, end);
 }
 
 // Two imports into one file at the same moment, round after round: one adds a day, the other two.
@@ -137,24 +137,19 @@ TEST(OddFiles, APipeAnywhereIsRefusedWithoutWaiting) {
     ASSERT_EQ(::mkfifo((dir.path() / "home/Numarel/shujuwenjian.ini").c_str(), 0600), 0);
     const fs::path drawings = dir.Write("d.txt", "2021001 1 2 3\r\n");
     const fs::path results = dir.Write("r.csv", "2021-01-02,456\n");
-    const std::vector<std::string> commands = {
-        "report frmbjiouhe --data " + Quote(fifo),
-        "report frmbjiouhe",  // the selection file is a pipe
-        "report frmbjiouhe --data " + Quote(drawings) + " --output " + Quote(fifo),
-        "import " + Quote(fifo) + " --into " + Quote(drawings),
-        "import " + Quote(results) + " --into " + Quote(fifo),
-        "import " + Quote(results) + " --lottery Piped",
-    };
-    for (const std::string& args : commands) {
+    for (const Case& c : ReadCases("cli/cases/pipes.txt", 1)) {
+        const std::string args = Fill(
+            c[0],
+            {{"fifo", Quote(fifo)}, {"drawings", Quote(drawings)}, {"results", Quote(results)}});
         const std::string line = "NUMAREL_HOME=" + Quote(dir.path() / "home") + " timeout 10 " +
                                  CliProgram().string() + " " + args + " >/dev/null 2>" +
                                  Quote(dir.path() / "err");
         const int code = Shell(line);
-        EXPECT_NE(code, 124) << args << ": it waited";
-        EXPECT_NE(code, 0) << args;
+        EXPECT_NE(code, 124) << c.where << ": it waited";
+        EXPECT_NE(code, 0) << c.where;
         const std::string err = ReadAll(dir.path() / "err");
-        EXPECT_EQ(Lines(err), 1) << args << ": " << err;
-        EXPECT_TRUE(Has(err, "pipe") || Has(err, "selection")) << args << ": " << err;
+        EXPECT_EQ(Lines(err), 1) << c.where << ": " << err;
+        EXPECT_TRUE(Has(err, "pipe") || Has(err, "selection")) << c.where << ": " << err;
     }
     EXPECT_EQ(ReadAll(drawings), "2021001 1 2 3\r\n");
 }
@@ -162,19 +157,9 @@ TEST(OddFiles, APipeAnywhereIsRefusedWithoutWaiting) {
 // One rule for lottery names, in New Lottery and in import --lottery: the same names pass, and a
 // refusal names the same rule in both.
 TEST(LotteryNameRule, TheSameInBothPrograms) {
-    std::vector<std::string> names = {"Daily",       "Pick 3: Evening",
-                                      "Fr\xc3\xbch", "a.b",
-                                      "q\"uote",     "a*b",
-                                      "a?b",         "a<b",
-                                      "a|b",         "line\nbreak",
-                                      "esc\x1b[31m", "tab\tx",
-                                      "..",          ".hidden",
-                                      "trailing.",   "a..b",
-                                      "a/b",         "a\\b",
-                                      "C:x",         "../x"};
-    names.push_back(std::string(201, 'n'));
-    for (const std::string& name : names) {
-        SCOPED_TRACE(name);
+    for (const Case& c : ReadCases("cli/cases/lottery_names.txt", 1)) {
+        const std::string& name = c[0];
+        SCOPED_TRACE(c.where);
         TempDir dir;
         ProgramFolder folder{dir.path()};
         fs::create_directories(folder.DataDir());
@@ -217,17 +202,12 @@ TEST(OutputOption, EmptyIsRefusedDashIsStandardOutputAndTheDataFolderIsNoTarget)
         {"report", "frmbjiouhe", "--output", (folder.DataDir() / "sheet.txt").string()}, folder);
     EXPECT_EQ(one.code, 1);
     EXPECT_TRUE(Has(one.err, "is in the data folder")) << one.err;
-    const std::pair<fs::path, std::string_view> folders[] = {
-        {folder.DataDir(), "the data folder"},
-        {dir.path() / "Numarel", "the folder of the selection file"},
-        {dir.path() / "help", "the folder of the help pages"},
-        {dir.path(), "the program folder"},
-    };
-    for (const auto& [target, what] : folders) {
-        CliRun all = RunCliWith({"report", "--all", "--output", target.string()}, folder);
-        EXPECT_EQ(all.code, 1) << target;
-        EXPECT_EQ(Lines(all.err), 1) << all.err;
-        EXPECT_TRUE(Has(all.err, what)) << all.err;
+    for (const Case& c : ReadCases("cli/cases/output_folders.txt", 2)) {
+        const std::string target = Fill(c[0], {{"dir", dir.path().string()}});
+        CliRun all = RunCliWith({"report", "--all", "--output", target}, folder);
+        EXPECT_EQ(all.code, 1) << c.where;
+        EXPECT_EQ(Lines(all.err), 1) << c.where << all.err;
+        EXPECT_TRUE(Has(all.err, c[1])) << c.where << all.err;
     }
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.DataDir()), {}), 1);
     EXPECT_EQ(ReadAll(data), "2021001 1 2 3\r\n2021002 4 5 6\r\n");

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "cli/cli_run.h"
+#include "data/case_file.h"
 #include "reports/scoreboard/payout_table.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
@@ -32,12 +32,10 @@ TEST(ScoreCommand, JsonFollowsTheContract) {
     EXPECT_EQ(doc.size(), 3u);
     EXPECT_EQ(doc["lottery"], "Daily");
     EXPECT_EQ(doc["drawings"], 500);
-    std::set<std::string> keys;
-    std::istringstream names(
+    const auto names = testing::Words(
         "report method kind stretch judged hits expected sd z p q longestMiss expectedLongestMiss "
         "usesLaterDrawings cost returned expectedReturn");
-    for (std::string key; names >> key;)
-        keys.insert(key);
+    const std::set<std::string> keys(names.begin(), names.end());
     std::set<std::string> stretches;
     double lastP = 0;
     bool nullSeen = false;
@@ -69,7 +67,7 @@ TEST(ScoreCommand, JsonFollowsTheContract) {
     EXPECT_EQ(stretches, (std::set<std::string>{"50", "100", "365", "1000", "\"all\""}));
 }
 
-TEST(ScoreCommand, PayoutTableBesideTheSelectionAndOtherFormats) {
+TEST(ScoreCommand, PayoutTableBesideTheSelectionOtherFormatsAndRefusals) {
     TempDir dir;
     const auto data = dir.Write("Daily.txt", HistoryFile(400));
     std::filesystem::create_directories(dir.path() / "Numarel");
@@ -104,21 +102,18 @@ TEST(ScoreCommand, PayoutTableBesideTheSelectionAndOtherFormats) {
     EXPECT_NE(html.out.find("<html"), std::string::npos);
     EXPECT_EQ(html.out.find("scrollTop"), std::string::npos);  // opens at the smallest p
     EXPECT_NE(html.out.find("</body></html>"), std::string::npos);
-}
 
-TEST(ScoreCommand, RefusalsAreOneLine) {
-    TempDir dir;
+    // Refusals are one line; the drawings file is never the output.
     CliRun missing =
         RunCliWith({"score", "--data", (dir.path() / "none.txt").string()}, dir.path());
     EXPECT_NE(missing.code, 0);
     EXPECT_EQ(Lines(missing.err), 1) << missing.err;
     CliRun badLast = RunCliWith({"score", "--last", "0"}, dir.path());
     EXPECT_NE(badLast.code, 0);
-    const auto data = dir.Write("Daily.txt", HistoryFile(10));
     CliRun output =
         RunCliWith({"score", "--data", data.string(), "--output", data.string()}, dir.path());
     EXPECT_NE(output.code, 0);
-    EXPECT_EQ(testing::ReadAll(data), HistoryFile(10));
+    EXPECT_EQ(testing::ReadAll(data), HistoryFile(400));
 }
 
 TEST(PayoutTable, ReadsWhatPeopleWrite) {

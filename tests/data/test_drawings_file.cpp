@@ -1,31 +1,34 @@
 #include <gtest/gtest.h>
 
+#include <iomanip>
+#include <sstream>
+
 #include "data/basic_text.h"
+#include "data/case_file.h"
 #include "data/drawings_file.h"
 #include "data/drawings_table.h"
 #include "data/lottery_catalog.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
 
-// Marker texts such as " *" and "12:34" are pinned by the sheet's CellNumber test.
+// A number as the cases write it: "none" for no number.
+std::string Shown(std::optional<double> value) {
+    if (!value) return "none";
+    std::ostringstream os;
+    os << std::setprecision(17) << *value;
+    return os.str();
+}
+
 TEST(BasicText, NumbersReadAndWrittenAsTheProgramDoes) {
-    EXPECT_EQ(LeadingValue("1 2 3"), 123);
-    EXPECT_EQ(LeadingValue("-7"), -7);
-    EXPECT_EQ(LeadingValue("2.5e1"), 25);
-    // A whole number is the complete text.
-    EXPECT_EQ(WholeNumber(" 20230101 "), 20230101);
-    EXPECT_EQ(WholeNumber("0.0"), 0);
-    EXPECT_FALSE(WholeNumber("2023-01-01"));
-    EXPECT_FALSE(WholeNumber("abc"));
-    EXPECT_FALSE(WholeNumber(""));
-    // Half to even, and no overflow.
-    EXPECT_EQ(ToInt16("7"), 7);
-    EXPECT_EQ(ToInt16("2.5"), 2);
-    EXPECT_EQ(ToInt16("3.5"), 4);
-    EXPECT_FALSE(ToInt16("40000"));
-    EXPECT_FALSE(ToInt16("5x"));
+    for (const testing::Case& c : testing::ReadCases("data/cases/numbers.txt", 3)) {
+        const std::optional<double> value =
+            c[0] == "LeadingValue" ? LeadingValue(c[1])
+            : c[0] == "WholeNumber"
+                ? WholeNumber(c[1])
+                : (ToInt16(c[1]) ? std::optional<double>(*ToInt16(c[1])) : std::nullopt);
+        EXPECT_EQ(Shown(value), c[2]) << c.where;
+    }
     EXPECT_EQ(RoundToInt16(1e9), 32767);
     // A blank before a number that is not negative.
     EXPECT_EQ(NumberToText(2020001), " 2020001");
@@ -38,46 +41,15 @@ using testing::ReadAll;
 using testing::TempDir;
 namespace fs = std::filesystem;
 
-DrawRecord R(std::string d, std::string h, std::string t, std::string u) {
-    return {std::move(d), std::move(h), std::move(t), std::move(u)};
-}
-
-TEST(DrawingsReader, FieldsAreReadFourAtATime) {
-    struct Case {
-        const char* bytes;
-        std::vector<DrawRecord> records;
-    };
-    const std::vector<DrawRecord> two = {R("2020001", "1", "2", "3"), R("2020002", "4", "5", "6")};
-    const Case cases[] = {
-        {"2020001 1 2 3\r\n2020002 4 5 6\r\n", two},
-        {"2020001,1,2,3\r\n2020002,4,5,6", two},
-        {"2020001 1\n2,3 2020002\r\n4 , 5   6", two},  // separators in any mix
-        {"\"2020 001\",\"1\",2,3\r\n", {R("2020 001", "1", "2", "3")}},
-        {"2020001,,2,3", {R("2020001", "", "2", "3")}},
-        // A short last record keeps the earlier values of the fields it lacks.
-        {"2020001 1 2 3\r\n2020002 7\r\n", {two[0], R("2020002", "7", "2", "3")}},
-        // A field too many shifts every later record.
-        {"1 1 2 3 9\r\n2 4 5 6\r\n",
-         {R("1", "1", "2", "3"), R("9", "2", "4", "5"), R("6", "2", "4", "5")}},
-        {"", {}},
-        {" \r\n\r\n", {}},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(ParseDrawings(c.bytes), c.records) << c.bytes;
-}
-
-TEST(DrawingsReader, EndMarkerComparesNumerically) {
-    for (const char* marker : {"0", "00", "0.0"}) {
-        auto r = ParseDrawings(std::string("1 1 2 3\r\n") + marker + " 0 0 0\r\n2 4 5 6\r\n");
-        EXPECT_EQ(r.size(), 3u) << marker;
-        EXPECT_EQ(ReportDrawCount(r), 1u) << marker;
+TEST(DrawingsReader, FieldsAreReadFourAtATimeUpToTheEndMarker) {
+    for (const testing::Case& c : testing::ReadCases("data/cases/drawings_read.txt", 3)) {
+        const std::vector<DrawRecord> read = ParseDrawings(c[0]);
+        std::string records;
+        for (const DrawRecord& r : read)
+            records += (records.empty() ? "" : ";") + r.date + "," + r.h + "," + r.t + "," + r.u;
+        EXPECT_EQ(records, c[1]) << c.where;
+        EXPECT_EQ(ReportDrawCount(read), std::stoul(c[2])) << c.where;
     }
-    EXPECT_FALSE(IsEndMarker(R("abc", "1", "2", "3")));
-    EXPECT_FALSE(IsEndMarker(R("2020001", "0", "0", "0")));
-    // A file of nothing but a marker: the editor shows it, reports see no drawing.
-    auto zeros = ParseDrawings("0 0 0 0\r\n");
-    EXPECT_EQ(zeros.size(), 1u);
-    EXPECT_EQ(ReportDrawCount(zeros), 0u);
 }
 
 TEST(DrawingsReader, ReadHistoryReportsMissingFilesAndTheDrawingLimit) {
@@ -103,16 +75,13 @@ TEST(DrawingsReader, ReadHistoryReportsMissingFilesAndTheDrawingLimit) {
 }
 
 TEST(DrawingsWriter, SaveChecksDigitsWritesDatesAsTypedAndEveryRowAsOneLine) {
-    std::vector<DrawRecord> rows = {R("2020001", "1", "0", "9"),
-                                    R("2020002", "12", "-1", "5x"),  // 5x passes as its number 5
-                                    R(" ", "", " ", "10"),           // an empty row is a marker
-                                    R("x17", "3.5", " 4", "0.5"), R("2020003", "9", "9.5", "1")};
-    EXPECT_EQ(FormatDrawingsTable(rows),
-              "2020001 1 0 9\r\n"
-              "2020002 0 0 5x\r\n"
-              "0 0 0 0\r\n"
-              "x17 3.5  4 0\r\n"
-              "2020003 9 0 1\r\n");
+    std::vector<DrawRecord> rows;
+    std::string lines;
+    for (const testing::Case& c : testing::ReadCases("data/cases/drawings_written.txt", 5)) {
+        rows.push_back({c[0], c[1], c[2], c[3]});
+        lines += c[4];
+    }
+    EXPECT_EQ(FormatDrawingsTable(rows), lines) << "data/cases/drawings_written.txt";
     // A quoted field read from a file can hold line breaks and tabs: written as blanks.
     EXPECT_EQ(FormatDrawingsTable(ParseDrawings("\"20\r\n21\" 1 \"2\t\" 3\r\n")),
               "20  21 1 2  3\r\n");
@@ -123,22 +92,11 @@ TEST(SelectionFile, RoundTripAndTheLastOfAnyNumberOfStringsWins) {
     auto ini = dir.path() / "Numarel" / "shujuwenjian.ini";
     ASSERT_TRUE(WriteSelection(ini, "My Lottery.txt").ok());
     EXPECT_EQ(ReadAll(ini), "\"My Lottery.txt\"\r\n");
-    struct Case {
-        const char* bytes;
-        const char* name;
-    };
-    const Case cases[] = {
-        {"\"My Lottery.txt\"\r\n", "My Lottery.txt"},
-        {"\"a.txt\"\r\n\"b.txt\"\r\n", "b.txt"},
-        {"\"a\" \"b\" \"c\" \"d\" \"Other.txt\"", "Other.txt"},  // more than a record's four
-        {"\"  Spaced.txt  \"\r\n", "Spaced.txt"},
-        {"", ""},
-    };
-    for (const Case& c : cases) {
-        dir.Write("Numarel/shujuwenjian.ini", c.bytes);
+    for (const testing::Case& c : testing::ReadCases("data/cases/selections.txt", 2)) {
+        dir.Write("Numarel/shujuwenjian.ini", c[0]);
         std::string name = "stale";
-        ASSERT_TRUE(ReadSelection(ini, name).ok());
-        EXPECT_EQ(name, c.name) << c.bytes;
+        ASSERT_TRUE(ReadSelection(ini, name).ok()) << c.where;
+        EXPECT_EQ(name, c[1]) << c.where;
     }
     // A name that is not a lottery's is never written.
     for (const char* bad : {"", "../x.txt", "a\"b.txt"})
@@ -146,7 +104,7 @@ TEST(SelectionFile, RoundTripAndTheLastOfAnyNumberOfStringsWins) {
     EXPECT_EQ(ReadAll(ini), "");
 }
 
-TEST(SelectionFile, AnUnusableSelectionFallsBackWithoutWritingAndSaysWhy) {
+TEST(SelectionFile, AnUnusableSelectionFallsBackWithoutWritingAndSaysWhyAndLabelsNameTheLottery) {
     TempDir dir;
     ProgramFolder folder{dir.path()};
     CurrentLottery none = ResolveCurrentLottery(folder);
@@ -170,6 +128,10 @@ TEST(SelectionFile, AnUnusableSelectionFallsBackWithoutWritingAndSaysWhy) {
     CurrentLottery other = ResolveCurrentLottery(folder);
     EXPECT_EQ(other.label, "Lottery:Other.");
     EXPECT_TRUE(other.problem.empty() && other.notice.empty() && !other.fallback);
+    // Export offers the lottery name of a label without its full stop.
+    EXPECT_EQ(ExportPresetName("Lottery:Synthetic-Demo."), "Synthetic-Demo");
+    EXPECT_EQ(ExportPresetName("Lottery:a.b."), "a.b");
+    EXPECT_EQ(ExportPresetName("Lottery:"), "");
 }
 
 std::vector<std::string> Column(const DrawingsTable& table, int col) {
@@ -179,7 +141,7 @@ std::vector<std::string> Column(const DrawingsTable& table, int col) {
     return cells;
 }
 
-TEST(DrawingsTable, SaveWritesTheEmptyLastRowAsAnEndMarker) {
+TEST(DrawingsTable, SaveWritesTheEmptyLastRowAsAnEndMarkerAndRowsOutsideAreIgnored) {
     TempDir dir;
     auto file = dir.Write("d.txt", "2020001 1 2 3\r\n2020002 4 5 6\r\n");
     DrawingsTable table;
@@ -198,25 +160,17 @@ TEST(DrawingsTable, SaveWritesTheEmptyLastRowAsAnEndMarker) {
     std::vector<DrawRecord> seen;
     ASSERT_TRUE(ReadHistory(file, seen).ok());
     EXPECT_EQ(seen.size(), 2u);
-}
 
-// The row buttons are pinned through the editor; rows it never offers are ignored here.
-TEST(DrawingsTable, RowsOutsideTheTableAreIgnored) {
-    DrawingsTable table;
-    table.SetCell(0, 0, "A");
-    table.InsertBefore(99);  // past the end: appended
-    EXPECT_FALSE(table.DeleteRow(9));
-    EXPECT_EQ(Column(table, 0), (std::vector<std::string>{"A", ""}));
-    table.SetCell(5, 0, "x");
-    table.SetCell(0, 4, "x");
-    EXPECT_EQ(table.Cell(5, 0), "");
-    EXPECT_EQ(table.Cell(0, 4), "");
-}
-
-TEST(DrawingsTable, ExportOffersTheLotteryNameWithoutItsFullStop) {
-    EXPECT_EQ(ExportPresetName("Lottery:Synthetic-Demo."), "Synthetic-Demo");
-    EXPECT_EQ(ExportPresetName("Lottery:a.b."), "a.b");
-    EXPECT_EQ(ExportPresetName("Lottery:"), "");
+    // The row buttons are pinned through the editor; rows it never offers are ignored here.
+    DrawingsTable fresh;
+    fresh.SetCell(0, 0, "A");
+    fresh.InsertBefore(99);  // past the end: appended
+    EXPECT_FALSE(fresh.DeleteRow(9));
+    EXPECT_EQ(Column(fresh, 0), (std::vector<std::string>{"A", ""}));
+    fresh.SetCell(5, 0, "x");
+    fresh.SetCell(0, 4, "x");
+    EXPECT_EQ(fresh.Cell(5, 0), "");
+    EXPECT_EQ(fresh.Cell(0, 4), "");
 }
 
 TEST(DrawingsTable, CopyReplacesTheTargetOnlyWhenTheSourceIsRead) {

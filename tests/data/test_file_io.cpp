@@ -4,10 +4,10 @@
 #include <cerrno>
 #include <functional>
 
+#include "data/case_file.h"
 #include "data/drawings_table.h"
 #include "data/file_io.h"
 #include "data/lottery_commands.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
@@ -100,29 +100,17 @@ TEST(SafeWrite, AFailureAtAnyStepLeavesTheOldFileAsItWasAndNoTemporaryFile) {
 TEST(SafeWrite, ReasonsAreSaidInPlainWords) {
     TempDir dir;
     auto old = dir.Write("old.txt", "old\r\n");
-    struct Case {
-        fs::path path;
-        std::string reason;
-    };
-    auto afile = dir.Write("odd/afile", "x");
+    dir.Write("odd/afile", "x");
     fs::create_symlink("loop", dir.path() / "odd/loop");
     ASSERT_EQ(::mkfifo((dir.path() / "odd/fifo").c_str(), 0600), 0);
-    const Case cases[] = {
-        {dir.path() / "no" / "such.txt", "the folder does not exist"},
-        {dir.path(), "it is a folder"},
-        {afile / "x.csv", afile.string() + "\" is a file, not a folder"},
-        {dir.path() / "odd/loop", "its path is a loop of links"},
-        // Only plain files are written, and /dev/null; a pipe is refused without waiting.
-        {dir.path() / "odd/fifo", "it is a pipe (FIFO), not a plain file"},
-        {"/dev/full", "it is a device, not a plain file"},
-        {"", "There is no lottery yet. Make one with New Lottery."},
-    };
     EXPECT_TRUE(WriteFileSafely("/dev/null", "x").ok());
-    for (const Case& c : cases) {
-        Status s = WriteFileSafely(c.path, "x");
-        EXPECT_FALSE(s.ok()) << c.path;
-        EXPECT_TRUE(Has(s.message(), c.reason)) << s.message();
-        EXPECT_TRUE(Has(s.message(), c.path.string())) << s.message();
+    for (const testing::Case& c : testing::ReadCases("data/cases/write_refusals.txt", 2)) {
+        const std::string path = testing::Fill(c[0], {{"dir", dir.path().string()}});
+        Status s = WriteFileSafely(path, "x");
+        EXPECT_FALSE(s.ok()) << c.where;
+        EXPECT_TRUE(Has(s.message(), testing::Fill(c[1], {{"dir", dir.path().string()}})))
+            << c.where << ": " << s.message();
+        EXPECT_TRUE(Has(s.message(), path)) << c.where << ": " << s.message();
     }
     // Once the file has its new name, a folder that cannot be flushed is said, not hidden.
     {

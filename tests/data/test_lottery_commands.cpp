@@ -3,15 +3,10 @@
 #include <fstream>
 #include <set>
 
+#include "data/case_file.h"
 #include "data/lottery_commands.h"
-#include "support/test_support.h"
 
 namespace numarel {
-namespace {
-
-using testing::ReadAll;
-
-}  // namespace
 
 void PrintTo(const UserMessage& m, std::ostream* os) {
     *os << m.title << " / " << m.text;
@@ -19,6 +14,10 @@ void PrintTo(const UserMessage& m, std::ostream* os) {
 
 namespace {
 
+using testing::Case;
+using testing::Fill;
+using testing::ReadAll;
+using testing::ReadCases;
 using testing::TempDir;
 
 class LotteryCommands : public ::testing::Test {
@@ -37,37 +36,22 @@ protected:
 
 TEST_F(LotteryCommands, NewLotteryThroughEveryMessage) {
     std::ofstream(folder.DataDir() / "Mine.txt", std::ios::binary) << "2020001 1 2 3\r\n";
-    struct Case {
-        std::string_view answer;
-        std::string_view says;
-        std::string created;  // empty: nothing created, the selection stays
-        std::string label = "";
-    };
-    const std::string_view created =
-        "Lottery have been created and selected.Next, you can click Drawings button to edit it.";
-    const Case cases[] = {
-        {"", "You have not entered a name.", ""},
-        {"a/b", "cannot be used as a file name", ""},  // the name rules are pinned below
-        {"Mine", "This lottery already exists.Please rename.", ""},
-        {"  Pick 3 Evening  ", created, "Pick 3 Evening.txt", "Lottery:Pick 3 Evening."},
-        // .txt is added even to a name ending in it.
-        {"draws.txt", created, "draws.txt.txt", "Lottery:draws.txt."},
-    };
     std::string selected = "Old.txt";
-    for (const Case& c : cases) {
-        LotteryChange change = NewLottery(folder, c.answer);
-        EXPECT_EQ(change.changed, !c.created.empty()) << c.answer;
+    for (const Case& c : ReadCases("data/cases/new_lottery.txt", 4)) {
+        LotteryChange change = NewLottery(folder, c[0]);
+        EXPECT_EQ(change.changed, !c[2].empty()) << c.where;
         EXPECT_EQ(change.message.title, "Friendship Tip:");
-        EXPECT_NE(change.message.text.find(c.says), std::string::npos) << change.message.text;
+        EXPECT_NE(change.message.text.find(c[1]), std::string::npos)
+            << c.where << change.message.text;
         if (change.changed) {
-            selected = c.created;
-            const auto file = folder.DataDir() / c.created;
+            selected = c[2];
+            const auto file = folder.DataDir() / c[2];
             EXPECT_EQ(change.drawingsPath, file);
-            EXPECT_EQ(change.fileName, c.created);
-            EXPECT_EQ(change.label, c.label);
+            EXPECT_EQ(change.fileName, c[2]);
+            EXPECT_EQ(change.label, c[3]) << c.where;
             EXPECT_TRUE(std::filesystem::exists(file) && std::filesystem::file_size(file) == 0);
         }
-        EXPECT_EQ(Selection(), "\"" + selected + "\"\r\n") << c.answer;
+        EXPECT_EQ(Selection(), "\"" + selected + "\"\r\n") << c.where;
     }
     std::set<std::string> files;
     for (const auto& entry : std::filesystem::directory_iterator(folder.DataDir()))
@@ -79,30 +63,12 @@ TEST_F(LotteryCommands, NewLotteryThroughEveryMessage) {
 // One rule for what a lottery name is, wherever a name comes from: the selection file, as a
 // person may edit it, or the New Lottery prompt. A name that is not one never opens a file.
 TEST(LotteryNames, TheSelectionFileAndNewLotteryKeepNamesInsideTheDataFolder) {
-    struct Case {
-        std::string name;  // as written in the selection file; New Lottery is asked without ".txt"
-        bool isName;
-        bool isNewName = isName;  // New Lottery's rule is stricter than reading a selection
-    };
-    const Case cases[] = {
-        {"Evening.txt", true},
-        {"Fr\xc3\xbch Ziehung.txt", true},       // non-ASCII names work
-        {"\xe5\xbd\xa9\xe7\xa5\xa8.txt", true},  // in any script
-        {"a..b.txt", true, false},               // read back, but no new name holds ".."
-        {".hidden.txt", true, false},            // nor begins with a dot
-        {"Pick 3: Evening.txt", true},
-        {"../victim.txt", false},
-        {"sub/victim.txt", false},
-        {"..\\victim.txt", false},
-        {"C:victim.txt", false},
-        {"c:\\victim.txt", false},
-        {"My \"Best\" Lottery.txt", false},
-        {"tab\there.txt", false},
-        {"line\nbreak.txt", false},
-        {"bell\x07.txt", false},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const Case& row : ReadCases("data/cases/lottery_names.txt", 3)) {
+        const struct {
+            std::string name;
+            bool isName, isNewName;
+        } c{row[0], row[1] == "yes", row[2] == "yes"};
+        SCOPED_TRACE(row.where);
         TempDir dir;
         ProgramFolder folder{dir.path() / "prog"};
         const std::string drawings = "2020001 1 2 3\r\n";
@@ -138,24 +104,11 @@ TEST_F(LotteryCommands, SelectLotteryTakesOnlyFilesDirectlyInTheDataFolder) {
     const std::string data = DataFolderText(folder);
     const std::string root = folder.root.string();
     ASSERT_EQ(data.back(), '/');
-    struct Case {
-        std::string path;
-        std::string name;  // empty: refused
-        std::string label = "";
-    };
-    const Case cases[] = {
-        {root + "/elsewhere/x.txt", ""},
-        {data + "sub/x.txt", ""},
-        {root + "/Data/x.txt", ""},  // the comparison is case-sensitive
-        {"x.txt", ""},
-        {data + "Old.txt", "Old.txt", "Lottery:Old."},  // the current one again is written too
-        {data + "a.b.txt", "a.b.txt", "Lottery:a.b."},
-        {data + "NoDot", "NoDot", "Lottery:"},
-        // In the folder, but the selection file cannot hold the name as it stands.
-        {data + "a\"b.txt", ""},
-        {data + " lead.txt", ""},
-    };
-    for (const Case& c : cases) {
+    for (const Case& row : ReadCases("data/cases/select_lottery.txt", 3)) {
+        const struct {
+            std::string path, name, label;
+        } c{Fill(row[0], {{"data", data}, {"root", root}}), row[1], row[2]};
+        SCOPED_TRACE(row.where);
         std::filesystem::remove(folder.SelectionFile());
         LotteryChange change = SelectLottery(folder, c.path);
         EXPECT_EQ(change.changed, !c.name.empty()) << c.path;

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "data/case_file.h"
 #include "data/program_home.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
@@ -27,51 +27,19 @@ struct Installed {
 TEST(ProgramHome, TheThreeRulesInTheirOrder) {
     TempDir dir;
     Installed installed(dir.path());
-    const fs::path home = dir.path() / "home";
-    const fs::path shipped = dir.path() / "usr/share/numarel";
-    const fs::path beside = dir.path() / "portable";
-    fs::create_directories(beside / "data");
-    fs::create_directories(beside / "help");
+    fs::create_directories(dir.path() / "portable/data");
+    fs::create_directories(dir.path() / "portable/help");
     fs::create_directories(dir.path() / "cwd");
-    const struct {
-        const char* what;
-        fs::path programDir;
-        HomeEnvironment env;
-        fs::path root;
-        fs::path helpDir;
-    } cases[] = {
-        {"installed: the user's own folder",
-         installed.bin,
-         {"", "", home.string(), "/"},
-         home / ".local/share/numarel",
-         shipped / "help"},
-        {"XDG_DATA_HOME moves it",
-         installed.bin,
-         {"", (dir.path() / "xdg").string(), home, "/"},
-         dir.path() / "xdg/numarel",
-         shipped / "help"},
-        {"a relative XDG_DATA_HOME is ignored",
-         installed.bin,
-         {"", "xdg", home.string(), "/"},
-         home / ".local/share/numarel",
-         shipped / "help"},
-        {"a portable copy keeps its own folder",
-         beside,
-         {"", "", home.string(), "/"},
-         beside,
-         beside / "help"},
-        {"NUMAREL_HOME wins, relative to the current folder",
-         beside,
-         {"../mine", "", home.string(), dir.path() / "cwd"},
-         dir.path() / "mine",
-         beside / "help"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const testing::Case& row : testing::ReadCases("data/cases/program_home.txt", 6)) {
+        std::vector<fs::path> c;
+        for (const std::string& field : row.fields)
+            c.push_back(testing::Fill(field, {{"dir", dir.path().string()}}));
+        SCOPED_TRACE(row.where);
         ProgramFolder folder;
-        ASSERT_TRUE(ResolveProgramFolder(c.programDir, c.env, folder).ok());
-        EXPECT_EQ(folder.root, c.root);
-        EXPECT_EQ(folder.HelpDir(), c.helpDir);
+        const HomeEnvironment env{c[1], c[2], (dir.path() / "home").string(), c[3]};
+        ASSERT_TRUE(ResolveProgramFolder(c[0], env, folder).ok());
+        EXPECT_EQ(folder.root, c[4]);
+        EXPECT_EQ(folder.HelpDir(), c[5]);
         EXPECT_TRUE(fs::is_directory(folder.DataDir()));
     }
 }

@@ -3,17 +3,30 @@
 #include <chrono>
 #include <cstdio>
 
+#include "data/case_file.h"
+#include "data/result_dates.h"
 #include "data/results_import.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
 
+using testing::Case;
+using testing::Fixture;
 using testing::ReadAll;
+using testing::ReadCases;
 using testing::TempDir;
+using testing::Words;
 
 std::string Sample(std::string_view name) {
-    return ReadAll(std::filesystem::path(NUMAREL_TESTS_DIR) / "data" / "import" / name);
+    return ReadAll(Fixture("data/import") / name);
+}
+
+// `text` with its lines ended by CR LF, as the drawings tables write them.
+std::string CrLf(const std::string& text) {
+    std::string out;
+    for (char c : text)
+        out += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    return out;
 }
 
 // The lines an import of `source` into a file holding `file` would write, or the refusal.
@@ -39,112 +52,46 @@ std::string Day(std::chrono::year_month_day start, int n, const char* form) {
     return text;
 }
 
-// Each source format and what it gives. The published samples also pin the summary of the
-// columns found; the short sources are read with YYYYMMDD dates.
+// Each published sample beside its .expected file: the summary of the columns found, then the
+// drawings; and the short sources, read with YYYYMMDD dates.
 TEST(ResultsImport, SourceFormatsImportIntoTheDrawingsExpected) {
-    struct Published {
-        const char* file;
-        std::string columns;  // the columns the summary names
-        std::string drawings;
-    };
-    const Published samples[] = {
-        // One row a day, out of order, two days missing; leading zeros dropped from the daily
-        // numbers; the four-digit games beside them left out.
-        {"open_data.csv",
-         "separated by commas, header on line 1; dates in \"Draw Date\" (MM/DD/YYYY); digits in "
-         "\"Midday Daily\", then \"Evening Daily\"",
-         "2021001 9 9 9\r\n2021002 1 0 0\r\n2021003 0 0 7\r\n2021004 9 5 0\r\n2021005 3 1 5\r\n"
-         "2021006 0 6 2\r\n2021007 0 8 1\r\n2021008 4 0 7\r\n2021009 1 2 0\r\n2021010 0 3 3\r\n"},
-        // Newest first after a byte-order mark, the header repeated, the draw numbers kept with
-        // their gap (2021248 is missing).
-        {"newest_first.txt",
-         "separated by blanks, header on line 1 (repeated once further down); draw numbers in "
-         "\"column 1\"; dates in \"column 2\" (YYYY-MM-DD); digits in "
-         "\"column 3\"+\"column 4\"+\"column 5\"",
-         "2021245 9 5 6\r\n2021246 2 1 0\r\n2021247 7 7 7\r\n2021249 0 0 4\r\n2021250 3 8 1\r\n"},
-        // Two drawings a day in six fields; one day has only its first.
-        {"headerless.txt",
-         "separated by blanks, no header; dates in \"column 1\" (YYYYMMDD); digits in "
-         "\"column 2\"+\"column 3\"+\"column 4\", then \"column 5\"+\"column 6\"+\"column 7\"",
-         "2021001 4 1 9\r\n2021002 2 2 0\r\n2021003 5 5 1\r\n2021004 0 6 3\r\n2021005 8 0 2\r\n"
-         "2021006 6 4 4\r\n2021007 1 9 7\r\n"},
-        // A sum column never reaches three digits.
-        {"semicolon.csv",
-         "separated by semicolons, header on line 1; dates in \"Datum\" (DD.MM.YYYY); digits in "
-         "\"Tag\", then \"Abend\"",
-         "2021001 7 1 3\r\n2021002 3 8 5\r\n2021003 5 2 8\r\n2021004 0 6 1\r\n2021005 0 9 0\r\n"
-         "2021006 0 0 4\r\n"},
-    };
-    for (const Published& c : samples) {
-        ImportPlan plan = PlanImport(Sample(c.file), {}, {});
-        ASSERT_TRUE(plan.status.ok()) << c.file << ": " << plan.status.message();
-        EXPECT_EQ(DescribeLayout(plan.source.layout), c.columns) << c.file;
-        EXPECT_EQ(FormatDrawingsTable(plan.added), c.drawings) << c.file;
-        EXPECT_TRUE(plan.source.rejected.empty()) << c.file;
+    for (const auto& entry : std::filesystem::directory_iterator(Fixture("data/import"))) {
+        if (entry.path().extension() != ".expected") continue;
+        const std::string sample = entry.path().stem().string();
+        std::string expected = ReadAll(entry.path());
+        const std::string columns = expected.substr(0, expected.find('\n'));
+        expected = CrLf(expected.substr(columns.size() + 1));
+        ImportPlan plan = PlanImport(Sample(sample), {}, {});
+        ASSERT_TRUE(plan.status.ok()) << sample << ": " << plan.status.message();
+        EXPECT_EQ(DescribeLayout(plan.source.layout), columns) << entry.path();
+        EXPECT_EQ(FormatDrawingsTable(plan.added), expected) << entry.path();
+        EXPECT_TRUE(plan.source.rejected.empty()) << sample;
     }
-
-    struct Case {
-        std::string source;
-        std::string drawings;
-        SourceHints hints = {};
-    };
-    auto utf16 = [](std::string_view text) {
-        std::string out = "\xFF\xFE";
-        for (char c : text) {
-            out += c;
-            out += '\0';
-        }
-        return out;
-    };
-    const Case cases[] = {
-        {"Date,Numbers\r\n2021-01-02,\"4,5,6\"\r\n2021-01-01,\"1,2,3\"\r\n",
-         "20210101 1 2 3\r\n20210102 4 5 6\r\n"},
-        // 13 cannot be a month: the slashes are day first.
-        {"13/01/2021\t1-2-3\n12/01/2021\t4-5-6\n", "20210112 4 5 6\r\n20210113 1 2 3\r\n"},
-        {"Date,Ball 1,Ball 2,Ball 3,Sum,Bonus\n01/05/2021,1,2,3,6,7\n", "20210105 1 2 3\r\n"},
-        {"2021-01-05T00:00:00.000;1 2 3\n2021-01-06 12:00:00 AM;4  5  6\n",
-         "20210105 1 2 3\r\n20210106 4 5 6\r\n"},
-        {utf16("Date\tResult\r\n2021-03-01\t789\r\n"), "20210301 7 8 9\r\n"},
-        {"D,A,B\n2021-01-01,123,456\n",
-         "20210101 4 5 6\r\n20210101 1 2 3\r\n",
-         {.digitsColumns = {"b", "2"}}},
-        {"x,y,h,t,u\n1,2021-01-01,7,8,9\n",
-         "20210101 7 8 9\r\n",
-         {.dateColumn = "2", .digitsColumns = {"3+4+5"}}},
-        {"5/1/2021,321\n", "20210105 3 2 1\r\n", {.dateFormat = DateFormat::DayMonthYearSlash}},
-        // A day's drawings on rows of their own, named by the part of the day.
-        {"Date,Draw,Numbers\n01/02/2021,Evening,456\n01/02/2021,Midday,123\n",
-         "20210102 1 2 3\r\n20210102 4 5 6\r\n"},
-        // A row number of three digits climbs on every row: not the drawing's digits.
-        {"100,2021-01-01,123\n101,2021-01-02,456\n102,2021-01-03,789\n103,2021-01-04,012\n"
-         "104,2021-01-05,345\n105,2021-01-06,678\n106,2021-01-07,901\n107,2021-01-08,234\n",
-         "20210101 1 2 3\r\n20210102 4 5 6\r\n20210103 7 8 9\r\n20210104 0 1 2\r\n"
-         "20210105 3 4 5\r\n20210106 6 7 8\r\n20210107 9 0 1\r\n20210108 2 3 4\r\n"},
-    };
-    for (const Case& c : cases) {
+    for (const Case& c : ReadCases("data/import/short_sources.txt", 3)) {
         ImportOptions options = Dates(DateField::YearMonthDay);
-        options.hints = c.hints;
-        EXPECT_EQ(Added(c.source, "", options), c.drawings) << c.source;
+        for (const std::string& hint : Words(c[2])) {
+            const std::string value = hint.substr(hint.find('=') + 1);
+            if (hint.starts_with("date="))
+                options.hints.dateColumn = value;
+            else if (hint.starts_with("digits="))
+                options.hints.digitsColumns.push_back(value);
+            else
+                ASSERT_TRUE(ParseDateFormatName(value, options.hints.dateFormat)) << c.where;
+        }
+        EXPECT_EQ(Added(c[0], "", options), c[1]) << c.where;
     }
 }
 
+// The summary names the day given twice, the conflict and each line not used with its reason.
 TEST(ResultsImport, DuplicatesConflictsAndLinesThatGiveNothingAreListed) {
-    const std::string source =
-        "Date,Midday,Evening\n01/02/2021,111,222\n01/01/2021,333,444\n01/02/2021,111,225\n"
-        "02/30/2021,456,\n01/03/2021,12a,\n";
+    const std::string source = Sample("duplicates.csv");
     ImportPlan plan = PlanImport(source, {}, Dates(DateField::YearMonthDay));
     ASSERT_TRUE(plan.status.ok());
     EXPECT_EQ(FormatDrawingsTable(plan.added),
               "20210101 3 3 3\r\n20210101 4 4 4\r\n20210102 1 1 1\r\n20210102 2 2 2\r\n"
               "20210102 2 2 5\r\n");
-    EXPECT_EQ(plan.source.duplicates, 1);
-    ASSERT_EQ(plan.source.conflicts.size(), 1u);
-    EXPECT_NE(FormatImportSummary(plan).find("  2021-01-02, Evening: 222 (line 2), 225 (line 4)"),
-              std::string::npos);
-    ASSERT_EQ(plan.source.rejected.size(), 2u);
-    EXPECT_EQ(plan.source.rejected[0].line, 5);
-    EXPECT_EQ(plan.source.rejected[0].reason, "the date \"02/30/2021\" is not a MM/DD/YYYY date");
-    EXPECT_EQ(plan.source.rejected[1].reason, "\"12a\" in Midday is not three digits");
+    EXPECT_EQ(FormatImportSummary(plan), Sample("duplicates.csv.summary"))
+        << "data/import/duplicates.csv.summary";
 
     ImportOptions strict;
     strict.strict = true;
@@ -153,30 +100,13 @@ TEST(ResultsImport, DuplicatesConflictsAndLinesThatGiveNothingAreListed) {
 
 TEST(ResultsImport, TheDateFieldGoesOnFromTheFilesOwnNumbering) {
     const std::string yearEnd = "Date,Result\n12/30/2020,555\n12/31/2020,666\n01/01/2021,777\n";
-    struct Case {
-        std::string file;
-        DateField dates;
-        std::string added;
-    };
-    const Case cases[] = {
-        {"2020363 5 5 5\r\n", DateField::Auto, "2020364 6 6 6\r\n2021001 7 7 7\r\n"},
-        {"20201230 5 5 5\r\n", DateField::Auto, "20201231 6 6 6\r\n20210101 7 7 7\r\n"},
-        {"7 5 5 5\r\n", DateField::Auto, "8 6 6 6\r\n9 7 7 7\r\n"},
-        {"", DateField::Number, "1 5 5 5\r\n2 6 6 6\r\n3 7 7 7\r\n"},
-        {"2020363 5 5 5\r\n", DateField::YearMonthDay, "20201231 6 6 6\r\n20210101 7 7 7\r\n"},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(Added(yearEnd, c.file, Dates(c.dates)), c.added) << c.file;
-    // Replacing a table: its numbering is followed, each form from its start.
-    const std::pair<const char*, const char*> replacing[] = {
-        {"20201230", "20201230 5 5 5\r\n20201231 6 6 6\r\n20210101 7 7 7\r\n"},
-        {"2020363", "2020001 5 5 5\r\n2020002 6 6 6\r\n2021001 7 7 7\r\n"},
-        {"57", "1 5 5 5\r\n2 6 6 6\r\n3 7 7 7\r\n"},
-    };
-    for (auto [like, added] : replacing) {
+    for (const Case& c : ReadCases("data/import/numbering.txt", 3)) {
         ImportOptions options;
-        options.numberedLike = like;
-        EXPECT_EQ(Added(yearEnd, "", options), added) << like;
+        if (c[1].starts_with("like "))
+            options.numberedLike = c[1].substr(5);
+        else
+            ASSERT_TRUE(ParseDateFieldName(c[1], options.dates)) << c.where;
+        EXPECT_EQ(Added(yearEnd, c[0], options), c[2]) << c.where;
     }
 
     // A source with draw numbers gives its own; without years there is no YYYYNNN.
@@ -188,74 +118,28 @@ TEST(ResultsImport, TheDateFieldGoesOnFromTheFilesOwnNumbering) {
 }
 
 TEST(ResultsImport, OnlyWhatComesAfterTheFilesLastDrawingIsAdded) {
-    const std::string openData = Sample("open_data.csv");
-    const std::string drawNumbers = Sample("newest_first.txt");
-    struct Case {
-        std::string source;
-        std::string file;
-        std::string added;
-    };
-    const Case cases[] = {
-        // Numbered by the import itself: found by the run of its last drawings.
-        {openData, "2021001 9 9 9\r\n2021002 1 0 0\r\n2021003 0 0 7\r\n2021004 9 5 0\r\n",
-         "2021005 3 1 5\r\n2021006 0 6 2\r\n2021007 0 8 1\r\n2021008 4 0 7\r\n2021009 1 2 0\r\n"
-         "2021010 0 3 3\r\n"},
-        // By date: the day's second drawing is still missing from the file.
-        {openData, "20210906 1 2 0\r\n", "20210906 0 3 3\r\n"},
-        // By draw number, past a gap in the source.
-        {drawNumbers, "2021245 9 5 6\r\n2021246 2 1 0\r\n",
-         "2021247 7 7 7\r\n2021249 0 0 4\r\n"
-         "2021250 3 8 1\r\n"},
-        // The file numbered otherwise than the source's draw numbers: found by the run.
-        {drawNumbers, "2021004 2 1 0\r\n2021005 7 7 7\r\n", "2021006 0 0 4\r\n2021007 3 8 1\r\n"},
-        // Disagreements, by each way of lining up.
-        {openData, "20210831 9 9 9\r\n20210831 1 0 1\r\n",
-         "refused: The source disagrees with the file: the file has 101 for 20210831, the "
-         "source 100 for 2021-08-31, Evening Daily (line 5). Nothing was imported."},
-        {drawNumbers, "2021246 2 1 1\r\n",
-         "refused: The source disagrees with the file: the file has 211 for 2021246, the source "
-         "210 for 2021-09-03 (draw 2021246) (line 6). Nothing was imported."},
-        {openData, "1 4 4 4\r\n",
-         "refused: The file's last drawing (1, 444) is not in the source, so it cannot be told "
-         "which drawings are new."},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(Added(c.source, c.file), c.added) << c.file;
+    for (const Case& c : ReadCases("data/import/after_last.txt", 3))
+        EXPECT_EQ(Added(Sample(c[0]), c[1]), c[2]) << c.where;
 }
 
 // Only the file's newest drawings, those that tell where it ends, must agree with the source:
 // further back a disagreement, or a day that the source gives twice, is listed and the new
 // drawings are added all the same.
 TEST(ResultsImport, OnlyTheFilesNewestDrawingsMustAgreeWithTheSource) {
-    // One drawing a day from 2021-01-01, digits from the day's number; `file` has the first days.
-    using namespace std::chrono;
-    auto iso = [](int n) { return Day(year{2021} / 1 / 1, n, "%04d-%02u-%02u"); };
-    auto compact = [](int n) { return Day(year{2021} / 1 / 1, n, "%04d%02u%02u"); };
-    auto digits = [](int n) { return std::to_string(100 + n * 7919 % 900); };
-    auto source = [&](int days, const std::string& extraRow = "") {
-        std::string text = "Date,Numbers\n";
-        for (int n = 0; n < days; ++n)
-            text += iso(n) + "," + digits(n) + "\n";
-        return text + extraRow;
-    };
-    auto file = [&](int days, int wrongDay) {
-        std::string text;
-        for (int n = 0; n < days; ++n) {
-            std::string d = n == wrongDay ? "999" : digits(n);
-            text += compact(n) + " " + d[0] + " " + d[1] + " " + d[2] + "\r\n";
-        }
-        return text;
-    };
+    // One drawing a day from 2021-01-01: 33 days in the source, the first 30 in the file, and the
+    // same 30 numbered 1 to 30.
+    const std::string source = Sample("33_days.csv"), file = Sample("30_days.txt");
     auto plan = [&](const std::string& src, const std::string& drawings) {
-        std::vector<DrawRecord> records = ParseDrawings(drawings);
-        return PlanImport(src, records, {});
+        return PlanImport(src, ParseDrawings(drawings), {});
     };
+    // `file` with the digits of day `n` (from 0) made 999; each of its lines is 16 bytes.
+    auto wrong = [&](int n) { return std::string(file).replace(16 * n + 9, 5, "9 9 9"); };
     // Within the file's last ten drawings a disagreement still refuses; further back it does not.
-    ImportPlan atTheEnd = plan(source(33), file(30, 22));
+    ImportPlan atTheEnd = plan(source, wrong(22));
     EXPECT_EQ(atTheEnd.status.message(),
-              "The source disagrees with the file: the file has 999 for 20210123, the source " +
-                  digits(22) + " for 2021-01-23 (line 24). Nothing was imported.");
-    ImportPlan furtherBack = plan(source(33), file(30, 4));
+              "The source disagrees with the file: the file has 999 for 20210123, the source 618 "
+              "for 2021-01-23 (line 24). Nothing was imported.");
+    ImportPlan furtherBack = plan(source, wrong(4));
     ASSERT_TRUE(furtherBack.status.ok()) << furtherBack.status.message();
     EXPECT_EQ(furtherBack.added.size(), 3u);
     EXPECT_EQ(furtherBack.added.front().date, "20210131");
@@ -268,22 +152,16 @@ TEST(ResultsImport, OnlyTheFilesNewestDrawingsMustAgreeWithTheSource) {
     // The source gives a day twice, once as the file has it: at the end or further back, the
     // file agrees, and the day is listed among the conflicts. It was once refused: the file's
     // drawing was held against the day's first version only.
-    for (int twice : {3, 29}) {
-        const std::string second = iso(twice) + "," + digits(twice) + "\n";
-        const std::string first = iso(twice) + ",555\n";
-        std::string src = source(33);
-        src.insert(src.find(second), first);  // the other version comes first
-        ImportPlan p = plan(src, file(30, -1));
+    for (std::string twice : {"2021-01-04", "2021-01-30"}) {
+        std::string src = source;
+        src.insert(src.find(twice), twice + ",555\n");  // the other version comes first
+        ImportPlan p = plan(src, file);
         ASSERT_TRUE(p.status.ok()) << twice << ": " << p.status.message();
         EXPECT_EQ(p.added.size(), 3u) << twice;
         EXPECT_TRUE(p.olderDisagreements.empty()) << twice;
         EXPECT_EQ(p.source.conflicts.size(), 1u) << twice;
         // A file numbered by running numbers is lined up by its last drawings' digits.
-        std::string numbered;
-        for (int n = 0; n < 30; ++n)
-            numbered += std::to_string(n + 1) + " " + digits(n)[0] + " " + digits(n)[1] + " " +
-                        digits(n)[2] + "\r\n";
-        ImportPlan run = plan(src, numbered);
+        ImportPlan run = plan(src, Sample("30_days_numbered.txt"));
         ASSERT_TRUE(run.status.ok()) << twice << ": " << run.status.message();
         EXPECT_EQ(run.alignment, Alignment::Run);
         ASSERT_EQ(run.added.size(), 3u) << twice;
@@ -341,7 +219,7 @@ TEST(ResultsImport, ALongHistoryTakesTheNewestDrawingsPastAnOldConflict) {
     EXPECT_EQ(records.back().date, compact(days - 1));
 }
 
-TEST(ResultsImport, ImportingIntoAFileAppendsOnceAndKeepsTheEndMarkerLast) {
+TEST(ResultsImport, ImportingIntoAFileAppendsOnceOnNewLinesAndKeepsTheEndMarkerLast) {
     TempDir dir;
     const std::string source = Sample("newest_first.txt");
     const auto file = dir.Write("d.txt", "2021245 9 5 6\r\n0 0 0 0\r\n2099001 1 1 1\r\n");
@@ -357,22 +235,16 @@ TEST(ResultsImport, ImportingIntoAFileAppendsOnceAndKeepsTheEndMarkerLast) {
     EXPECT_EQ(plan.alreadyPresent, 5);
     EXPECT_EQ(ReadAll(file), once);
     EXPECT_EQ(std::filesystem::last_write_time(file), stamp);  // not even rewritten
-}
 
-TEST(ResultsImport, NewLinesStartOnALineOfTheirOwn) {
+    // New lines start on a line of their own.
     const DrawRecord added{"2021002", "4", "5", "6"};
-    const std::pair<std::string, std::string> cases[] = {
-        {"2021001 1 2 3", "2021001 1 2 3\r\n2021002 4 5 6\r\n"},
-        {"2021001 1 2 3\n  0 0 0 0\n", "2021001 1 2 3\n2021002 4 5 6\r\n  0 0 0 0\n"},
-        {"2021001 1 2 3 0 0 0 0\r\n", "2021001 1 2 3 \r\n2021002 4 5 6\r\n0 0 0 0\r\n"},
-    };
-    for (const auto& [file, expected] : cases) {
+    for (const Case& c : ReadCases("data/import/new_lines.txt", 2)) {
         std::string out;
-        ASSERT_TRUE(AppendDrawingLines(file, {&added, 1}, out).ok()) << file;
-        EXPECT_EQ(out, expected) << file;
+        ASSERT_TRUE(AppendDrawingLines(c[0], {&added, 1}, out).ok()) << c.where;
+        EXPECT_EQ(out, c[1]) << c.where;
     }
-    std::string out;
-    EXPECT_FALSE(AppendDrawingLines("2021001 1 2", {&added, 1}, out).ok());
+    std::string cut;
+    EXPECT_FALSE(AppendDrawingLines("2021001 1 2", {&added, 1}, cut).ok());
 }
 
 TEST(ResultsImport, BadSourcesAndFilesAreRefusedAndLeaveTheFileAsItWas) {
@@ -381,26 +253,17 @@ TEST(ResultsImport, BadSourcesAndFilesAreRefusedAndLeaveTheFileAsItWas) {
     for (int day = 0; day < 20000; ++day)
         many += std::to_string(1 + day % 12) + "/" + std::to_string(1 + day / 12 % 28) + "/" +
                 std::to_string(2000 + day / 336) + ",123,456\n";
-    struct Case {
-        std::string source;
-        std::string message;
-        std::string file = "2021001 1 2 3\r\n";
-    };
-    const Case cases[] = {
-        {"\r\n  \r\n", "The source is empty."},
-        {"Draw Date,Midday,Evening\r\n", "The source holds no drawings."},
-        {std::string("PK\x03\x04\x14\0\0\0", 8) + "123", "The source is not a text file."},
-        {"hello world\nthis is prose\n", "The source holds no drawings."},
-        {"2021-01-01 12\n", "No column of three digits was found in the source."},
-        {"123\n456\n", "No column of dates or draw numbers was found in the source."},
-        {many, "The file would hold 40000 drawings; at most 32767 fit. Nothing was imported.", ""},
-    };
+    std::vector<Case> cases = ReadCases("data/import/refusals.txt", 3);
+    cases.push_back(
+        {"too many drawings",
+         {many, "The file would hold 40000 drawings; at most 32767 fit. Nothing was imported.",
+          ""}});
     for (const Case& c : cases) {
-        const auto file = dir.Write("d.txt", c.file);
+        const auto file = dir.Write("d.txt", c[2]);
         ImportPlan plan;
-        Status s = ImportIntoFile(c.source, file, {}, false, plan);
-        EXPECT_EQ(s.message(), c.message) << c.source.substr(0, 40);
-        EXPECT_EQ(ReadAll(file), c.file);
+        Status s = ImportIntoFile(c[0], file, {}, false, plan);
+        EXPECT_EQ(s.message(), c[1]) << c.where;
+        EXPECT_EQ(ReadAll(file), c[2]) << c.where;
     }
 }
 

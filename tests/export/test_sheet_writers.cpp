@@ -4,10 +4,10 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "data/case_file.h"
 #include "data/drawings_file.h"
 #include "export/sheet_format.h"
 #include "reports/report_registry.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
@@ -70,15 +70,10 @@ ReportSheet AwkwardSheet() {
 }
 
 TEST(SheetWriters, StreamedJsonEqualsTheDocumentBuiltInMemory) {
-    ReportSheet empty;
-    ReportSheet awkward = AwkwardSheet();
-    ReportSheet defaults(3, 2);
-    struct Case {
-        const char* name;
-        const ReportSheet& sheet;
-    } cases[] = {{"empty", empty}, {"awkward", awkward}, {"defaults", defaults}};
-    for (const Case& c : cases)
-        EXPECT_EQ(StreamedJson(c.sheet, "frm\"x\\"), ReferenceJson(c.sheet, "frm\"x\\")) << c.name;
+    // An empty sheet, the awkward one and one of defaults.
+    for (const ReportSheet& sheet : {ReportSheet(), AwkwardSheet(), ReportSheet(3, 2)})
+        EXPECT_EQ(StreamedJson(sheet, "frm\"x\\"), ReferenceJson(sheet, "frm\"x\\"))
+            << sheet.Rows();
 }
 
 TEST(SheetWriters, StreamedJsonOfEveryReportOnAFullHistory) {
@@ -100,38 +95,13 @@ TEST(SheetWriters, StreamedJsonOfEveryReportOnAFullHistory) {
 // spreadsheet would run as a formula is written after a single quote, numbers stay numbers, and
 // JSON keeps every text exactly.
 TEST(SheetWriters, CsvQuotesWhatNeedsItNeutralisesFormulasAndKeepsNumbers) {
-    struct Case {
-        std::string text;
-        std::string csv;  // the CSV field
-        std::string tsv;  // the clipboard's field
-    };
-    const Case cases[] = {
-        {"=1+2", "'=1+2", "'=1+2"},
-        {"+1", "'+1", "'+1"},
-        {"@SUM(A1)", "'@SUM(A1)", "'@SUM(A1)"},
-        {"-1:=HYPERLINK(\"http://x\")23", "\"'-1:=HYPERLINK(\"\"http://x\"\")23\"",
-         "'-1:=HYPERLINK(\"http://x\")23"},
-        {"\t=1", "'\t=1", "' =1"},
-        {"\r=1", "\"'\r=1\"", "' =1"},
-        {"-", "'-", "'-"},
-        {"-2x", "'-2x", "'-2x"},
-        // Plain numbers, negative ones and fractions too, and texts that only hold a sign inside.
-        {"-5", "-5", "-5"},
-        {"-0.25", "-0.25", "-0.25"},
-        {"12", "12", "12"},
-        {" 2020001:123", "\" 2020001:123\"", " 2020001:123"},
-        {"a=b", "a=b", "a=b"},
-        // CSV quotes only what needs it.
-        {"a,b", "\"a,b\"", "a,b"},
-        {"say \"hi\"", "\"say \"\"hi\"\"\"", "say \"hi\""},
-    };
     ReportSheet sheet(1, 2);
-    for (const Case& c : cases) {
-        sheet.SetText(0, 1, c.text);
-        EXPECT_EQ(FormatSheetCsv(sheet), "," + c.csv + "\r\n") << c.text;
-        EXPECT_EQ(FormatRangeTsv(sheet, 0, 1, 0, 1), c.tsv + "\n") << c.text;
+    for (const testing::Case& c : testing::ReadCases("export/cases/csv_fields.txt", 3)) {
+        sheet.SetText(0, 1, c[0]);
+        EXPECT_EQ(FormatSheetCsv(sheet), "," + c[1] + "\r\n") << c.where;
+        EXPECT_EQ(FormatRangeTsv(sheet, 0, 1, 0, 1), c[2] + "\n") << c.where;
         const auto json = nlohmann::json::parse(FormatSheetJson(sheet, "x"));
-        EXPECT_EQ(json["cells"][0][2], c.text);
+        EXPECT_EQ(json["cells"][0][2], c[0]) << c.where;
     }
     // A number the sheet holds as a number is never touched.
     sheet.SetNumber(0, 1, -7);

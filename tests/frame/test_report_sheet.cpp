@@ -4,16 +4,19 @@
 #include <array>
 #include <string>
 
+#include "data/case_file.h"
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "frame/report_sheet.h"
 #include "frame/text_pool.h"
-#include "support/test_support.h"
 
 namespace numarel {
 namespace {
 
+using testing::Case;
+using testing::ReadCases;
 using testing::RowTexts;
+using testing::Split;
 using Texts = std::vector<std::string>;
 
 // A sheet with a hit column 5 whose rows 1..n hold `cells` ("" or a marker).
@@ -27,7 +30,7 @@ ReportSheet HitColumn(const std::vector<std::string>& cells) {
     return sheet;
 }
 
-TEST(ReportSheet, NumbersAreWrittenAsTextAndTextIsKeptAsTyped) {
+TEST(ReportSheet, NumbersAreWrittenAsTextTextIsKeptAsTypedAndReadByItsLeadingNumber) {
     ReportSheet sheet(2, 3);
     sheet.SetNumber(1, 1, 32767);
     sheet.SetNumber(1, 2, -12);
@@ -52,6 +55,11 @@ TEST(ReportSheet, NumbersAreWrittenAsTextAndTextIsKeptAsTyped) {
         sheet.SetNumber(1, 2, v);
         EXPECT_EQ(sheet.TextView(1, 2, digits), std::to_string(v));
     }
+    // A cell's number follows the leading-number rule.
+    for (const Case& c : ReadCases("frame/cases/cell_numbers.txt", 2)) {
+        sheet.SetText(0, 0, c[0]);
+        EXPECT_EQ(sheet.CellNumber(0, 0), std::stoi(c[1])) << c.where;
+    }
 }
 
 TEST(NumberClasses, ThreeDigitsSortAscending) {
@@ -64,16 +72,6 @@ TEST(NumberClasses, ThreeDigitsSortAscending) {
                 SortDigits(digits);
                 EXPECT_EQ(digits, expected) << a << b << c;
             }
-}
-
-TEST(ReportSheet, CellNumberFollowsTheLeadingNumberRule) {
-    ReportSheet sheet(1, 8);
-    const char* texts[] = {"", " *", "  -N-", " 12", "12:34", "5x", "2.5", "007"};
-    const short expected[] = {0, 0, 0, 12, 12, 5, 2, 7};
-    for (int c = 0; c < 8; ++c)
-        sheet.SetText(0, c, texts[c]);
-    for (int c = 0; c < 8; ++c)
-        EXPECT_EQ(sheet.CellNumber(0, c), expected[c]) << texts[c];
 }
 
 TEST(ReportSheet, WritesOutsideTheSheetAreIgnoredAndReadsAreEmpty) {
@@ -143,15 +141,12 @@ TEST(ReportSheet, TextsWrittenAgainReadAsWritten) {
 // a text read as its leading number, a number past a counter's range, empty cells, and a label
 // that reads as the marker.
 TEST(FrameStatistics, TalliesReadCellsAsTheCellCallsDo) {
-    const char* cells[6][4] = {
-        {"***", "7", "", "x"},    {" 1000001:123", "***", " 12", "7"}, {"***", "40000", "***", ""},
-        {"", "-3", "2.5", "***"}, {"***", "***", "7", " 7"},           {"9", "", "***", "-40000"},
-    };
+    const auto rows = ReadCases("frame/cases/tally_cells.txt", 1);
     for (std::string_view marker : {"***", "7", " 1000001:123", "absent"}) {
         ReportSheet sheet(12, 4);
         for (int r = 0; r < 6; ++r)
             for (int c = 0; c < 4; ++c)
-                sheet.SetText(r, c, cells[r][c]);
+                sheet.SetText(r, c, Split(rows.at(r)[0], ',').at(c));
         sheet.SetDrawCount(5);
         AddMissStatistics(sheet, 0, 3, marker);
         for (int c = 1; c < 4; ++c) {  // column 0 below the drawings holds the rows' names
@@ -312,10 +307,8 @@ TEST(TextPool, EachTextOnceAndViewsSurviveGrowth) {
 using testing::Drawings;
 
 TEST(FrameLabel, DateByTheNumberRuleThenTheTrimmedDigits) {
-    EXPECT_EQ(DrawingLabel({"2020001", "1", "2", "3"}), " 2020001:123");
-    EXPECT_EQ(DrawingLabel({"0020001", " 1", "2 ", "3"}), " 20001:123");
-    EXPECT_EQ(DrawingLabel({"-5", "1", "2", "3"}), "-5:123");
-    EXPECT_EQ(DrawingLabel({"2020-01-01", "1", "2", "3"}), "");
+    for (const Case& c : ReadCases("frame/cases/labels.txt", 5))
+        EXPECT_EQ(DrawingLabel({c[0], c[1], c[2], c[3]}), c[4]) << c.where;
 }
 
 TEST(FrameFill, WritesLabelsDigitsAndKeepsDigitsThatCannotBeConverted) {
@@ -360,44 +353,29 @@ TEST(FrameFill, SkippedDigitColumnsAreNotWritten) {
 }
 
 TEST(FrameStatistics, AmountMaxMissCurrentMissAndAverage) {
-    struct Case {
-        std::vector<std::string> cells;
-        AverageRule rule;
-        Texts rows;  // Amount, Max Miss, Current Miss, Average
-    };
-    const Texts none = {"", "", "", ""};
-    const Case cases[] = {
-        // The run 1 2 3 between the two hits is the largest.
-        {{"", "", "***", "", "", "", "***", ""}, AverageRule::EmptyWhenNoHit, {"2", "3", "1", "4"}},
-        // The open run at the end counts only up to the row before it.
-        {{"", "", "", "", "***"}, AverageRule::EmptyWhenNoHit, {"1", "4", "0", "5"}},
-        // Without a hit the average is a division by 0 and stays empty, unless the rule says.
-        {none, AverageRule::EmptyWhenNoHit, {"0", "3", "4", ""}},
-        {none, AverageRule::DrawCountWhenNoHit, {"0", "3", "4", "4"}},
-        {{"***"}, AverageRule::EmptyWhenNoHit, {"1", "0", "0", "1"}},
-        {{}, AverageRule::EmptyWhenNoHit, {"0", "0", "", ""}},
-        // Another text stops a run and counts by its leading number, but is no hit.
-        {{"", " 9", "***", ""}, AverageRule::EmptyWhenNoHit, {"1", "9", "1", "4"}},
-    };
+    const auto cases = ReadCases("frame/cases/statistic_rows.txt", 3);
     // The Miss counters and the rows come out the same from the two passes as from the one walk.
     for (const bool oneWalk : {false, true})
         for (const Case& c : cases) {
-            ReportSheet sheet = HitColumn(c.cells);
+            const Texts cells = c[0] == "(none)" ? Texts{} : Split(c[0], ',');
+            const AverageRule rule = c[1] == "DrawCountWhenNoHit" ? AverageRule::DrawCountWhenNoHit
+                                                                  : AverageRule::EmptyWhenNoHit;
+            ReportSheet sheet = HitColumn(cells);
             if (oneWalk) {
-                FillMissCountersAndStatisticRows(sheet, 5, "***", c.rule);
+                FillMissCountersAndStatisticRows(sheet, 5, "***", rule);
             } else {
                 FillMissCounters(sheet, 5, 5);
-                AddStatisticRows(sheet, 5, "***", c.rule);
+                AddStatisticRows(sheet, 5, "***", rule);
             }
-            const int n = static_cast<int>(c.cells.size());
+            const int n = static_cast<int>(cells.size());
             ASSERT_EQ(sheet.Rows(), n + 6);
             EXPECT_EQ(sheet.Text(n + 2, 0), "Amount");
             EXPECT_EQ(sheet.Text(n + 5, 0), "Average");
             Texts rows;
             for (int r = n + 2; r <= n + 5; ++r)
                 rows.push_back(sheet.Text(r, 5));
-            EXPECT_EQ(rows, c.rows) << n << " drawings, one walk: " << oneWalk;
-            ReportSheet counted = HitColumn(c.cells);
+            EXPECT_EQ(rows, Split(c[2], ',')) << c.where << ", one walk: " << oneWalk;
+            ReportSheet counted = HitColumn(cells);
             FillMissCounters(counted, 5, 5);
             for (int r = 1; r <= n; ++r)
                 EXPECT_EQ(sheet.Text(r, 5), counted.Text(r, 5)) << r;

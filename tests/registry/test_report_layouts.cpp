@@ -2,9 +2,7 @@
 // column widths, its title and its help page, written out by hand in layouts.txt from the reports'
 // own descriptions of their layout: the one place where these are checked. A report's constants
 // live in row 0 and its passes read them back from there, so a ticket or a width copied wrongly
-// into a family's table changes what the report computes; this table shows it. Where a layout
-// follows a rule (every 6 Way Box number in ascending order), the rule is written out here rather
-// than the list.
+// into a family's table changes what the report computes; this table shows it.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -63,58 +61,6 @@ Widths Runs(std::string_view runs) {
     return out;
 }
 
-std::string DigitText(std::initializer_list<int> digits) {
-    std::string out;
-    for (int d : digits)
-        out += static_cast<char>('0' + d);
-    return out;
-}
-
-// Every set of `size` distinct digits, each ascending, in ascending order.
-Texts DigitSets(int size, int smallest = 0) {
-    if (size == 0) return {""};
-    Texts out;
-    for (int d = smallest; d <= 10 - size; ++d)
-        for (const std::string& rest : DigitSets(size - 1, d + 1))
-            out.push_back(static_cast<char>('0' + d) + rest);
-    return out;
-}
-
-// A list written by a rule, named in a header as "<name>".
-Texts Rule(const std::string& name) {
-    Texts out;
-    if (name ==
-        "<3way>") {  // the 90 3 Way Box numbers: per smaller digit i, every i i j, every i j j
-        for (int i = 0; i <= 8; ++i) {
-            for (int j = i + 1; j <= 9; ++j)
-                out.push_back(DigitText({i, i, j}));
-            for (int j = i + 1; j <= 9; ++j)
-                out.push_back(DigitText({i, j, j}));
-        }
-    } else if (name == "<6way>") {  // the 120 6 Way Box numbers, ascending
-        out = DigitSets(3);
-    } else if (name == "<sets2>" || name == "<sets4>") {
-        out = DigitSets(name[5] - '0');
-    } else if (name == "<runs6>") {  // the ten runs of six consecutive digits, wrapping from 9
-        for (int first = 0; first <= 9; ++first) {
-            std::string run;
-            for (int i = 0; i < 6; ++i)
-                run += static_cast<char>('0' + (first + i) % 10);
-            out.push_back(run);
-        }
-    } else if (name == "<regions>") {  // three digits in four regions, as sorted region codes
-        for (int a = 1; a <= 4; ++a)
-            for (int b = a; b <= 4; ++b)
-                for (int c = b; c <= 4; ++c)
-                    out.push_back(DigitText({a, b, c}));
-    } else if (name == "<bands>") {
-        out = {"Winning Number Miss", "0-100", "101-200", "201-300", "301-400", "401-500", ">500"};
-    } else {
-        ADD_FAILURE() << "no rule " << name;
-    }
-    return out;
-}
-
 // Row 0 in words, as layouts.txt writes them.
 Texts Words(std::string_view words) {
     Texts out;
@@ -134,9 +80,7 @@ Texts Words(std::string_view words) {
         const int times = CutCount(word);
         Texts once;
         const std::size_t dots = word.find("..");
-        if (word.front() == '<') {
-            once = Rule(word);
-        } else if (dots != std::string::npos && dots > 0 && std::isdigit(word.back())) {
+        if (dots != std::string::npos && dots > 0 && std::isdigit(word.back())) {
             for (int n = std::atoi(word.c_str()); n <= std::atoi(word.c_str() + dots + 2); ++n)
                 once.push_back(std::to_string(n));
         } else {
