@@ -33,9 +33,12 @@ char DigitClassLetter(int digit, ClassPair pair) {
 }
 
 void DigitsText::AppendNumber(short digit) {
-    const auto [end, ec] =
-        std::to_chars(chars_.data() + size_, chars_.data() + chars_.size(), digit);
-    if (ec == std::errc()) size_ = static_cast<std::size_t>(end - chars_.data());
+    char text[8];  // "-32768" at most
+    const auto [end, ec] = std::to_chars(text, text + sizeof text, digit);
+    const auto size = static_cast<std::size_t>(end - text);
+    if (ec != std::errc() || size > chars_.size() - size_) return;  // a field that does not fit
+    std::copy(text, end, chars_.begin() + static_cast<std::ptrdiff_t>(size_));
+    size_ += size;
 }
 
 DigitsText DistinctDigits(const CurrentDigits& s) {

@@ -267,6 +267,19 @@ private:
         return HandleByCharacters(text);
     }
     std::uint32_t HandleByCharacters(std::string_view text) const {
+        if (text.size() - 1 < 3) {
+            // One to three digits, a leading 0 only alone: a number as SetNumber writes it, whose
+            // handle is its value.
+            const auto* p = reinterpret_cast<const unsigned char*>(text.data());
+            unsigned value = 0;
+            bool digits = text.size() == 1 || p[0] != '0';
+            for (std::size_t i = 0; i < text.size(); ++i) {
+                const unsigned digit = p[i] - unsigned{'0'};
+                digits &= digit < 10;
+                value = value * 10 + digit;
+            }
+            if (digits) return NumberHandle(static_cast<long>(value));
+        }
         if (text.size() <= 8) {
             const std::uint64_t chars = Packed(text);
             const ShortTextSet& known = shortTexts_[ShortTextSlot(chars, text.size())];

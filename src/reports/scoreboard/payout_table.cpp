@@ -20,6 +20,14 @@ std::string Folded(std::string_view name) {
     return folded;
 }
 
+// A text in double quotes, for a message.
+std::string Quoted(std::string_view text) {
+    std::string quoted(1, '"');
+    quoted += text;
+    quoted += '"';
+    return quoted;
+}
+
 }  // namespace
 
 PayoutTable ParsePayoutTable(std::string_view bytes, std::vector<std::string>* problems) {
@@ -43,7 +51,7 @@ PayoutTable ParsePayoutTable(std::string_view bytes, std::vector<std::string>* p
             if (problems) problems->push_back("line " + std::to_string(lineNumber) + ": " + why);
         };
         if (split == std::string_view::npos) {
-            complain("\"" + std::string(line) + "\" has no prize");
+            complain(Quoted(line) + " has no prize");
             continue;
         }
         std::string_view name = Trim(line.substr(0, split));
@@ -54,7 +62,7 @@ PayoutTable ParsePayoutTable(std::string_view bytes, std::vector<std::string>* p
         const auto [end2, error] =
             std::from_chars(valueText.data(), valueText.data() + valueText.size(), value);
         if (error != std::errc() || end2 != valueText.data() + valueText.size() || value < 0) {
-            complain("\"" + std::string(valueText) + "\" is not a prize");
+            complain(Quoted(valueText) + " is not a prize");
             continue;
         }
         const std::string key = Folded(name);
@@ -65,8 +73,7 @@ PayoutTable ParsePayoutTable(std::string_view bytes, std::vector<std::string>* p
         else if (key == "3waybox")
             table.threeWayBox = value;
         else
-            complain("\"" + std::string(name) +
-                     "\" is no prize of the table (Straight, 6-way Box, 3-way Box)");
+            complain(Quoted(name) + " is no prize of the table (Straight, 6-way Box, 3-way Box)");
     }
     return table;
 }
