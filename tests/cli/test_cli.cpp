@@ -9,13 +9,13 @@
 #include "cli/cli_run.h"
 #include "cli/import_command.h"
 #include "cli/report_names.h"
-#include "data/case_file.h"
 #include "data/drawings_file.h"
 #include "data/file_io.h"
 #include "data/lottery_catalog.h"
 #include "export/sheet_format.h"
 #include "reports/command_table.h"
 #include "reports/report_registry.h"
+#include "support/case_file.h"
 #include "support/test_support.h"
 
 namespace numarel {

@@ -8,10 +8,10 @@
 
 #include "cli/cli_run.h"
 #include "cli/import_command.h"
-#include "data/case_file.h"
 #include "data/file_io.h"
 #include "data/lottery_catalog.h"
 #include "data/lottery_commands.h"
+#include "support/case_file.h"
 #include "support/test_support.h"
 
 namespace numarel {

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "cli/cli_run.h"
-#include "data/case_file.h"
 #include "reports/scoreboard/payout_table.h"
+#include "support/case_file.h"
 
 namespace numarel {
 namespace {

@@ -4,10 +4,10 @@
 #include <cerrno>
 #include <functional>
 
-#include "data/case_file.h"
 #include "data/drawings_table.h"
 #include "data/file_io.h"
 #include "data/lottery_commands.h"
+#include "support/case_file.h"
 
 namespace numarel {
 namespace {

@@ -3,8 +3,8 @@
 #include <fstream>
 #include <set>
 
-#include "data/case_file.h"
 #include "data/lottery_commands.h"
+#include "support/case_file.h"
 
 namespace numarel {
 

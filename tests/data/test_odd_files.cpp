@@ -7,7 +7,6 @@
 #include <string>
 
 #include "data/basic_text.h"
-#include "data/case_file.h"
 #include "data/drawings_file.h"
 #include "data/drawings_table.h"
 #include "data/file_io.h"
@@ -15,6 +14,7 @@
 #include "data/lottery_commands.h"
 #include "data/results_import.h"
 #include "frame/frame_passes.h"
+#include "support/case_file.h"
 
 namespace numarel {
 namespace {

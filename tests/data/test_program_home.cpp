@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "data/case_file.h"
 #include "data/program_home.h"
+#include "support/case_file.h"
 
 namespace numarel {
 namespace {

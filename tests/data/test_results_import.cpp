@@ -3,9 +3,9 @@
 #include <chrono>
 #include <cstdio>
 
-#include "data/case_file.h"
 #include "data/result_dates.h"
 #include "data/results_import.h"
+#include "support/case_file.h"
 
 namespace numarel {
 namespace {
@@ -256,8 +256,8 @@ TEST(ResultsImport, BadSourcesAndFilesAreRefusedAndLeaveTheFileAsItWas) {
     std::vector<Case> cases = ReadCases("data/import/refusals.txt", 3);
     cases.push_back(
         {"too many drawings",
-         {many, "The file would hold 40000 drawings; at most 32767 fit. Nothing was imported.",
-          ""}});
+         {many, "The file would hold 40000 drawings; at most 32767 fit. Nothing was imported.", ""},
+         {}});
     for (const Case& c : cases) {
         const auto file = dir.Write("d.txt", c[2]);
         ImportPlan plan;

@@ -4,10 +4,10 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "data/case_file.h"
 #include "data/drawings_file.h"
 #include "export/sheet_format.h"
 #include "reports/report_registry.h"
+#include "support/case_file.h"
 
 namespace numarel {
 namespace {

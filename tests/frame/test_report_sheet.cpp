@@ -4,11 +4,11 @@
 #include <array>
 #include <string>
 
-#include "data/case_file.h"
 #include "frame/frame_passes.h"
 #include "frame/number_classes.h"
 #include "frame/report_sheet.h"
 #include "frame/text_pool.h"
+#include "support/case_file.h"
 
 namespace numarel {
 namespace {

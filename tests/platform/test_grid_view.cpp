@@ -14,8 +14,8 @@
 #include "platform/grid_view.h"
 #include "platform/platform.h"
 #include "platform/twips.h"
-#include "reports/case_file.h"
 #include "shell/qt_test_support.h"
+#include "support/case_file.h"
 #include "support/test_support.h"
 
 namespace numarel {

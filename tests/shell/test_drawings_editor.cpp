@@ -14,10 +14,10 @@
 #include <cerrno>
 
 #include "data/file_io.h"
-#include "reports/case_file.h"
 #include "shell/drawings_editor.h"
 #include "shell/import_dialog.h"
 #include "shell/shell_fixture.h"
+#include "support/case_file.h"
 
 namespace numarel {
 namespace {
@@ -228,12 +228,12 @@ TEST_F(EditorTest, RowButtonsWorkOnTheCurrentRowAndNeverDeleteTheLastRow) {
     for (const testing::Case& c : testing::ReadCases("shell/row_buttons.txt")) {
         auto e = Make("2020001 1 2 3\r\n2020002 4 5 6\r\n");
         Go(*e, c.Int(0), 0);
-        for (const std::string& button : c[1])
+        for (const std::string& button : c.Words(1))
             Click(*e, button.c_str());
         EXPECT_EQ(e->Table()->currentIndex().row(), c.Int(2)) << c.where;
         Click(*e, "Command13");
         std::string saved;
-        for (const std::string& line : c[3])
+        for (const std::string& line : c.Words(3))
             saved += line + "\r\n";
         EXPECT_EQ(File(), saved) << c.where;
     }
@@ -314,7 +314,7 @@ protected:
     // The texts named `name` in import_expected.txt.
     static std::vector<std::string> Expected(const std::string& name) {
         for (const testing::Case& c : testing::ReadCases("shell/import_expected.txt"))
-            if (c.Text(0) == name) return c[1];
+            if (c.Text(0) == name) return c.Words(1);
         ADD_FAILURE() << "no " << name << " in import_expected.txt";
         return {""};
     }

@@ -6,10 +6,10 @@
 #include <QRadioButton>
 #include <QTextBrowser>
 
-#include "reports/case_file.h"
 #include "shell/main_window.h"
 #include "shell/shell_fixture.h"
 #include "shell/welcome_window.h"
+#include "support/case_file.h"
 
 namespace numarel {
 namespace {

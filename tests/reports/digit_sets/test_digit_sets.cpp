@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "reports/case_file.h"
+#include "reports/report_rows.h"
 
 namespace numarel {
 namespace {

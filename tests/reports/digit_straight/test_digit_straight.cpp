@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
-#include "reports/case_file.h"
 #include "reports/report_registry.h"
+#include "reports/report_rows.h"
 #include "support/test_support.h"
 
 namespace numarel {

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
-#include "reports/case_file.h"
 #include "reports/enquiry_other/number_enquiry.h"
+#include "reports/report_rows.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -50,7 +50,7 @@ Texts Snapshot(const ReportSheet& sheet) {
 }
 
 // The tickets typed of a case: a text, or "tickets N" for N tickets 100, 101, ... and what follows.
-std::string TypedText(const testing::Words& words) {
+std::string TypedText(const Texts& words) {
     if (words.empty() || words[0] != "tickets") return words.empty() ? "" : words[0];
     std::string text;
     for (int i = 0; i < std::stoi(words.at(1)); ++i)
@@ -85,7 +85,7 @@ TEST(NumberEnquiry, TicketsHitWhereTheirNumberEqualsTheKey) {
         Texts got;
         for (int r : {1, 2, 3, 4, 5, 7, 8, 9, 10})
             got.push_back(sheet.Text(r, c.Int(2)));
-        EXPECT_EQ(got, c[3]);
+        EXPECT_EQ(got, c.Words(3));
         EXPECT_EQ(sheet.BackColor(10, gatherCol), MakeRgb(231, 225, 239));
         EXPECT_EQ(sheet.ForeColor(7, 1), MakeRgb(0, 0, 255));
     }
@@ -95,7 +95,7 @@ TEST(NumberEnquiry, ATextThatCannotBeEnquiredIsRefusedAndLeavesTheSheet) {
     for (const testing::Case& c : testing::ReadCases("reports/enquiry_other/refusals.txt")) {
         SCOPED_TRACE(c.where);
         const char* object = c.Text(0).c_str();
-        const std::string text = TypedText(c[1]);
+        const std::string text = TypedText(c.Words(1));
         // Before any enquiry and after one.
         for (bool enquiredBefore : {false, true}) {
             auto sheet = Build(object, Drawings({"123", "100"}));

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
-#include "reports/case_file.h"
+#include "reports/report_rows.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -73,11 +73,11 @@ TEST(RecommendPairs, TheNextRowHasRanksFromSevenDrawingsAndPairsFromTen) {
         ASSERT_EQ(sheet.Rows(), next + 2);
         const Texts ranks = RowTexts(sheet, next, kFirstRankCol, kLastRankCol);
         EXPECT_EQ(std::count(ranks.begin(), ranks.end(), ""), c.Text(1) == "ranked" ? 0 : 10);
-        if (!c[2].empty()) {
-            EXPECT_EQ(ranks, c[2]);
+        if (!c.Words(2).empty()) {
+            EXPECT_EQ(ranks, c.Words(2));
         }
         EXPECT_EQ(RowTexts(sheet, next, kFirstPairCol, kLastPairCol),
-                  c[3].empty() ? Texts(12) : c[3]);
+                  c.Words(3).empty() ? Texts(12) : c.Words(3));
         // Nothing is judged before row 11, and the next drawing's row never is.
         for (int r = 1; r < sheet.Rows(); ++r) {
             EXPECT_TRUE(sheet.IsEmpty(r, kHitCol)) << r;

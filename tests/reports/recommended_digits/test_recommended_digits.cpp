@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
-#include "reports/case_file.h"
 #include "reports/recommended_digits/formula_digits.h"
 #include "reports/report_registry.h"
+#include "reports/report_rows.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -41,10 +41,11 @@ TEST(RecommendedDigits, RowsWorkedByHand) {
 TEST(DigitFormulaMatrices, EverySetOfASize) {
     for (const testing::Case& c : testing::ReadCases("reports/recommended_digits/matrices.txt")) {
         SCOPED_TRACE(c.where);
-        ReportSheet s = Build(c.Text(0), testing::DrawingsOf(c[1]));
+        ReportSheet s = Build(c.Text(0), testing::DrawingsOf(c.Words(1)));
         const int row = c.Int(2);
-        for (std::size_t i = 0; i + 1 < c[3].size(); i += 2)
-            EXPECT_EQ(s.Text(row, SetColumn(s, c[3][i])), c[3][i + 1]) << c[3][i];
+        const std::vector<std::string>& sets = c.Words(3);  // set, marker, set, marker, ...
+        for (std::size_t i = 0; i + 1 < sets.size(); i += 2)
+            EXPECT_EQ(s.Text(row, SetColumn(s, sets[i])), sets[i + 1]) << sets[i];
         EXPECT_EQ(CountInRow(s, row, c.Text(4)), c.Int(5));
         EXPECT_EQ(CountInRow(s, row + 1, c.Text(4)), 0);  // the next drawing's row
     }

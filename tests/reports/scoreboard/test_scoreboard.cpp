@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "data/drawings_file.h"
-#include "reports/case_file.h"
 #include "reports/report_registry.h"
+#include "reports/report_rows.h"
 #include "reports/scoreboard/chance_stats.h"
 #include "reports/scoreboard/method_claims.h"
 #include "reports/scoreboard/scoreboard.h"

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "frame/frame_passes.h"
-#include "reports/case_file.h"
 #include "reports/report_registry.h"
+#include "reports/report_rows.h"
 #include "support/test_support.h"
 
 namespace numarel {
@@ -83,7 +83,8 @@ std::vector<int> RowsColoured(const ReportSheet& sheet, int col) {
 
 TEST(ThreeWayBoxChance, PaintedStretches) {
     for (const testing::Case& c : testing::ReadCases("reports/three_way_box/painted.txt")) {
-        EXPECT_EQ(RowsColoured(Build(c.Text(0), testing::DrawingsOf(c[1])), c.Int(2)), c.Ints(3))
+        EXPECT_EQ(RowsColoured(Build(c.Text(0), testing::DrawingsOf(c.Words(1))), c.Int(2)),
+                  c.Ints(3))
             << c.where;
     }
 }
