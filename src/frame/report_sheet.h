@@ -269,16 +269,16 @@ private:
     std::uint32_t HandleByCharacters(std::string_view text) const {
         if (text.size() - 1 < 3) {
             // One to three digits, a leading 0 only alone: a number as SetNumber writes it, whose
-            // handle is its value.
+            // handle is its value. The first and last characters turn most other texts away.
             const auto* p = reinterpret_cast<const unsigned char*>(text.data());
-            unsigned value = 0;
-            bool digits = text.size() == 1 || p[0] != '0';
-            for (std::size_t i = 0; i < text.size(); ++i) {
-                const unsigned digit = p[i] - unsigned{'0'};
-                digits &= digit < 10;
-                value = value * 10 + digit;
-            }
-            if (digits) return NumberHandle(static_cast<long>(value));
+            const std::size_t n = text.size();
+            const unsigned first = p[0] - unsigned{'0'};
+            const unsigned last = p[n - 1] - unsigned{'0'};
+            const unsigned middle = p[n / 2] - unsigned{'0'};
+            if (first < 10 && last < 10 && middle < 10 && (first != 0 || n == 1))
+                return NumberHandle(n == 1   ? first
+                                    : n == 2 ? first * 10 + last
+                                             : first * 100 + middle * 10 + last);
         }
         if (text.size() <= 8) {
             const std::uint64_t chars = Packed(text);
