@@ -53,10 +53,18 @@ std::string Day(std::chrono::year_month_day start, int n, const char* form) {
 }
 
 // Each published sample beside its .expected file: the summary of the columns found, then the
-// drawings; and the short sources, read with YYYYMMDD dates.
+// drawings; and the short sources, read with YYYYMMDD dates. The samples:
+// - open_data.csv: one row a day, out of order, two days missing; leading zeros dropped from the
+//   daily numbers; the four-digit games beside them left out.
+// - newest_first.txt: newest first after a byte-order mark, the header repeated, the draw numbers
+//   kept with their gap (2021248 is missing).
+// - headerless.txt: two drawings a day in six fields; one day has only its first.
+// - semicolon.csv: a sum column never reaches three digits.
 TEST(ResultsImport, SourceFormatsImportIntoTheDrawingsExpected) {
+    int samples = 0;
     for (const auto& entry : std::filesystem::directory_iterator(Fixture("data/import"))) {
         if (entry.path().extension() != ".expected") continue;
+        ++samples;
         const std::string sample = entry.path().stem().string();
         std::string expected = ReadAll(entry.path());
         const std::string columns = expected.substr(0, expected.find('\n'));
@@ -67,6 +75,7 @@ TEST(ResultsImport, SourceFormatsImportIntoTheDrawingsExpected) {
         EXPECT_EQ(FormatDrawingsTable(plan.added), expected) << entry.path();
         EXPECT_TRUE(plan.source.rejected.empty()) << sample;
     }
+    EXPECT_EQ(samples, 4) << "the .expected files of tests/data/import";
     for (const Case& c : ReadCases("data/import/short_sources.txt", 3)) {
         ImportOptions options = Dates(DateField::YearMonthDay);
         for (const std::string& hint : Words(c[2])) {

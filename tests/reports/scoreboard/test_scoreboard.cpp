@@ -124,8 +124,10 @@ std::vector<DrawRecord> History(int count, std::uint32_t seed) {
 // A made-up history whose dates jump and whose fields are written as people write them (" 6",
 // "04", "x", " 2021010").
 std::vector<DrawRecord> OddHistory(const char* name) {
-    return ParseDrawings(testing::ReadAll(std::filesystem::path(NUMAREL_TESTS_DIR) / "reports" /
-                                          "scoreboard" / name));
+    std::vector<DrawRecord> drawings = ParseDrawings(testing::ReadAll(
+        std::filesystem::path(NUMAREL_TESTS_DIR) / "reports" / "scoreboard" / name));
+    EXPECT_GE(drawings.size(), 70u) << "reports/scoreboard/" << name;  // a history, not nothing
+    return drawings;
 }
 
 std::vector<DrawRecord> CaseFile(const std::string& name) {
