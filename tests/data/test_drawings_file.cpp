@@ -21,6 +21,8 @@ std::string Shown(const double* value) {
 
 TEST(BasicText, NumbersReadAndWrittenAsTheProgramDoes) {
     for (const testing::Case& c : testing::ReadCases("data/cases/numbers.txt", 3)) {
+        ASSERT_TRUE(c[0] == "LeadingValue" || c[0] == "WholeNumber" || c[0] == "ToInt16")
+            << c.where << ": no reading " << c[0];
         const std::optional<double> value =
             c[0] == "LeadingValue" ? LeadingValue(c[1])
             : c[0] == "WholeNumber"

@@ -358,6 +358,8 @@ TEST(FrameStatistics, AmountMaxMissCurrentMissAndAverage) {
     for (const bool oneWalk : {false, true})
         for (const Case& c : cases) {
             const Texts cells = c[0] == "(none)" ? Texts{} : Split(c[0], ',');
+            ASSERT_TRUE(c[1] == "DrawCountWhenNoHit" || c[1] == "EmptyWhenNoHit")
+                << c.where << ": no rule " << c[1];
             const AverageRule rule = c[1] == "DrawCountWhenNoHit" ? AverageRule::DrawCountWhenNoHit
                                                                   : AverageRule::EmptyWhenNoHit;
             ReportSheet sheet = HitColumn(cells);
