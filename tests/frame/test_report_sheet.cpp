@@ -114,6 +114,10 @@ TEST(ReportSheet, TextsWrittenAgainReadAsWritten) {
     EXPECT_EQ(RowTexts(sheet, 2, 1, 3), (Texts{"12", "07", "A text longer than eight"}));
     EXPECT_TRUE(sheet.HoldsNumber(2, 1));
     EXPECT_FALSE(sheet.HoldsNumber(2, 2));
+    // Digits at both ends, another character between: a text, not the number 103.
+    buffer = "1-3";
+    sheet.SetText(3, 2, buffer);
+    EXPECT_EQ(sheet.Text(3, 2), "1-3");
     EXPECT_TRUE(sheet.SameText(3, 0, 3, 1));
     EXPECT_TRUE(sheet.SameText(1, 1, 3, 1));
     EXPECT_FALSE(sheet.SameText(1, 1, 1, 2));
