@@ -249,6 +249,23 @@ void FillMissCountersAndStatisticRows(ReportSheet& sheet, int lastHitCol,
     FinishStatisticRows(sheet, lastHitCol, rule, firstHitCol);
 }
 
+int ColourDrawnDigits(ReportSheet& sheet, int row, int firstCol, int lastCol, Rgb colour) {
+    // Forecasts stand right of the drawn digits, on a row of the sheet: the cells are compared by
+    // their handles in one walk. Anywhere else each cell takes the plain calls.
+    if (firstCol > 3 && lastCol < sheet.Cols() && sheet.Contains(row, 0))
+        return frame_detail::SheetCells::ColourDrawnDigits(sheet, row, firstCol, lastCol, colour);
+    int coloured = 0;
+    for (int c = firstCol; c <= lastCol; ++c) {
+        bool drawn = false;
+        for (int p = 1; p <= 3; ++p)
+            drawn = drawn || sheet.SameText(row, p, row, c);
+        if (!drawn) continue;
+        sheet.SetBackColor(row, c, colour);
+        ++coloured;
+    }
+    return coloured;
+}
+
 void ToggleCellMark(ReportSheet& sheet, int row, int col, Rgb markColour) {
     if (sheet.BackColor(row, col) != markColour)
         sheet.SetBackColor(row, col, markColour);

@@ -126,6 +126,10 @@ void FillMissCountersAndStatisticRows(ReportSheet& sheet, int lastHitCol,
                                       AverageRule rule = AverageRule::EmptyWhenNoHit,
                                       int firstHitCol = 5);
 
+// Gives the back colour `colour` to each cell of columns `firstCol` to `lastCol` on `row` whose
+// text is that of a drawn digit (columns 1 to 3 of the row); returns how many it coloured.
+int ColourDrawnDigits(ReportSheet& sheet, int row, int firstCol, int lastCol, Rgb colour);
+
 // A mouse-down mark: a cell whose back colour is not `markColour` gets it; a marked cell goes back
 // to the default colour.
 void ToggleCellMark(ReportSheet& sheet, int row, int col, Rgb markColour);

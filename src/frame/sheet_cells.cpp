@@ -98,4 +98,22 @@ void SheetCells::TallyColumns(const ReportSheet& sheet, int firstRow, int lastRo
     }
 }
 
+int SheetCells::ColourDrawnDigits(ReportSheet& sheet, int row, int firstCol, int lastCol,
+                                  Rgb colour) {
+    ReportSheet::Cell* cells = sheet.CellData() + sheet.Index(row, 0);
+    const std::uint32_t h = cells[1].text;
+    const std::uint32_t t = cells[2].text;
+    const std::uint32_t u = cells[3].text;
+    const std::uint16_t back = sheet.PaletteIndex(colour);
+    // Whether a forecast was drawn is as good as random: the cells are coloured without a jump.
+    int coloured = 0;
+    for (int c = firstCol; c <= lastCol; ++c) {
+        ReportSheet::Cell& cell = cells[c];
+        const bool drawn = (cell.text == h) | (cell.text == t) | (cell.text == u);
+        cell.back = drawn ? back : cell.back;
+        coloured += drawn;
+    }
+    return coloured;
+}
+
 }  // namespace numarel::frame_detail

@@ -189,6 +189,31 @@ TEST(FrameMissCounters, CountSinceTheLastHitRowByRowAsTheWholePass) {
     EXPECT_EQ(column, (Texts{"1", "2", "*", "1", "*", "*", "x", "1"}));
 }
 
+// A forecast cell is coloured when its text is a drawn digit's (columns 1 to 3), whatever it
+// holds: a number, a text, nothing against a drawn digit that is empty, or a drawn digit itself.
+TEST(FrameForecasts, CellsHoldingADrawnDigitAreColouredAndCounted) {
+    constexpr Rgb kMark = 0xFFDF9D;
+    struct Walk {
+        int row, first, last;
+        std::string coloured;  // one character per column 0 to 8: 'x' coloured
+    };
+    for (const Walk& walk : {Walk{1, 4, 8, "....x..xx"}, Walk{1, 2, 6, "..xxx...."},
+                             Walk{2, 4, 8, "....xxxxx"}, Walk{2, 5, 6, ".....xx.."}}) {
+        ReportSheet sheet(3, 9);
+        const Texts row1 = {" 1:123", "1", "2", "", "2", " 2", "*", "", "1"};
+        for (int c = 0; c < 9; ++c)
+            sheet.SetText(1, c, row1[static_cast<std::size_t>(c)]);
+        sheet.SetText(2, 1, "5");
+        const int found = ColourDrawnDigits(sheet, walk.row, walk.first, walk.last, kMark);
+        std::string coloured;
+        for (int c = 0; c < 9; ++c)
+            coloured += sheet.BackColor(walk.row, c) == kMark ? 'x' : '.';
+        EXPECT_EQ(coloured, walk.coloured) << "row " << walk.row << " from " << walk.first;
+        EXPECT_EQ(found, std::count(coloured.begin(), coloured.end(), 'x'))
+            << "row " << walk.row << " from " << walk.first;
+    }
+}
+
 TEST(ReportSheet, ResizingKeepsWhatFits) {
     ReportSheet sheet(3, 3);
     sheet.SetText(1, 1, "a");

@@ -4,6 +4,8 @@
 #include <array>
 #include <stdexcept>
 
+#include "frame/frame_passes.h"
+
 namespace numarel {
 
 void SetColumns(ReportSheet& sheet, std::span<const SheetColumn> columns) {
@@ -17,17 +19,6 @@ void WriteHeaders(ReportSheet& sheet, std::span<const SheetColumn> columns) {
         if (!columns[c].header.empty()) sheet.SetText(0, static_cast<int>(c), columns[c].header);
 }
 
-namespace {
-
-// True when the cell in column `col` holds the text of at least one drawn digit (columns 1 to 3).
-bool HoldsDrawnDigit(const ReportSheet& sheet, int row, int col) {
-    for (int p = 1; p <= 3; ++p)
-        if (sheet.SameText(row, p, row, col)) return true;
-    return false;
-}
-
-}  // namespace
-
 ForecastJudge::ForecastJudge(ReportSheet& sheet, std::span<const ForecastBlock> blocks)
     : sheet_(sheet), blocks_(blocks) {
     if (blocks.size() > kMaxBlocks)
@@ -40,11 +31,7 @@ void ForecastJudge::JudgeRow(int row) {
     for (std::size_t b = 0; b < blocks_.size(); ++b) {
         const ForecastBlock& block = blocks_[b];
         if (row < block.firstJudgedRow) continue;
-        for (int c = block.firstCol; c <= block.lastCol; ++c) {
-            if (!HoldsDrawnDigit(sheet_, row, c)) continue;
-            sheet_.SetBackColor(row, c, block.hitColour);
-            ++found[b];
-        }
+        found[b] = ColourDrawnDigits(sheet_, row, block.firstCol, block.lastCol, block.hitColour);
     }
     // The markers go in once every block is judged, so that no block reads another's marker as a
     // forecast.
