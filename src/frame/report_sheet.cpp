@@ -116,7 +116,8 @@ std::uint32_t ReportSheet::NewTextHandle(std::string_view text) {
     const std::uint32_t handle =
         ParsePlainNumber(text, value) ? NumberHandle(value) : pool_.Intern(text);
     if (text.size() > 8 || IsProgramConstant(text.data()))
-        recentTexts_[RecentTextSlot(text)] = {text.data(), text.size(), handle};
+        recentTexts_[RecentTextSlot(text)] = {text.data(), static_cast<std::uint32_t>(text.size()),
+                                              handle};
     if (text.size() <= 8) {
         const std::uint64_t chars = Packed(text);
         ShortTextSet& known = shortTexts_[ShortTextSlot(chars, text.size())];
@@ -276,7 +277,7 @@ void ReportSheet::DropUnusedTexts() {
     }
     if (used * 4 > texts * 3) return;  // less than a quarter unused: keep the pool as it is
     pool_.KeepOnly(remap);
-    recentTexts_ = {};  // the handles are new
+    std::fill(recentTexts_.begin(), recentTexts_.end(), RecentText{});  // the handles are new
     std::fill(shortTexts_.begin(), shortTexts_.end(), ShortTextSet{});
     for (std::size_t i = 0; i < count; ++i) {
         std::uint32_t& h = CellData()[i].text;

@@ -261,7 +261,8 @@ private:
             if (recent.data == text.data() && recent.size == text.size() && recent.handle != 0)
                 return recent.handle;
             const std::uint32_t handle = HandleByCharacters(text);
-            if (handle != 0) recent = {text.data(), text.size(), handle};
+            if (handle != 0)
+                recent = {text.data(), static_cast<std::uint32_t>(text.size()), handle};
             return handle;
         }
         return HandleByCharacters(text);
@@ -300,7 +301,7 @@ private:
     }
     static std::size_t RecentTextSlot(std::string_view text) {
         const auto at = reinterpret_cast<std::uintptr_t>(text.data());
-        return static_cast<std::uint32_t>((at ^ (at >> 7) ^ text.size()) * 0x9E3779B1u) >> 25;
+        return static_cast<std::uint32_t>((at ^ (at >> 7) ^ text.size()) * 0x9E3779B1u) >> 22;
     }
     // Up to eight characters as one number, the same for the same characters. Read in at most two
     // loads that may overlap, never past the text.
@@ -381,13 +382,14 @@ private:
         return reinterpret_cast<std::uintptr_t>(data) - kProgramConstants.begin <
                kProgramConstants.size;
     }
-    // Longer texts and the program's constant texts written before, by RecentTextSlot.
+    // Longer texts and the program's constant texts written before, by RecentTextSlot; enough
+    // slots that the hundred or so constant texts of a report's table seldom push each other out.
     struct RecentText {
         const char* data = nullptr;
-        std::size_t size = 0;
+        std::uint32_t size = 0;  // a text too long for it is never found
         std::uint32_t handle = 0;
     };
-    std::array<RecentText, 128> recentTexts_{};
+    std::vector<RecentText> recentTexts_ = std::vector<RecentText>(1024);
     std::vector<int> colWidths_;
     std::vector<int> rowHeights_;
     int row_ = 0;

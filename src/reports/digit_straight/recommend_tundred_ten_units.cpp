@@ -43,47 +43,59 @@ constexpr int kLastCarriedCol = 9;
 // Columns 4 to 6 make the first group, 7 to 9 the second, whatever position they stand for.
 constexpr int kLastFirstGroupCarriedCol = 6;
 
-// The mask of `digit`, with "(YES)" after it on a hit.
-std::string MaskOf(const CarriedDigit& carried, std::string_view digit, bool hit) {
-    std::string mask;
+// Appends to `mask` the mask of `digit`, with "(YES)" after it on a hit.
+template <class Text>
+constexpr void AppendMask(Text& mask, const CarriedDigit& carried, std::string_view digit,
+                          bool hit) {
     mask += carried.before;
     mask += digit;
     mask += carried.after;
     if (hit) mask += "(YES)";
+}
+
+std::string MaskOf(const CarriedDigit& carried, std::string_view digit, bool hit) {
+    std::string mask;
+    AppendMask(mask, carried, digit, hit);
     return mask;
 }
 
-// The masks of the digits 0 to 9, without and with "(YES)", per carried column.
-class MaskTable {
+// The mask of a digit 0 to 9, kept in the program's constants.
+class DigitMask {
 public:
-    MaskTable() {
-        for (std::size_t k = 0; k < kCarried.size(); ++k)
-            for (char d = '0'; d <= '9'; ++d)
-                for (bool hit : {false, true})
-                    masks_[k][static_cast<std::size_t>(d - '0')][hit] =
-                        MaskOf(kCarried[k], std::string_view(&d, 1), hit);
+    constexpr DigitMask& operator+=(std::string_view part) {
+        for (char c : part)
+            chars_[size_++] = c;
+        return *this;
     }
-    // The mask of carried column k for the digit text `digit` when it is a digit 0 to 9;
-    // nullptr for any other text.
-    const std::string* Find(std::size_t k, std::string_view digit, bool hit) const {
-        if (digit.size() != 1 || !IsDigit(digit[0])) return nullptr;
-        return &masks_[k][static_cast<std::size_t>(digit[0] - '0')][hit];
-    }
+    constexpr std::string_view Text() const { return {chars_.data(), size_}; }
 
 private:
-    std::array<std::array<std::array<std::string, 2>, 10>, kCarried.size()> masks_;
+    std::array<char, 8> chars_{};  // the longest is "**9(YES)"
+    std::size_t size_ = 0;
 };
+
+// The masks of the digits 0 to 9, without and with "(YES)", per carried column.
+constexpr auto kDigitMasks = [] {
+    std::array<std::array<std::array<DigitMask, 2>, 10>, kCarried.size()> masks{};
+    constexpr std::string_view kDigits = "0123456789";
+    for (std::size_t k = 0; k < kCarried.size(); ++k)
+        for (std::size_t d = 0; d < 10; ++d)
+            for (bool hit : {false, true})
+                AppendMask(masks[k][d][hit], kCarried[k], kDigits.substr(d, 1), hit);
+    return masks;
+}();
 
 // The masks of row `row`, each compared with the digit of its position in the row. Compared as
 // texts: both cells hold numbers, alike exactly when their texts are.
-void MaskRow(ReportSheet& sheet, int row, const MaskTable& masks) {
+void MaskRow(ReportSheet& sheet, int row) {
     for (std::size_t k = 0; k < kCarried.size(); ++k) {
         const CarriedDigit& carried = kCarried[k];
         const bool hit = sheet.SameText(row, carried.col, row, carried.positionCol);
         ReportSheet::NumberDigits digits;
         const std::string_view digit = sheet.TextView(row, carried.col, digits);
-        if (const std::string* mask = masks.Find(k, digit, hit))
-            sheet.SetText(row, carried.col, *mask);
+        if (digit.size() == 1 && IsDigit(digit[0]))
+            sheet.SetText(row, carried.col,
+                          kDigitMasks[k][static_cast<std::size_t>(digit[0] - '0')][hit].Text());
         else
             sheet.SetText(row, carried.col, MaskOf(carried, digit, hit));
         if (hit) sheet.SetBackColor(row, carried.col, colours::kHit);
@@ -120,7 +132,6 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
     const int drawCount = CountDrawings(drawings);
     ResetSheet(sheet, drawCount, drawCount + 5, 4);
 
-    static const MaskTable masks;
     drawings = drawings.first(static_cast<std::size_t>(drawCount));
     ReadDrawings(drawings, [&](int row, const DrawRecord& record, CurrentDigits& digits) {
         WriteDateLabel(sheet, row, record.date);
@@ -131,7 +142,7 @@ void Build(std::span<const DrawRecord> drawings, ReportSheet& sheet) {
         for (const CarriedDigit& carried : kCarried)
             sheet.SetNumber(row + 1, carried.col, sheet.CellNumber(row, carried.fromCol));
         if (row < 2) return;
-        MaskRow(sheet, row, masks);
+        MaskRow(sheet, row);
         MarkGroups(sheet, row);
     });
 
