@@ -5,12 +5,17 @@
 namespace numarel {
 namespace {
 
-// The index of a text of exactly two digit characters, such as "05" (5) or "57" (57); -1 for any
-// other text.
-int TwoDigitIndex(std::string_view text) {
-    if (text.size() != 2) return -1;
-    if (text[0] < '0' || text[0] > '9' || text[1] < '0' || text[1] > '9') return -1;
-    return (text[0] - '0') * 10 + (text[1] - '0');
+// The index of a text of one to three digit characters: "7" is 7, "05" 15 and "57" 67 (after the
+// ten of one digit), "012" 122 (after the hundred of two); -1 for any other text.
+int DigitKeyIndex(std::string_view text) {
+    if (text.empty() || text.size() > 3) return -1;
+    int value = 0;
+    for (char c : text) {
+        if (!IsDigit(c)) return -1;
+        value = value * 10 + (c - '0');
+    }
+    constexpr int kBefore[] = {0, 0, 10, 110};  // the keys of fewer digits
+    return kBefore[text.size()] + value;
 }
 
 }  // namespace
@@ -22,11 +27,12 @@ HeaderColumns::HeaderColumns(const ReportSheet& sheet, int firstCol, int lastCol
         headers_.push_back(sheet.Text(0, c));
         keys_.emplace_back(trim ? Trim(headers_.back()) : headers_.back());
     }
-    // Pair texts are two digits nearly always, found by their value; any other key by its text.
+    // Pair and pattern texts are two or three digits nearly always, found by their digits; any
+    // other key by its text.
     // The first column of a key is the one found.
     for (std::size_t i = 0; i < keys_.size(); ++i) {
         const int col = firstCol + static_cast<int>(i);
-        const int index = TwoDigitIndex(keys_[i]);
+        const int index = DigitKeyIndex(keys_[i]);
         if (index < 0)
             byText_.emplace(keys_[i], col);
         else if (byDigits_[static_cast<std::size_t>(index)] < 0)
@@ -35,7 +41,7 @@ HeaderColumns::HeaderColumns(const ReportSheet& sheet, int firstCol, int lastCol
 }
 
 int HeaderColumns::Find(std::string_view text) const {
-    const int index = TwoDigitIndex(text);
+    const int index = DigitKeyIndex(text);
     if (index >= 0) return byDigits_[static_cast<std::size_t>(index)];
     const auto found = byText_.find(text);
     return found != byText_.end() ? found->second : -1;

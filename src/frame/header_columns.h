@@ -28,8 +28,9 @@ public:
 private:
     int firstCol_;
     std::vector<std::string> headers_;
-    std::vector<std::string> keys_;    // the headers as they are compared
-    std::array<int, 100> byDigits_{};  // two-digit keys, by their value; -1 when none
+    std::vector<std::string> keys_;  // the headers as they are compared
+    // Keys of one to three digit characters, by DigitKeyIndex; -1 when none.
+    std::array<int, 1110> byDigits_{};
     std::unordered_map<std::string_view, int> byText_;  // every other key: its first column
 };
 

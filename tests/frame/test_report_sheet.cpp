@@ -5,6 +5,7 @@
 #include <string>
 
 #include "frame/frame_passes.h"
+#include "frame/header_columns.h"
 #include "frame/number_classes.h"
 #include "frame/report_sheet.h"
 #include "frame/text_pool.h"
@@ -212,6 +213,23 @@ TEST(FrameForecasts, CellsHoldingADrawnDigitAreColouredAndCounted) {
         EXPECT_EQ(found, std::count(coloured.begin(), coloured.end(), 'x'))
             << "row " << walk.row << " from " << walk.first;
     }
+}
+
+// A header is found by its exact text, the first of two alike; digit texts of different lengths
+// ("5", "05", "005") are different headers.
+TEST(HeaderColumns, FindTheFirstColumnWithTheText) {
+    const Texts headers = {"05", "5", "005", "57", "012", "120", "1234", "a b", "57", "", "999"};
+    ReportSheet sheet(1, 13);
+    for (int c = 0; c < 11; ++c)
+        sheet.SetText(0, c + 2, headers[static_cast<std::size_t>(c)]);
+    const HeaderColumns columns(sheet, 2, 12, /*trim=*/false);
+    for (int c = 0; c < 11; ++c) {
+        if (c == 8 || c == 9) continue;  // the second "57", and no header
+        EXPECT_EQ(columns.Find(headers[static_cast<std::size_t>(c)]), c + 2);
+    }
+    EXPECT_EQ(columns.Find("57"), 5);  // not column 10
+    for (std::string_view absent : {"0", "50", "0005", "012 ", "021", "99", "b"})
+        EXPECT_EQ(columns.Find(absent), -1) << absent;
 }
 
 TEST(ReportSheet, ResizingKeepsWhatFits) {
