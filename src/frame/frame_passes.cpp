@@ -249,17 +249,25 @@ void FillMissCountersAndStatisticRows(ReportSheet& sheet, int lastHitCol,
     FinishStatisticRows(sheet, lastHitCol, rule, firstHitCol);
 }
 
-int ColourDrawnDigits(ReportSheet& sheet, int row, int firstCol, int lastCol, Rgb colour) {
-    // Forecasts stand right of the drawn digits, on a row of the sheet: the cells are compared by
-    // their handles in one walk. Anywhere else each cell takes the plain calls.
-    if (firstCol > 3 && lastCol < sheet.Cols() && sheet.Contains(row, 0))
-        return frame_detail::SheetCells::ColourDrawnDigits(sheet, row, firstCol, lastCol, colour);
+int ColourCellsHolding(ReportSheet& sheet, int row, ColumnRange cells, ColumnRange keys,
+                       Rgb colour) {
+    // A few keys and the cells, right of the labels on a row of the sheet, are compared by their
+    // handles in one walk. Anything else takes the plain cell calls.
+    const auto inside = [&sheet](ColumnRange range) {
+        return range.first > 0 && range.first <= range.last && range.last < sheet.Cols();
+    };
+    const int keyCount = keys.last - keys.first + 1;
+    if (sheet.Contains(row, 0) && inside(cells) && inside(keys) &&
+        keyCount <= frame_detail::SheetCells::kMaxKeys) {
+        return frame_detail::SheetCells::ColourCellsHolding(sheet, row, cells.first, cells.last,
+                                                            keys.first, keyCount, colour);
+    }
     int coloured = 0;
-    for (int c = firstCol; c <= lastCol; ++c) {
-        bool drawn = false;
-        for (int p = 1; p <= 3; ++p)
-            drawn = drawn || sheet.SameText(row, p, row, c);
-        if (!drawn) continue;
+    for (int c = cells.first; c <= cells.last; ++c) {
+        bool holds = false;
+        for (int k = keys.first; k <= keys.last && !holds; ++k)
+            holds = sheet.SameText(row, k, row, c);
+        if (!holds) continue;
         sheet.SetBackColor(row, c, colour);
         ++coloured;
     }

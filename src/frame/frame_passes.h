@@ -126,9 +126,16 @@ void FillMissCountersAndStatisticRows(ReportSheet& sheet, int lastHitCol,
                                       AverageRule rule = AverageRule::EmptyWhenNoHit,
                                       int firstHitCol = 5);
 
-// Gives the back colour `colour` to each cell of columns `firstCol` to `lastCol` on `row` whose
-// text is that of a drawn digit (columns 1 to 3 of the row); returns how many it coloured.
-int ColourDrawnDigits(ReportSheet& sheet, int row, int firstCol, int lastCol, Rgb colour);
+// Columns `first` to `last` of a row.
+struct ColumnRange {
+    int first;
+    int last;
+};
+
+// Gives the back colour `colour` to each cell of `cells` on `row` whose text is that of a cell of
+// `keys` on the same row (a drawn digit, a drawn pair); returns how many it coloured.
+int ColourCellsHolding(ReportSheet& sheet, int row, ColumnRange cells, ColumnRange keys,
+                       Rgb colour);
 
 // A mouse-down mark: a cell whose back colour is not `markColour` gets it; a marked cell goes back
 // to the default colour.

@@ -40,9 +40,11 @@ public:
     // exactly the hit's text, and raises `maxOthers` to the largest CellNumber of the others.
     static void TallyColumns(const ReportSheet& sheet, int firstRow, int lastRow, int firstCol,
                              const Hit& hit, std::span<short> hits, std::span<short> maxOthers);
-    // ColourDrawnDigits, for a row of the sheet with firstCol > 3 and lastCol inside it.
-    static int ColourDrawnDigits(ReportSheet& sheet, int row, int firstCol, int lastCol,
-                                 Rgb colour);
+    // ColourCellsHolding on a row of the sheet, for cells and up to kMaxKeys keys that lie
+    // right of column 0 and inside the sheet.
+    static constexpr int kMaxKeys = 3;
+    static int ColourCellsHolding(ReportSheet& sheet, int row, int firstCol, int lastCol,
+                                  int firstKey, int keyCount, Rgb colour);
 };
 
 }  // namespace numarel::frame_detail

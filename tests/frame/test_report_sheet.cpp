@@ -205,7 +205,8 @@ TEST(FrameForecasts, CellsHoldingADrawnDigitAreColouredAndCounted) {
         for (int c = 0; c < 9; ++c)
             sheet.SetText(1, c, row1[static_cast<std::size_t>(c)]);
         sheet.SetText(2, 1, "5");
-        const int found = ColourDrawnDigits(sheet, walk.row, walk.first, walk.last, kMark);
+        const int found =
+            ColourCellsHolding(sheet, walk.row, {walk.first, walk.last}, {1, 3}, kMark);
         std::string coloured;
         for (int c = 0; c < 9; ++c)
             coloured += sheet.BackColor(walk.row, c) == kMark ? 'x' : '.';

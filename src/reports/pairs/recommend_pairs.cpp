@@ -81,16 +81,9 @@ void WriteRecommendedPairs(ReportSheet& sheet, int r) {
 // Each pair of the drawing against each recommended pair of its row: a match is red, and the
 // row is marked once however many match.
 void JudgePairs(ReportSheet& sheet, int r) {
-    bool hit = false;
-    for (int c = kFirstPairCol; c <= kLastPairCol; ++c) {
-        for (int drawn = kFirstDrawnPairCol; drawn <= kLastDrawnPairCol; ++drawn) {
-            if (!sheet.SameText(r, c, r, drawn)) continue;
-            sheet.SetBackColor(r, c, colours::kHit);
-            hit = true;
-            break;
-        }
-    }
-    if (!hit) return;
+    const int hits = ColourCellsHolding(sheet, r, {kFirstPairCol, kLastPairCol},
+                                        {kFirstDrawnPairCol, kLastDrawnPairCol}, colours::kHit);
+    if (hits == 0) return;
     sheet.SetBackColor(r, kHitCol, kHitMarkerColour);
     sheet.SetText(r, kHitCol, kHitMarker);
 }

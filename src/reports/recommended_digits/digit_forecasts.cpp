@@ -8,6 +8,12 @@
 
 namespace numarel {
 
+namespace {
+
+constexpr ColumnRange kDrawnDigits{1, 3};  // H, T and U of the row's drawing
+
+}  // namespace
+
 void SetColumns(ReportSheet& sheet, std::span<const SheetColumn> columns) {
     sheet.SetCols(static_cast<int>(columns.size()));
     for (std::size_t c = 0; c < columns.size(); ++c)
@@ -31,7 +37,8 @@ void ForecastJudge::JudgeRow(int row) {
     for (std::size_t b = 0; b < blocks_.size(); ++b) {
         const ForecastBlock& block = blocks_[b];
         if (row < block.firstJudgedRow) continue;
-        found[b] = ColourDrawnDigits(sheet_, row, block.firstCol, block.lastCol, block.hitColour);
+        found[b] = ColourCellsHolding(sheet_, row, {block.firstCol, block.lastCol}, kDrawnDigits,
+                                      block.hitColour);
     }
     // The markers go in once every block is judged, so that no block reads another's marker as a
     // forecast.
