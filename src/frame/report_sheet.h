@@ -269,17 +269,15 @@ private:
     }
     std::uint32_t HandleByCharacters(std::string_view text) const {
         if (text.size() - 1 < 3) {
-            // One to three digits, a leading 0 only alone: a number as SetNumber writes it, whose
-            // handle is its value. The first and last characters turn most other texts away.
+            // One to three digits, a number or a text such as "05" or "012": found by their
+            // place among all such texts. The first, middle and last characters are all of them.
             const auto* p = reinterpret_cast<const unsigned char*>(text.data());
             const std::size_t n = text.size();
             const unsigned first = p[0] - unsigned{'0'};
             const unsigned last = p[n - 1] - unsigned{'0'};
             const unsigned middle = p[n / 2] - unsigned{'0'};
-            if (first < 10 && last < 10 && middle < 10 && (first != 0 || n == 1))
-                return NumberHandle(n == 1   ? first
-                                    : n == 2 ? first * 10 + last
-                                             : first * 100 + middle * 10 + last);
+            if (first < 10 && last < 10 && middle < 10)
+                return digitTexts_[DigitTextIndex(n, first, middle, last)];
         }
         if (text.size() <= 8) {
             const std::uint64_t chars = Packed(text);
@@ -294,6 +292,18 @@ private:
             return 0;
         return pool_.View(recent.handle) == text ? recent.handle : 0;
     }
+    // The place of a text of one to three digits among all such texts: "7" is 7, "05" 15 and
+    // "57" 67 (after the ten of one digit), "012" 122 (after the hundred of two).
+    static constexpr std::size_t kDigitTexts = 1110;
+    static constexpr std::size_t DigitTextIndex(std::size_t size, unsigned first, unsigned middle,
+                                                unsigned last) {
+        return size == 1   ? first
+               : size == 2 ? 10 + first * 10 + last
+                           : 110 + first * 100 + middle * 10 + last;
+    }
+    // The handles of the texts of one to three digits before any is written: those that are
+    // plain numbers have their number's handle, the others ("05", "012") none yet.
+    static const std::array<std::uint32_t, kDigitTexts> kNumberTexts;
     // Reports write a few markers and table texts over and over: each is found again without
     // parsing or interning it.
     static std::size_t ShortTextSlot(std::uint64_t chars, std::size_t size) {
@@ -372,6 +382,8 @@ private:
         std::array<ShortText, 2> ways;
     };
     std::vector<ShortTextSet> shortTexts_ = std::vector<ShortTextSet>(1024);
+    // The handle of every text of one to three digits, by DigitTextIndex; 0: not written yet.
+    std::vector<std::uint32_t> digitTexts_{kNumberTexts.begin(), kNumberTexts.end()};
     // Where the program's read-only data lies (found when the program starts; empty before).
     struct AddressRange {
         std::uintptr_t begin = 0;

@@ -122,11 +122,21 @@ TEST(ReportSheet, TextsWrittenAgainReadAsWritten) {
     EXPECT_TRUE(sheet.SameText(3, 0, 3, 1));
     EXPECT_TRUE(sheet.SameText(1, 1, 3, 1));
     EXPECT_FALSE(sheet.SameText(1, 1, 1, 2));
+    // Digits with a leading zero: one text for each spelling, from any buffer.
+    sheet.SetText(3, 3, "012");
+    buffer = "012";
+    sheet.SetText(2, 1, buffer);
+    EXPECT_TRUE(sheet.SameText(3, 3, 2, 1));
+    EXPECT_FALSE(sheet.SameText(2, 1, 2, 2));
+    sheet.SetText(3, 3, "x");
+    sheet.SetText(2, 1, "12");
     // Written over again and again, then the texts no cell holds let go: what is written after
     // reads as written.
     for (int i = 0; i < 6000; ++i)
         sheet.SetText(1, 1, std::to_string(i) + "x");
     sheet.DropUnusedTexts();
+    sheet.SetText(3, 3, buffer);
+    EXPECT_EQ(sheet.Text(3, 3), "012");
     sheet.SetText(2, 2, "07");
     sheet.SetText(1, 2, "*+*");
     EXPECT_EQ(RowTexts(sheet, 1, 1, 3), (Texts{"5999x", "*+*", "a text longer than eight"}));
