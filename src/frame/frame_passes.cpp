@@ -134,20 +134,18 @@ void FinishLoad(ReportSheet& sheet) {
 MissCounters::MissCounters(int firstCol, int lastCol, Rgb missFore)
     : firstCol_(firstCol),
       missFore_(missFore),
-      counters_(static_cast<std::size_t>(std::max(lastCol - firstCol + 1, 0)), 1),
-      unused_(counters_.size(), 0) {}
+      counters_(static_cast<std::size_t>(std::max(lastCol - firstCol + 1, 0)), 1) {}
 
 void MissCounters::FillRow(ReportSheet& sheet, int row) {
     frame_detail::SheetCells::CountMisses(sheet, row, row, firstCol_, {}, false, missFore_,
-                                          counters_, unused_, unused_);
+                                          counters_, {}, {});
 }
 
 void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {
     // Row by row: wide sheets are walked in the order they are stored.
     std::vector<short> counters(static_cast<std::size_t>(std::max(lastCol - firstCol + 1, 0)), 1);
-    std::vector<short> unused(counters.size(), 0);
     frame_detail::SheetCells::CountMisses(sheet, 1, sheet.DrawCount(), firstCol, {}, false,
-                                          kDefaultColour, counters, unused, unused);
+                                          kDefaultColour, counters, {}, {});
 }
 
 namespace {

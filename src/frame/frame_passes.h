@@ -95,7 +95,6 @@ private:
     int firstCol_;
     Rgb missFore_;
     std::vector<short> counters_;
-    std::vector<short> unused_;  // hits and Max Miss, which these counters do not keep
 };
 
 // How AddStatisticRows fills Average where a column has no hit.

@@ -31,7 +31,8 @@ public:
     // column from `firstCol` on (columns past the spans' size are left out): an empty cell gets
     // its column's counter, in the fore colour `missFore`, and the counter counts on; any other
     // cell starts it again at 1 and, holding exactly the hit's text, adds to `hits`. With
-    // `closedRuns`, `maxMisses` is raised to the CellNumber of each cell but the hits.
+    // `closedRuns`, `maxMisses` is raised to the CellNumber of each cell but the hits. Empty
+    // `hits` and `maxMisses` without `closedRuns` keep the counters alone.
     static void CountMisses(ReportSheet& sheet, int firstRow, int lastRow, int firstCol,
                             const Hit& hit, bool closedRuns, Rgb missFore,
                             std::span<short> counters, std::span<short> hits,
@@ -45,6 +46,14 @@ public:
     static constexpr int kMaxKeys = 3;
     static int ColourCellsHolding(ReportSheet& sheet, int row, int firstCol, int lastCol,
                                   int firstKey, int keyCount, Rgb colour);
+
+private:
+    // CountMisses, with hits and Max Miss kept when `kTally`.
+    template <bool kTally>
+    static void CountMissesIn(ReportSheet& sheet, int firstRow, int lastRow, int firstCol,
+                              const Hit& hit, bool closedRuns, Rgb missFore,
+                              std::span<short> counters, std::span<short> hits,
+                              std::span<short> maxMisses);
 };
 
 }  // namespace numarel::frame_detail
