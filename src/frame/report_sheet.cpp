@@ -223,7 +223,7 @@ double ReportSheet::CellValue(int row, int col) const {
 short ReportSheet::RoundedValue(std::uint32_t h) const {
     if (h == 0) return 0;
     if (IsInlineNumber(h)) return RoundToInt16(static_cast<double>(InlineValue(h)));
-    return RoundToInt16(pool_.Value(h));
+    return pool_.Counter(h);
 }
 
 ReportSheet::TextKey ReportSheet::KeyOf(std::string_view text) const {

@@ -123,6 +123,7 @@ void TextPool::ReplaceLoose(std::uint32_t handle, std::string_view text) {
         entries_[handle - 1] = {stored.at, stored.size | kLoose};
     }
     if (handle <= values_.size()) values_[handle - 1] = std::numeric_limits<double>::quiet_NaN();
+    if (handle <= counters_.size()) counters_[handle - 1] = kNoCounter;
 }
 
 std::uint32_t TextPool::Find(std::string_view text) const {
@@ -171,7 +172,8 @@ void TextPool::KeepOnly(std::vector<std::uint32_t>& remap) {
 
 std::size_t TextPool::MemoryBytes() const {
     std::size_t bytes = chunks_.size() * kChunkBytes + blockBytes_;
-    bytes += entries_.capacity() * sizeof(Entry) + values_.capacity() * sizeof(double);
+    bytes += entries_.capacity() * sizeof(Entry) + values_.capacity() * sizeof(double) +
+             counters_.capacity() * sizeof(std::int32_t);
     bytes += slots_.capacity() * sizeof(std::uint64_t);
     return bytes;
 }

@@ -61,6 +61,14 @@ public:
         if (std::isnan(value)) value = LeadingValue(View(handle));
         return value;
     }
+    // Value rounded half to even into a 16-bit counter and clamped, worked out once as Value is:
+    // charts read their markers back as counters row after row.
+    short Counter(std::uint32_t handle) const {
+        if (handle > counters_.size()) counters_.resize(entries_.size(), kNoCounter);
+        std::int32_t& counter = counters_[handle - 1];
+        if (counter == kNoCounter) counter = RoundToInt16(Value(handle));
+        return static_cast<short>(counter);
+    }
     std::size_t Size() const { return entries_.size(); }
     // Makes room for `count` more loose texts.
     void ReserveLoose(std::size_t count) { entries_.reserve(entries_.size() + count); }
@@ -97,6 +105,9 @@ private:
     std::vector<Entry> entries_;
     // NaN until worked out (a text's value is never NaN); made on the first Value.
     mutable std::vector<double> values_;
+    // Counter's, made on the first Counter; kNoCounter until worked out.
+    static constexpr std::int32_t kNoCounter = std::numeric_limits<std::int32_t>::min();
+    mutable std::vector<std::int32_t> counters_;
     // Open addressing, at most three quarters full; 0 is a free slot, else the text's hash (high
     // half) and handle (low half), so that a probe passes over other texts, and growing places
     // them, without reading them.
