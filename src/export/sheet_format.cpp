@@ -440,9 +440,9 @@ void WriteSheetCsv(const ReportSheet& sheet, std::ostream& out) {
             if (c > 0) sink << ',';
             const std::string_view text = sheet.TextView(r, c, digits);
             if (text.empty()) continue;
-            // A number is written into `digits`: digits and a sign never need quotes.
+            // Digits and a sign never need quotes.
             bool ascii = true;
-            const bool number = text.data() == digits.data();
+            const bool number = sheet.HoldsNumber(r, c);
             const bool guard = !number && NeedsFormulaGuard(text);
             if (number || !CsvNeedsQuotes(text, ascii)) {
                 if (guard) sink << '\'';

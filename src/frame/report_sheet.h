@@ -100,25 +100,21 @@ public:
     }
     std::string Text(int row, int col) const;
     // The cell's text without a copy, for writers that walk every cell: a view of the sheet's
-    // own text, or for a number its digits written into `digits`. Valid while the sheet and
-    // `digits` are unchanged.
+    // own text, or of a number's digits, from a table of the program's or written into `digits`.
+    // Valid while the sheet and `digits` are unchanged.
     using NumberDigits = std::array<char, 24>;
     [[gnu::always_inline]] std::string_view TextView(int row, int col, NumberDigits& digits) const {
         const std::uint32_t h = Handle(row, col);
         if (h == 0) return {};
         if (!(h & kNumberTag)) return pool_.View(h);
-        // Most numbers of a sheet are Miss numbers and digits, under 100, or drawn numbers.
+        // Most numbers of a sheet are Miss numbers, digits or drawn numbers, under 1000: their
+        // digits are read from a table of all of them.
         const long v = InlineValue(h);
         if (v < 0 || v >= 1000) return NumberView(v, digits);
-        if (v >= 100) {
-            digits[0] = static_cast<char>('0' + v / 100);
-            digits[1] = static_cast<char>('0' + v / 10 % 10);
-            digits[2] = static_cast<char>('0' + v % 10);
-            return {digits.data(), 3u};
-        }
-        digits[0] = static_cast<char>('0' + (v < 10 ? v : v / 10));
-        digits[1] = static_cast<char>('0' + v % 10);
-        return {digits.data(), v < 10 ? 1u : 2u};
+        const std::size_t at = static_cast<std::size_t>(v) * 3;
+        if (v >= 100) return {&kThreeDigits[at], 3u};
+        if (v >= 10) return {&kThreeDigits[at + 1], 2u};
+        return {&kThreeDigits[at + 2], 1u};
     }
     // True when the cell holds a number as SetNumber writes it.
     bool HoldsNumber(int row, int col) const { return (Handle(row, col) & kNumberTag) != 0; }
@@ -204,6 +200,17 @@ public:
 
     // Bytes held by the cells, palette and text pool.
     std::size_t MemoryBytes() const;
+
+    // "000" to "999", one after the other.
+    static constexpr std::array<char, 3000> kThreeDigits = [] {
+        std::array<char, 3000> digits{};
+        for (std::size_t v = 0; v < 1000; ++v) {
+            digits[3 * v] = static_cast<char>('0' + v / 100);
+            digits[3 * v + 1] = static_cast<char>('0' + v / 10 % 10);
+            digits[3 * v + 2] = static_cast<char>('0' + v % 10);
+        }
+        return digits;
+    }();
 
     // A cell's text handle: 0 empty; with the high bit set, a number kept inline; else a handle
     // of the text pool.

@@ -52,7 +52,7 @@ TEST(ReportSheet, NumbersAreWrittenAsTextTextIsKeptAsTypedAndReadByItsLeadingNum
     EXPECT_EQ(sheet.BackColor(1, 1), kDefaultColour);
     // Read without a copy, a number reads as its text whatever its size.
     ReportSheet::NumberDigits digits;
-    for (long v : {-40000L, -12L, 0L, 7L, 42L, 100L, 999L, 1000L, 32767L, 99999L}) {
+    for (long v : {-40000L, -12L, 0L, 7L, 10L, 42L, 99L, 100L, 999L, 1000L, 32767L, 99999L}) {
         sheet.SetNumber(1, 2, v);
         EXPECT_EQ(sheet.TextView(1, 2, digits), std::to_string(v));
     }
