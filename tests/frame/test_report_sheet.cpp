@@ -56,6 +56,11 @@ TEST(ReportSheet, NumbersAreWrittenAsTextTextIsKeptAsTypedAndReadByItsLeadingNum
         sheet.SetNumber(1, 2, v);
         EXPECT_EQ(sheet.TextView(1, 2, digits), std::to_string(v));
     }
+    // A label read as a number, then written over: its number is the new text's.
+    sheet.SetText(1, 0, " 12:3");
+    EXPECT_EQ(sheet.CellNumber(1, 0), 12);
+    sheet.SetText(1, 0, " 40");
+    EXPECT_EQ(sheet.CellNumber(1, 0), 40);
     // A cell's number follows the leading-number rule.
     for (const Case& c : ReadCases("frame/cases/cell_numbers.txt", 2)) {
         sheet.SetText(0, 0, c[0]);
@@ -206,23 +211,29 @@ TEST(FrameForecasts, CellsHoldingADrawnDigitAreColouredAndCounted) {
     constexpr Rgb kMark = 0xFFDF9D;
     struct Walk {
         int row, first, last;
+        ColumnRange keys;
         std::string coloured;  // one character per column 0 to 8: 'x' coloured
     };
-    for (const Walk& walk : {Walk{1, 4, 8, "....x..xx"}, Walk{1, 2, 6, "..xxx...."},
-                             Walk{2, 4, 8, "....xxxxx"}, Walk{2, 5, 6, ".....xx.."}}) {
+    // The drawn digits, columns 1 to 3, and fewer keys, or the label among them.
+    for (const Walk& walk : {Walk{1, 4, 8, {1, 3}, "....x..xx"}, Walk{1, 2, 6, {1, 3}, "..xxx...."},
+                             Walk{2, 4, 8, {1, 3}, "....xxxxx"}, Walk{2, 5, 6, {1, 3}, ".....xx.."},
+                             Walk{1, 4, 8, {1, 1}, "........x"}, Walk{1, 4, 8, {1, 2}, "....x...x"},
+                             Walk{1, 4, 8, {0, 1}, "......x.x"}}) {
         ReportSheet sheet(3, 9);
-        const Texts row1 = {" 1:123", "1", "2", "", "2", " 2", "*", "", "1"};
+        const Texts row1 = {" 1:123", "1", "2", "", "2", " 2", " 1:123", "", "1"};
         for (int c = 0; c < 9; ++c)
             sheet.SetText(1, c, row1[static_cast<std::size_t>(c)]);
         sheet.SetText(2, 1, "5");
         const int found =
-            ColourCellsHolding(sheet, walk.row, {walk.first, walk.last}, {1, 3}, kMark);
+            ColourCellsHolding(sheet, walk.row, {walk.first, walk.last}, walk.keys, kMark);
         std::string coloured;
         for (int c = 0; c < 9; ++c)
             coloured += sheet.BackColor(walk.row, c) == kMark ? 'x' : '.';
-        EXPECT_EQ(coloured, walk.coloured) << "row " << walk.row << " from " << walk.first;
-        EXPECT_EQ(found, std::count(coloured.begin(), coloured.end(), 'x'))
-            << "row " << walk.row << " from " << walk.first;
+        const std::string where = "row " + std::to_string(walk.row) + " from " +
+                                  std::to_string(walk.first) + ", keys from " +
+                                  std::to_string(walk.keys.first);
+        EXPECT_EQ(coloured, walk.coloured) << where;
+        EXPECT_EQ(found, std::count(coloured.begin(), coloured.end(), 'x')) << where;
     }
 }
 
