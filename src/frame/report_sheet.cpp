@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <stdexcept>
 #include <utility>
 
 #include <charconv>
@@ -175,6 +176,12 @@ void ReportSheet::SetTextSlowly(int row, int col, std::string_view text) {
     // A text written over another may leave that one unused: counted for DropUnusedTexts.
     if (cell != handle && cell != 0 && !IsInlineNumber(cell)) ++replacedTexts_;
     cell = handle;
+}
+
+void ReportSheet::SetDigitPairSlowly(int row, int col, unsigned first, unsigned second) {
+    if (first > 9 || second > 9) throw std::invalid_argument("a digit pair takes digits 0 to 9");
+    const char text[2] = {static_cast<char>('0' + first), static_cast<char>('0' + second)};
+    SetText(row, col, std::string_view(text, 2));
 }
 
 void ReportSheet::SetText(int row, std::span<const int> cols, std::string_view text) {

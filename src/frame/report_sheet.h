@@ -98,6 +98,20 @@ public:
         else
             SetText(row, col, std::to_string(value));
     }
+    // Writes two digits 0 to 9 one after the other as one text, "05" or "57", as SetText writes
+    // those characters.
+    void SetDigitPair(int row, int col, unsigned first, unsigned second) {
+        if (Contains(row, col) && col != 0 && first < 10 && second < 10) {
+            // The text's handle is known by its place once it was written, a number's always.
+            const std::uint32_t handle = digitTexts_[DigitTextIndex(2, first, second, second)];
+            std::uint32_t& cell = CellData()[Index(row, col)].text;
+            if (handle != 0 && (cell == 0 || cell == handle || (cell & kNumberTag))) {
+                cell = handle;
+                return;
+            }
+        }
+        SetDigitPairSlowly(row, col, first, second);
+    }
     std::string Text(int row, int col) const;
     // The cell's text without a copy, for writers that walk every cell: a view of the sheet's
     // own text, or of a number's digits, from a table of the program's or written into `digits`.
@@ -252,6 +266,7 @@ private:
     }
     short RoundedValue(std::uint32_t h) const;
     void SetTextSlowly(int row, int col, std::string_view text);
+    void SetDigitPairSlowly(int row, int col, unsigned first, unsigned second);
     // The handle a cell holding `text` gets: inline for a plain number, interned otherwise.
     std::uint32_t TextHandle(std::string_view text) {
         const std::uint32_t handle = RecentHandle(text);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 #include <string>
 
 #include "frame/frame_passes.h"
@@ -155,6 +156,23 @@ TEST(ReportSheet, TextsWrittenAgainReadAsWritten) {
     buffer = "120";
     sheet.SetText(2, 3, buffer);
     EXPECT_TRUE(sheet.SameText(2, 3, 3, 3));
+}
+
+// A pair of digits reads as its two characters, one text with the same characters written as
+// text, a label in column 0.
+TEST(ReportSheet, DigitPairsReadAsTheirTwoCharacters) {
+    ReportSheet sheet(2, 5);
+    sheet.SetDigitPair(1, 1, 0, 5);
+    sheet.SetDigitPair(1, 2, 5, 7);
+    sheet.SetText(1, 3, "05");
+    sheet.SetDigitPair(1, 4, 0, 5);
+    sheet.SetDigitPair(1, 0, 0, 9);
+    EXPECT_EQ(RowTexts(sheet, 1, 0, 4), (Texts{"09", "05", "57", "05", "05"}));
+    EXPECT_TRUE(sheet.HoldsNumber(1, 2));
+    EXPECT_FALSE(sheet.HoldsNumber(1, 1));
+    EXPECT_TRUE(sheet.SameText(1, 1, 1, 3));
+    EXPECT_TRUE(sheet.SameText(1, 4, 1, 3));
+    EXPECT_THROW(sheet.SetDigitPair(1, 1, 10, 0), std::invalid_argument);
 }
 
 // Amount and Max Miss agree with the cell calls on any cell: a marker, a number written as text,
