@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -36,6 +37,27 @@ inline bool IsControlCharacter(char c) {
 // A character from "0" to "9".
 inline bool IsDigit(char c) {
     return c >= '0' && c <= '9';
+}
+
+// The texts of one to three digit characters, numbers or not ("7", "05", "012"), numbered 0 to
+// kDigitTextCount - 1: the ten of one digit, then the hundred of two, then the thousand of three.
+inline constexpr std::size_t kDigitTextCount = 1110;
+// The number of such a text of `size` characters, from its first, middle and last digit (for
+// fewer than three characters some of them are the same one).
+constexpr std::size_t DigitTextPlace(std::size_t size, unsigned first, unsigned middle,
+                                     unsigned last) {
+    return size == 1   ? first
+           : size == 2 ? 10 + first * 10 + last
+                       : 110 + first * 100 + middle * 10 + last;
+}
+// The number of `text` among them; -1 for any other text.
+inline int DigitTextPlace(std::string_view text) {
+    if (text.empty() || text.size() > 3) return -1;
+    for (char c : text)
+        if (!IsDigit(c)) return -1;
+    const auto digit = [&text](std::size_t i) { return static_cast<unsigned>(text[i] - '0'); };
+    return static_cast<int>(
+        DigitTextPlace(text.size(), digit(0), digit(text.size() / 2), digit(text.size() - 1)));
 }
 
 // True for a text of one or more characters "0" to "9" and nothing else.

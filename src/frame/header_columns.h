@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "data/basic_text.h"
 #include "frame/report_sheet.h"
 
 namespace numarel {
@@ -29,8 +30,8 @@ private:
     int firstCol_;
     std::vector<std::string> headers_;
     std::vector<std::string> keys_;  // the headers as they are compared
-    // Keys of one to three digit characters, by DigitKeyIndex; -1 when none.
-    std::array<int, 1110> byDigits_{};
+    // Keys of one to three digit characters, by DigitTextPlace; -1 when none.
+    std::array<int, kDigitTextCount> byDigits_{};
     std::unordered_map<std::string_view, int> byText_;  // every other key: its first column
 };
 

@@ -70,15 +70,15 @@ Segment ProgramConstants() {
 
 }  // namespace
 
-const std::array<std::uint32_t, ReportSheet::kDigitTexts> ReportSheet::kNumberTexts = [] {
-    std::array<std::uint32_t, kDigitTexts> handles{};
+const std::array<std::uint32_t, kDigitTextCount> ReportSheet::kNumberTexts = [] {
+    std::array<std::uint32_t, kDigitTextCount> handles{};
     for (unsigned first = 0; first < 10; ++first) {
-        handles[DigitTextIndex(1, first, first, first)] = NumberHandle(first);
+        handles[DigitTextPlace(1, first, first, first)] = NumberHandle(first);
         for (unsigned middle = 0; middle < 10; ++middle)
             for (unsigned last = 0; last < 10; ++last) {
                 if (first == 0) continue;  // "05", "012": texts, not numbers
-                handles[DigitTextIndex(2, first, last, last)] = NumberHandle(first * 10 + last);
-                handles[DigitTextIndex(3, first, middle, last)] =
+                handles[DigitTextPlace(2, first, last, last)] = NumberHandle(first * 10 + last);
+                handles[DigitTextPlace(3, first, middle, last)] =
                     NumberHandle(first * 100 + middle * 10 + last);
             }
     }
@@ -134,12 +134,8 @@ std::uint32_t ReportSheet::NewTextHandle(std::string_view text) {
     if (text.size() > 8 || IsProgramConstant(text.data()))
         recentTexts_[RecentTextSlot(text)] = {text.data(), static_cast<std::uint32_t>(text.size()),
                                               handle};
-    if (text.size() <= 3 && !IsInlineNumber(handle) &&
-        std::all_of(text.begin(), text.end(), [](char c) { return IsDigit(c); })) {
-        const auto digit = [&text](std::size_t i) { return static_cast<unsigned>(text[i] - '0'); };
-        digitTexts_[DigitTextIndex(text.size(), digit(0), digit(text.size() / 2),
-                                   digit(text.size() - 1))] = handle;
-    }
+    if (const int place = DigitTextPlace(text); place >= 0 && !IsInlineNumber(handle))
+        digitTexts_[static_cast<std::size_t>(place)] = handle;
     if (text.size() <= 8) {
         const std::uint64_t chars = Packed(text);
         ShortTextSet& known = shortTexts_[ShortTextSlot(chars, text.size())];

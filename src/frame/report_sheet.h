@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "data/basic_text.h"
 #include "frame/cell_memory.h"
 #include "frame/text_pool.h"
 
@@ -103,7 +104,7 @@ public:
     void SetDigitPair(int row, int col, unsigned first, unsigned second) {
         if (Contains(row, col) && col != 0 && first < 10 && second < 10) {
             // The text's handle is known by its place once it was written, a number's always.
-            const std::uint32_t handle = digitTexts_[DigitTextIndex(2, first, second, second)];
+            const std::uint32_t handle = digitTexts_[DigitTextPlace(2, first, second, second)];
             std::uint32_t& cell = CellData()[Index(row, col)].text;
             if (handle != 0 && (cell == 0 || cell == handle || (cell & kNumberTag))) {
                 cell = handle;
@@ -299,7 +300,7 @@ private:
             const unsigned last = p[n - 1] - unsigned{'0'};
             const unsigned middle = p[n / 2] - unsigned{'0'};
             if (first < 10 && last < 10 && middle < 10)
-                return digitTexts_[DigitTextIndex(n, first, middle, last)];
+                return digitTexts_[DigitTextPlace(n, first, middle, last)];
         }
         if (text.size() <= 8) {
             const std::uint64_t chars = Packed(text);
@@ -314,18 +315,9 @@ private:
             return 0;
         return pool_.View(recent.handle) == text ? recent.handle : 0;
     }
-    // The place of a text of one to three digits among all such texts: "7" is 7, "05" 15 and
-    // "57" 67 (after the ten of one digit), "012" 122 (after the hundred of two).
-    static constexpr std::size_t kDigitTexts = 1110;
-    static constexpr std::size_t DigitTextIndex(std::size_t size, unsigned first, unsigned middle,
-                                                unsigned last) {
-        return size == 1   ? first
-               : size == 2 ? 10 + first * 10 + last
-                           : 110 + first * 100 + middle * 10 + last;
-    }
     // The handles of the texts of one to three digits before any is written: those that are
     // plain numbers have their number's handle, the others ("05", "012") none yet.
-    static const std::array<std::uint32_t, kDigitTexts> kNumberTexts;
+    static const std::array<std::uint32_t, kDigitTextCount> kNumberTexts;
     // Reports write a few markers and table texts over and over: each is found again without
     // parsing or interning it.
     static std::size_t ShortTextSlot(std::uint64_t chars, std::size_t size) {
@@ -404,7 +396,7 @@ private:
         std::array<ShortText, 2> ways;
     };
     std::vector<ShortTextSet> shortTexts_ = std::vector<ShortTextSet>(1024);
-    // The handle of every text of one to three digits, by DigitTextIndex; 0: not written yet.
+    // The handle of every text of one to three digits, by DigitTextPlace; 0: not written yet.
     std::vector<std::uint32_t> digitTexts_{kNumberTexts.begin(), kNumberTexts.end()};
     // Where the program's read-only data lies (found when the program starts; empty before).
     struct AddressRange {
