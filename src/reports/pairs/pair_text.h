@@ -14,12 +14,15 @@ namespace numarel {
 DigitsText PairText(int first, int second);
 // Writes PairText(first, second) into a cell.
 inline void SetPairText(ReportSheet& sheet, int row, int col, int first, int second) {
-    const int low = std::min(first, second);
-    const int high = std::max(first, second);
-    if (low >= 0 && high <= 9)
-        sheet.SetDigitPair(row, col, static_cast<unsigned>(low), static_cast<unsigned>(high));
-    else
-        sheet.SetText(row, col, PairText(low, high));
+    const auto a = static_cast<unsigned>(first);
+    const auto b = static_cast<unsigned>(second);
+    if (a < 10 && b < 10) {
+        // Which digit is the smaller is as good as random: the two are ordered without a jump.
+        const unsigned low = a < b ? a : b;
+        sheet.SetDigitPair(row, col, low, a ^ b ^ low);
+    } else {
+        sheet.SetText(row, col, PairText(first, second));
+    }
 }
 
 }  // namespace numarel
