@@ -1,9 +1,5 @@
 #pragma once
 
-#include <algorithm>
-#include <string>
-#include <string_view>
-
 #include "frame/number_classes.h"
 #include "frame/report_sheet.h"
 
