@@ -30,17 +30,17 @@ bool IsPlainDate(std::string_view date) {
 // The length of the label of a drawing whose date is plain and whose H, T and U are one digit
 // each, as in every drawings file the program writes; 0 for any other drawing. The general rule
 // would write such a label as WritePlainLabel does.
-std::size_t PlainLabelSize(const DrawRecord& record) {
+[[gnu::always_inline]] inline std::size_t PlainLabelSize(const DrawRecord& record) {
     const bool plain = IsOneDigit(record.h) & IsOneDigit(record.t) & IsOneDigit(record.u);
     return plain && IsPlainDate(record.date) ? record.date.size() + 5 : 0;
 }
 
 // A blank, the date, ":" and the three digits, into the PlainLabelSize characters at `out`.
-void WritePlainLabel(const DrawRecord& record, char* out) {
+[[gnu::always_inline]] inline void WritePlainLabel(const DrawRecord& record, char* out) {
     const std::string& date = record.date;
     *out++ = ' ';
-    for (char c : date)
-        *out++ = c;
+    std::memcpy(out, date.data(), date.size());
+    out += date.size();
     *out++ = ':';
     *out++ = record.h[0];
     *out++ = record.t[0];
@@ -137,8 +137,7 @@ MissCounters::MissCounters(int firstCol, int lastCol, Rgb missFore)
       counters_(static_cast<std::size_t>(std::max(lastCol - firstCol + 1, 0)), 1) {}
 
 void MissCounters::FillRow(ReportSheet& sheet, int row) {
-    frame_detail::SheetCells::CountMisses(sheet, row, row, firstCol_, {}, false, missFore_,
-                                          counters_, {}, {});
+    frame_detail::SheetCells::CountMissesOnRow(sheet, row, firstCol_, missFore_, counters_);
 }
 
 void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {

@@ -120,25 +120,4 @@ void SheetCells::TallyColumns(const ReportSheet& sheet, int firstRow, int lastRo
     }
 }
 
-int SheetCells::ColourCellsHolding(ReportSheet& sheet, int row, int firstCol, int lastCol,
-                                   int firstKey, int keyCount, Rgb colour) {
-    ReportSheet::Cell* cells = sheet.CellData() + sheet.Index(row, 0);
-    // The keys' handles, the first standing in for the keys there are not.
-    const std::uint32_t key0 = cells[firstKey].text;
-    const std::uint32_t key1 = cells[firstKey + (keyCount > 1 ? 1 : 0)].text;
-    const std::uint32_t key2 = cells[firstKey + (keyCount > 2 ? 2 : 0)].text;
-    const std::uint16_t back = sheet.PaletteIndex(colour);
-    // Whether a cell holds a key is as good as random: the cells are coloured without a jump.
-    int coloured = 0;
-    for (int c = firstCol; c <= lastCol; ++c) {
-        ReportSheet::Cell& cell = cells[c];
-        const bool holds = (cell.text == key0) | (cell.text == key1) | (cell.text == key2);
-        // Under a mask: the compiler would jump on `holds`.
-        const auto mask = static_cast<std::uint16_t>(0u - static_cast<unsigned>(holds));
-        cell.back = static_cast<std::uint16_t>((cell.back & ~mask) | (back & mask));
-        coloured += holds;
-    }
-    return coloured;
-}
-
 }  // namespace numarel::frame_detail

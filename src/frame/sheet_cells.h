@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -37,6 +38,9 @@ public:
                             const Hit& hit, bool closedRuns, Rgb missFore,
                             std::span<short> counters, std::span<short> hits,
                             std::span<short> maxMisses);
+    // CountMisses on one row, without hits or Max Miss: a chart filled row by row.
+    static void CountMissesOnRow(ReportSheet& sheet, int row, int firstCol, Rgb missFore,
+                                 std::span<short> counters);
     // Column by column over rows `firstRow` to `lastRow`: adds to `hits` the cells that hold
     // exactly the hit's text, and raises `maxOthers` to the largest CellNumber of the others.
     static void TallyColumns(const ReportSheet& sheet, int firstRow, int lastRow, int firstCol,
@@ -55,5 +59,45 @@ private:
                               std::span<short> counters, std::span<short> hits,
                               std::span<short> maxMisses);
 };
+
+// The two walks over one row are defined here, so that a report's loop over its drawings, which
+// calls them on every row, pays no call for them.
+
+inline void SheetCells::CountMissesOnRow(ReportSheet& sheet, int row, int firstCol, Rgb missFore,
+                                         std::span<short> counters) {
+    if (!sheet.Contains(row, firstCol)) return;
+    const std::size_t count =
+        std::min(static_cast<std::size_t>(sheet.cols_ - firstCol), counters.size());
+    const bool coloured = missFore != kDefaultColour;
+    const std::uint16_t fore = coloured ? sheet.PaletteIndex(missFore) : 0;
+    ReportSheet::Cell* cells = sheet.CellData() + sheet.Index(row, firstCol);
+    for (std::size_t i = 0; i < count; ++i) {
+        const bool empty = cells[i].text == 0;
+        cells[i].text = empty ? ReportSheet::NumberHandle(counters[i]) : cells[i].text;
+        cells[i].fore = coloured && empty ? fore : cells[i].fore;
+        counters[i] = empty ? static_cast<short>(counters[i] + 1) : 1;
+    }
+}
+
+inline int SheetCells::ColourCellsHolding(ReportSheet& sheet, int row, int firstCol, int lastCol,
+                                          int firstKey, int keyCount, Rgb colour) {
+    ReportSheet::Cell* cells = sheet.CellData() + sheet.Index(row, 0);
+    // The keys' handles, the first standing in for the keys there are not.
+    const std::uint32_t key0 = cells[firstKey].text;
+    const std::uint32_t key1 = cells[firstKey + (keyCount > 1 ? 1 : 0)].text;
+    const std::uint32_t key2 = cells[firstKey + (keyCount > 2 ? 2 : 0)].text;
+    const std::uint16_t back = sheet.PaletteIndex(colour);
+    // Whether a cell holds a key is as good as random: the cells are coloured without a jump.
+    int coloured = 0;
+    for (int c = firstCol; c <= lastCol; ++c) {
+        ReportSheet::Cell& cell = cells[c];
+        const bool holds = (cell.text == key0) | (cell.text == key1) | (cell.text == key2);
+        // Under a mask: the compiler would jump on `holds`.
+        const auto mask = static_cast<std::uint16_t>(0u - static_cast<unsigned>(holds));
+        cell.back = static_cast<std::uint16_t>((cell.back & ~mask) | (back & mask));
+        coloured += holds;
+    }
+    return coloured;
+}
 
 }  // namespace numarel::frame_detail
