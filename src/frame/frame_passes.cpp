@@ -39,8 +39,19 @@ bool IsPlainDate(std::string_view date) {
 [[gnu::always_inline]] inline void WritePlainLabel(const DrawRecord& record, char* out) {
     const std::string& date = record.date;
     *out++ = ' ';
-    std::memcpy(out, date.data(), date.size());
-    out += date.size();
+    // At most 15 characters: copied in two moves that may overlap, without a call.
+    const std::size_t n = date.size();
+    if (n >= 8) {
+        std::memcpy(out, date.data(), 8);
+        std::memcpy(out + n - 8, date.data() + n - 8, 8);
+    } else if (n >= 4) {
+        std::memcpy(out, date.data(), 4);
+        std::memcpy(out + n - 4, date.data() + n - 4, 4);
+    } else {
+        for (std::size_t i = 0; i < n; ++i)
+            out[i] = date[i];
+    }
+    out += n;
     *out++ = ':';
     *out++ = record.h[0];
     *out++ = record.t[0];

@@ -415,14 +415,20 @@ TEST(FrameFill, WritesLabelsDigitsAndKeepsDigitsThatCannotBeConverted) {
 // Labels are made in the sheet's own room on a first fill and take the general way over a label
 // already there; either way they read as DrawingLabel writes them.
 TEST(FrameFill, LabelsReadAsWrittenOnAFirstFillAndAgain) {
-    const std::vector<DrawRecord> first = {
-        {"123456789012345", "1", "2", "3"}, {"7", "0", "0", "0"}, {"8", "12", "0", "0"}};
+    // Dates of every length a plain label is copied in: 15, 1, 5 and 8 characters.
+    const std::vector<DrawRecord> first = {{"123456789012345", "1", "2", "3"},
+                                           {"7", "0", "0", "0"},
+                                           {"8", "12", "0", "0"},
+                                           {"20241", "4", "4", "4"},
+                                           {"20240101", "5", "6", "7"}};
     const std::vector<DrawRecord> second = {{"2", "9", "9", "9"}, {"1234567890", "4", "5", "6"}};
     ReportSheet sheet;
     sheet.SetCols(4);
-    ResetSheet(sheet, 3, 5);
+    ResetSheet(sheet, 5, 7);
     FillSheet(sheet, first, {});
-    for (int r = 1; r <= 3; ++r)
+    EXPECT_EQ(RowTexts(sheet, 4, 0, 0), (Texts{" 20241:444"}));
+    EXPECT_EQ(RowTexts(sheet, 5, 0, 0), (Texts{" 20240101:567"}));
+    for (int r = 1; r <= 5; ++r)
         EXPECT_EQ(sheet.Text(r, 0), DrawingLabel(first[static_cast<std::size_t>(r - 1)])) << r;
     FillSheet(sheet, second, {});
     sheet.DropUnusedTexts();
