@@ -415,7 +415,7 @@ TEST(FrameFill, WritesLabelsDigitsAndKeepsDigitsThatCannotBeConverted) {
 // Labels are made in the sheet's own room on a first fill and take the general way over a label
 // already there; either way they read as DrawingLabel writes them.
 TEST(FrameFill, LabelsReadAsWrittenOnAFirstFillAndAgain) {
-    // Dates of every length a plain label is copied in: 15, 1, 5 and 8 characters.
+    // Dates for each way a plain label's date is copied: 15, 1, 5 and 8 characters.
     const std::vector<DrawRecord> first = {{"123456789012345", "1", "2", "3"},
                                            {"7", "0", "0", "0"},
                                            {"8", "12", "0", "0"},
@@ -426,6 +426,7 @@ TEST(FrameFill, LabelsReadAsWrittenOnAFirstFillAndAgain) {
     sheet.SetCols(4);
     ResetSheet(sheet, 5, 7);
     FillSheet(sheet, first, {});
+    EXPECT_EQ(RowTexts(sheet, 1, 0, 0), (Texts{" 123456789012345:123"}));
     EXPECT_EQ(RowTexts(sheet, 4, 0, 0), (Texts{" 20241:444"}));
     EXPECT_EQ(RowTexts(sheet, 5, 0, 0), (Texts{" 20240101:567"}));
     for (int r = 1; r <= 5; ++r)
