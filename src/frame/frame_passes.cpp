@@ -154,8 +154,8 @@ void MissCounters::FillRow(ReportSheet& sheet, int row) {
 void FillMissCounters(ReportSheet& sheet, int firstCol, int lastCol) {
     // Row by row: wide sheets are walked in the order they are stored.
     std::vector<short> counters(static_cast<std::size_t>(std::max(lastCol - firstCol + 1, 0)), 1);
-    frame_detail::SheetCells::CountMisses(sheet, 1, sheet.DrawCount(), firstCol, {}, false,
-                                          kDefaultColour, counters, {}, {});
+    for (int row = 1; row <= sheet.DrawCount(); ++row)
+        frame_detail::SheetCells::CountMissesOnRow(sheet, row, firstCol, kDefaultColour, counters);
 }
 
 namespace {
@@ -248,11 +248,11 @@ void FillMissCountersAndStatisticRows(ReportSheet& sheet, int lastHitCol,
     using frame_detail::SheetCells;
     const SheetCells::Hit hit = SheetCells::HitOf(sheet, hitMarker);
     // A run open in the last row counts up to the row before.
-    SheetCells::CountMisses(sheet, 1, n - 1, firstHitCol, hit, true, kDefaultColour, counters,
-                            tally.amounts, tally.maxMisses);
+    SheetCells::CountMisses(sheet, 1, n - 1, firstHitCol, hit, true, counters, tally.amounts,
+                            tally.maxMisses);
     if (n >= 1)
-        SheetCells::CountMisses(sheet, n, n, firstHitCol, hit, false, kDefaultColour, counters,
-                                tally.amounts, tally.maxMisses);
+        SheetCells::CountMisses(sheet, n, n, firstHitCol, hit, false, counters, tally.amounts,
+                                tally.maxMisses);
     WriteMissStatistics(sheet, firstHitCol, lastHitCol, hitMarker, tally);
     FinishStatisticRows(sheet, lastHitCol, rule, firstHitCol);
 }

@@ -21,33 +21,14 @@ SheetCells::Hit SheetCells::HitOf(const ReportSheet& sheet, std::string_view hit
 }
 
 void SheetCells::CountMisses(ReportSheet& sheet, int firstRow, int lastRow, int firstCol,
-                             const Hit& key, bool closedRuns, Rgb missFore,
-                             std::span<short> counters, std::span<short> hits,
-                             std::span<short> maxMisses) {
-    // Counters alone, as a chart filled row by row keeps them, make a walk of their own.
-    if (closedRuns || !hits.empty() || !maxMisses.empty())
-        CountMissesIn<true>(sheet, firstRow, lastRow, firstCol, key, closedRuns, missFore, counters,
-                            hits, maxMisses);
-    else
-        CountMissesIn<false>(sheet, firstRow, lastRow, firstCol, key, false, missFore, counters,
-                             hits, maxMisses);
-}
-
-template <bool kTally>
-void SheetCells::CountMissesIn(ReportSheet& sheet, int firstRow, int lastRow, int firstCol,
-                               const Hit& key, bool closedRuns, Rgb missFore,
-                               std::span<short> counters, std::span<short> hits,
-                               std::span<short> maxMisses) {
+                             const Hit& key, bool closedRuns, std::span<short> counters,
+                             std::span<short> hits, std::span<short> maxMisses) {
     using Cell = ReportSheet::Cell;
     firstRow = std::max(firstRow, 0);
     lastRow = std::min(lastRow, sheet.rows_ - 1);
     if (firstCol < 0) return;
-    int count = std::min(sheet.cols_ - firstCol, static_cast<int>(counters.size()));
-    if constexpr (kTally)
-        count =
-            std::min({count, static_cast<int>(hits.size()), static_cast<int>(maxMisses.size())});
-    const bool coloured = missFore != kDefaultColour;
-    const std::uint16_t fore = coloured ? sheet.PaletteIndex(missFore) : 0;
+    const int count = std::min({sheet.cols_ - firstCol, static_cast<int>(counters.size()),
+                                static_cast<int>(hits.size()), static_cast<int>(maxMisses.size())});
     for (int row = firstRow; row <= lastRow; ++row) {
         Cell* cells = sheet.CellData() + sheet.Index(row, firstCol);
         for (int i = 0; i < count; ++i) {
@@ -55,31 +36,24 @@ void SheetCells::CountMissesIn(ReportSheet& sheet, int firstRow, int lastRow, in
             const std::uint32_t h = cells[i].text;
             // Whether a cell is a hit is as good as random: the cells are counted without a jump.
             const bool empty = h == 0;
-            bool match = false;
-            if constexpr (kTally) {
-                match = !empty && h == key.handle;
-                // Another text: a label (column 0) that reads as the hit counts as one, and with
-                // closed runs any other raises Max Miss by its number. Otherwise it only starts
-                // the counter again, like a hit, without a jump: a chart's markers come in no
-                // order.
-                if (!empty && !match && (closedRuns || firstCol + i == 0)) [[unlikely]] {
-                    if (firstCol + i == 0 && row > 0 && sheet.HandleIs(h, key.text))
-                        match = true;
-                    else if (closedRuns)
-                        maxMisses[k] = std::max(maxMisses[k], sheet.RoundedValue(h));
-                }
+            bool match = !empty && h == key.handle;
+            // Another text: a label (column 0) that reads as the hit counts as one, and with
+            // closed runs any other raises Max Miss by its number. Otherwise it only starts the
+            // counter again, like a hit, without a jump: a chart's markers come in no order.
+            if (!empty && !match && (closedRuns || firstCol + i == 0)) [[unlikely]] {
+                if (firstCol + i == 0 && row > 0 && sheet.HandleIs(h, key.text))
+                    match = true;
+                else if (closedRuns)
+                    maxMisses[k] = std::max(maxMisses[k], sheet.RoundedValue(h));
             }
             cells[i].text = empty ? ReportSheet::NumberHandle(counters[k]) : h;
-            cells[i].fore = coloured && empty ? fore : cells[i].fore;
-            if constexpr (kTally) {
-                // The Miss number is read back from the cell: a counter always fits its inline
-                // number.
-                const short miss =
-                    empty ? static_cast<short>(ReportSheet::InlineValue(cells[i].text)) : 0;
-                hits[k] = static_cast<short>(hits[k] + (match ? 1 : 0));
-                maxMisses[k] = closedRuns ? std::max(maxMisses[k], miss) : maxMisses[k];
-            }
+            // The Miss number is read back from the cell: a counter always fits its inline
+            // number.
+            const short miss =
+                empty ? static_cast<short>(ReportSheet::InlineValue(cells[i].text)) : 0;
             counters[k] = empty ? static_cast<short>(counters[k] + 1) : 1;
+            hits[k] = static_cast<short>(hits[k] + (match ? 1 : 0));
+            maxMisses[k] = closedRuns ? std::max(maxMisses[k], miss) : maxMisses[k];
         }
     }
 }

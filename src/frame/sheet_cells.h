@@ -30,15 +30,14 @@ public:
 
     // Rows `firstRow` to `lastRow` of the Miss counters, one row after the other, one counter per
     // column from `firstCol` on (columns past the spans' size are left out): an empty cell gets
-    // its column's counter, in the fore colour `missFore`, and the counter counts on; any other
-    // cell starts it again at 1 and, holding exactly the hit's text, adds to `hits`. With
-    // `closedRuns`, `maxMisses` is raised to the CellNumber of each cell but the hits. Empty
-    // `hits` and `maxMisses` without `closedRuns` keep the counters alone.
+    // its column's counter and the counter counts on; any other cell starts it again at 1 and,
+    // holding exactly the hit's text, adds to `hits`. With `closedRuns`, `maxMisses` is raised to
+    // the CellNumber of each cell but the hits.
     static void CountMisses(ReportSheet& sheet, int firstRow, int lastRow, int firstCol,
-                            const Hit& hit, bool closedRuns, Rgb missFore,
-                            std::span<short> counters, std::span<short> hits,
-                            std::span<short> maxMisses);
-    // CountMisses on one row, without hits or Max Miss: a chart filled row by row.
+                            const Hit& hit, bool closedRuns, std::span<short> counters,
+                            std::span<short> hits, std::span<short> maxMisses);
+    // The Miss counters alone on one row: an empty cell gets its column's counter, in the fore
+    // colour `missFore` (0: as it is), and the counter counts on; any other cell starts it again.
     static void CountMissesOnRow(ReportSheet& sheet, int row, int firstCol, Rgb missFore,
                                  std::span<short> counters);
     // Column by column over rows `firstRow` to `lastRow`: adds to `hits` the cells that hold
@@ -50,14 +49,6 @@ public:
     static constexpr int kMaxKeys = 3;
     static int ColourCellsHolding(ReportSheet& sheet, int row, int firstCol, int lastCol,
                                   int firstKey, int keyCount, Rgb colour);
-
-private:
-    // CountMisses, with hits and Max Miss kept when `kTally`.
-    template <bool kTally>
-    static void CountMissesIn(ReportSheet& sheet, int firstRow, int lastRow, int firstCol,
-                              const Hit& hit, bool closedRuns, Rgb missFore,
-                              std::span<short> counters, std::span<short> hits,
-                              std::span<short> maxMisses);
 };
 
 // The two walks over one row are defined here, so that a report's loop over its drawings, which
